@@ -1,0 +1,17 @@
+# Two builds of one commit give the same bytes, in whatever folders they stand. The compiler would
+# write the folders into debug information and into what an assertion prints.
+#
+# The linker of mingw-w64 is told in the main file to write no time. MSVC is left as it is: the PDB
+# file that it makes names the folders in any case.
+
+if(NOT MSVC)
+  set(own_targets base parts json5 domen_json RevitMappingEditorDll)
+  if(TARGET cfg)
+    list(APPEND own_targets cfg)
+  endif()
+  foreach(target IN LISTS own_targets)
+    target_compile_options(${target} PRIVATE
+      -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+      -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+  endforeach()
+endif()
