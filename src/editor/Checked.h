@@ -1,0 +1,31 @@
+// Element access that is checked, with the failures that reach the add-in.
+
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+// The element at `index`. Any index outside the vector raises `out_of_range`, "invalid vector
+// subscript".
+template <class Vector>
+auto& CheckedAt(Vector& elements, int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= elements.size()) {
+    throw std::out_of_range("invalid vector subscript");
+  }
+  return elements[static_cast<std::size_t>(index)];
+}
+
+// The entry under `key`. A key that isn't there raises `out_of_range`, "invalid map<K, T> key".
+template <class Entry, class Less>
+const Entry& CheckedAt(const std::map<std::wstring, Entry, Less>& entries, std::wstring_view key) {
+  const auto found = entries.find(key);
+  if (found == entries.end()) throw std::out_of_range("invalid map<K, T> key");
+  return found->second;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

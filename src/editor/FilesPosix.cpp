@@ -1,0 +1,199 @@
+// Files as POSIX has them.
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <ios>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "editor/Files.h"
+#include "editor/Utf8.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The path in the system's own form, or nothing for a text that can be no path. It goes by UTF-8:
+// the standard library's own conversion follows the C locale, and so fails on Cyrillic letters in a
+// plain one.
+std::optional<fs::path> ToNativePath(const std::wstring& path) {
+  const std::optional<std::string> bytes = EncodeUtf8(path);
+  if (!bytes) return std::nullopt;
+  return fs::path(*bytes);
+}
+
+[[noreturn]] void ThrowError(int number) {
+  throw std::system_error(number, std::generic_category());
+}
+
+void Check(bool succeeded) {
+  if (!succeeded) ThrowError(errno);
+}
+
+// How much to ask for at first: one byte more than the file says it holds, so that one read sees
+// its end.
+std::size_t FirstReadSize(const fs::path& path) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(path, error);
+  return error ? 4096 : static_cast<std::size_t>(size) + 1;
+}
+
+// An open file, closed with its scope.
+class Descriptor {
+ public:
+  explicit Descriptor(int opened) : number(opened) { Check(opened >= 0); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(number); }
+
+  int Number() const { return number; }
+
+  void Write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+      const ssize_t written = write(number, bytes.data(), bytes.size());
+      if (written < 0 && errno == EINTR) continue;
+      Check(written >= 0);
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+
+ private:
+  int number;
+};
+
+// The file to be replaced: behind all links, and one that may be written. The mode is that of the
+// old file, if there is one.
+struct Target {
+  fs::path path;
+  std::optional<mode_t> mode;
+
+  fs::path Folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
+
+  // A name beside the target. It is the same each time, so that what a killed process may have left
+  // under it goes with the next one.
+  fs::path Beside() const {
+    std::string name = ".mapping-editor-";
+    name += std::to_string(std::hash<std::string>()(path.filename().string()));
+    return Folder() / (name += ".new");
+  }
+};
+
+Target FindTarget(const fs::path& path) {
+  struct stat status = {};
+  if (lstat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT) return {path, std::nullopt};
+    ThrowError(errno);
+  }
+  Check(stat(path.c_str(), &status) == 0);
+  if (!S_ISREG(status.st_mode)) ThrowError(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  Check(faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
+  return {fs::canonical(path), status.st_mode & 07777};
+}
+
+// Gives an unnamed file a name in the place of the target. The name on the way is shared with other
+// processes, each of which may take it from the other; whoever loses it tries again. False if the
+// system has no way to name such a file.
+bool NameUnnamed(const Descriptor& file, const Target& target) {
+  std::string unnamed = "/proc/self/fd/";
+  unnamed += std::to_string(file.Number());
+  const auto giveName = [&unnamed](const fs::path& name) {
+    return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+  };
+  if (!target.mode && giveName(target.path)) return true;
+  const fs::path beside = target.Beside();
+  for (int tries = 0; tries < 1000; ++tries) {
+    if (giveName(beside)) {
+      if (rename(beside.c_str(), target.path.c_str()) == 0) return true;
+      if (errno == ENOENT) continue;
+      const int error = errno;
+      unlink(beside.c_str());
+      ThrowError(error);
+    }
+    if (errno == ENOENT) return false;
+    Check(errno == EEXIST);
+    unlink(beside.c_str());
+  }
+  ThrowError(EBUSY);
+}
+
+// The common way: a file that has no name until it is whole, so that a process that is killed
+// leaves nothing behind. False if the system has no such files.
+bool ReplaceByUnnamed(const Target& target, std::string_view bytes) {
+  const int opened = open(target.Folder().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+  if (opened < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) return false;
+  const Descriptor file(opened);
+  file.Write(bytes);
+  if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
+  return NameUnnamed(file, target);
+}
+
+// The way for all other file systems: a file under a name that no other process uses.
+void ReplaceByNamed(const Target& target, std::string_view bytes) {
+  fs::path beside = target.Beside();
+  beside += std::to_string(getpid());
+  const Descriptor file(open(beside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
+  try {
+    file.Write(bytes);
+    if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
+  } catch (...) {
+    unlink(beside.c_str());
+    throw;
+  }
+  if (rename(beside.c_str(), target.path.c_str()) == 0) return;
+  const int error = errno;
+  unlink(beside.c_str());
+  ThrowError(error);
+}
+
+}  // namespace
+
+bool Exists(const std::wstring& path) {
+  const std::optional<fs::path> native = ToNativePath(path);
+  if (!native) return false;
+  std::error_code error;
+  const fs::file_status status = fs::status(*native, error);
+  if (fs::exists(status)) return true;
+  if (status.type() == fs::file_type::not_found || error == std::errc::filename_too_long) {
+    return false;
+  }
+  throw fs::filesystem_error("exists", *native, error);
+}
+
+std::optional<std::string> ReadFile(const std::wstring& path) {
+  const std::optional<fs::path> native = ToNativePath(path);
+  std::error_code ignored;
+  if (!native || fs::is_directory(*native, ignored)) return std::nullopt;
+  std::ifstream file(*native, std::ios::binary);
+  if (!file.is_open()) return std::nullopt;
+
+  std::string bytes;
+  std::size_t filled = 0;
+  while (file) {
+    bytes.resize(filled == 0 ? FirstReadSize(*native) : 2 * filled);
+    file.read(bytes.data() + filled, static_cast<std::streamsize>(bytes.size() - filled));
+    filled += static_cast<std::size_t>(file.gcount());
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+void ReplaceWholeFile(const std::wstring& path, std::string_view bytes) {
+  const std::optional<fs::path> native = ToNativePath(path);
+  if (!native) ThrowError(ENOENT);
+  const Target target = FindTarget(*native);
+  if (!ReplaceByUnnamed(target, bytes)) ReplaceByNamed(target, bytes);
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

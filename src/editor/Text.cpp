@@ -1,0 +1,92 @@
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+bool IsSpace(wchar_t unit) {
+  if (unit <= L' ') return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
+  if (unit < 0x1680) return unit == 0x85 || unit == 0xA0;
+  if (unit >= 0x2000 && unit <= 0x200A) return true;
+  return unit == 0x1680 || unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F ||
+         unit == 0x3000;
+}
+
+namespace {
+
+std::wstring_view TrimmedRight(std::wstring_view text) {
+  while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace
+
+std::wstring_view Trimmed(std::wstring_view text) {
+  text = TrimmedRight(text);
+  while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
+  return text;
+}
+
+std::wstring& TrimRight(std::wstring& text) {
+  text.resize(TrimmedRight(text).size());
+  return text;
+}
+
+std::wstring& Trim(std::wstring& text) {
+  TrimRight(text);
+  return text.erase(0, text.size() - Trimmed(text).size());
+}
+
+std::wstring& TrimChars(std::wstring& text, std::wstring_view set) {
+  text.erase(text.find_last_not_of(set) + 1);
+  return text.erase(0, text.find_first_not_of(set));
+}
+
+bool StartsWith(std::wstring_view text, std::wstring_view prefix) {
+  return !prefix.empty() && text.starts_with(prefix);
+}
+
+PieceReader::PieceReader(std::wstring_view text, std::wstring_view pieceSeparator,
+                         bool keepEmptyPieces)
+    : rest(text), separator(pieceSeparator), keepEmpty(keepEmptyPieces) {}
+
+bool PieceReader::Next(std::wstring_view& piece) {
+  while (!atEnd) {
+    // An empty separator occurs nowhere: found at every position, it would never be passed.
+    const std::size_t end = separator.empty() ? rest.npos : rest.find(separator);
+    piece = Trimmed(rest.substr(0, end));
+    atEnd = end == rest.npos;
+    if (!atEnd) rest.remove_prefix(end + separator.size());
+    if (keepEmpty || !piece.empty()) return true;
+  }
+  return false;
+}
+
+std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty) {
+  PieceReader reader(text, separator, keepEmpty);
+  std::size_t count = 0;
+  for (std::wstring_view piece; reader.Next(piece);) ++count;
+  return count;
+}
+
+std::vector<std::wstring_view> SplitViews(std::wstring_view text, std::wstring_view separator,
+                                          bool keepEmpty) {
+  PieceReader reader(text, separator, keepEmpty);
+  std::vector<std::wstring_view> pieces;
+  for (std::wstring_view piece; reader.Next(piece);) pieces.push_back(piece);
+  return pieces;
+}
+
+std::vector<std::wstring> SplitTrimmed(std::wstring_view text, std::wstring_view separator,
+                                       bool keepEmpty, int limit) {
+  PieceReader reader(text, separator, keepEmpty);
+  std::vector<std::wstring> pieces;
+  for (std::wstring_view piece; reader.Next(piece);) {
+    if (limit == 0 || pieces.size() < static_cast<std::size_t>(limit)) {
+      pieces.emplace_back(piece);
+    } else {
+      pieces.back().append(separator).append(piece);
+    }
+  }
+  return pieces;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

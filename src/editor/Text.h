@@ -1,0 +1,66 @@
+// The text operations that every parser shares, so that every format breaks a line in the same way.
+//
+// None of them looks at a locale and none keeps state. White space is what `iswspace` of Windows
+// takes for it, on every platform.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+bool IsSpace(wchar_t unit);
+
+// The following three change the text in place and give it back.
+
+// Removes all trailing white space.
+std::wstring& TrimRight(std::wstring& text);
+
+// Removes all trailing and all leading white space.
+std::wstring& Trim(std::wstring& text);
+
+// Removes every trailing and every leading unit that belongs to `set`.
+std::wstring& TrimChars(std::wstring& text, std::wstring_view set);
+
+// The part of `text` that `Trim` would leave, as a view into it.
+std::wstring_view Trimmed(std::wstring_view text);
+
+// Whether `text` begins with `prefix`, unit by unit. An empty prefix begins nothing, on purpose.
+bool StartsWith(std::wstring_view text, std::wstring_view prefix);
+
+// Cuts a text at each occurrence of a literal separator and gives the pieces one by one, trimmed,
+// as views into the text. Pieces that are empty after trimming are passed over unless `keepEmpty`
+// is set; what stands behind the last separator is always a piece. The text must outlive the views.
+class PieceReader {
+ public:
+  PieceReader(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
+
+  // Puts the next piece into `piece` and gives true, or gives false when there are no more.
+  bool Next(std::wstring_view& piece);
+
+ private:
+  std::wstring_view rest;
+  std::wstring_view separator;
+  bool keepEmpty;
+  bool atEnd = false;
+};
+
+// How many pieces a `PieceReader` gives.
+std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
+
+// All pieces of a `PieceReader`, as views into `text`.
+std::vector<std::wstring_view> SplitViews(std::wstring_view text, std::wstring_view separator,
+                                          bool keepEmpty);
+
+// All pieces of a `PieceReader`, as strings of their own. With a `limit` other than 0 there are
+// never more than `limit` of them: every further piece is added to the last one, with one separator
+// in between.
+//
+//   SplitTrimmed(L"a b  c d", L" ", false, 2)  gives  "a", "b c d"
+std::vector<std::wstring> SplitTrimmed(std::wstring_view text, std::wstring_view separator,
+                                       bool keepEmpty, int limit = 0);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

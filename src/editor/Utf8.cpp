@@ -1,0 +1,126 @@
+#include "editor/Utf8.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+constexpr std::uint32_t noCodePoint = 0xFFFFFFFF;
+constexpr std::uint32_t lastCodePoint = 0x10FFFF;
+
+bool IsSurrogate(std::uint32_t code) {
+  return code >= 0xD800 && code <= 0xDFFF;
+}
+
+// What the first byte of a sequence of several bytes says of it.
+struct Sequence {
+  std::size_t length;          // in bytes; 0 for a byte that begins no such sequence
+  std::uint32_t leadBits;      // the code point's bits in the first byte
+  std::uint32_t firstAllowed;  // the least code point that needs this length
+};
+
+Sequence SequenceOf(std::uint32_t lead) {
+  if (lead >= 0xC2 && lead <= 0xDF) return {2, lead & 0x1F, 0x80};
+  if (lead >= 0xE0 && lead <= 0xEF) return {3, lead & 0x0F, 0x800};
+  if (lead >= 0xF0 && lead <= 0xF4) return {4, lead & 0x07, 0x10000};
+  return {0, 0, 0};
+}
+
+// The code point of several bytes at the head of `bytes`, which loses them.
+std::uint32_t TakeCodePoint(std::string_view& bytes) {
+  const Sequence sequence = SequenceOf(static_cast<unsigned char>(bytes.front()));
+  if (sequence.length == 0 || bytes.size() < sequence.length) return noCodePoint;
+  std::uint32_t code = sequence.leadBits;
+  for (std::size_t i = 1; i < sequence.length; ++i) {
+    const auto next = static_cast<unsigned char>(bytes[i]);
+    if ((next & 0xC0) != 0x80) return noCodePoint;
+    code = (code << 6) | (next & 0x3FU);
+  }
+  if (code < sequence.firstAllowed || code > lastCodePoint || IsSurrogate(code)) return noCodePoint;
+  bytes.remove_prefix(sequence.length);
+  return code;
+}
+
+wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
+  if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
+    *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
+    *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
+    return out;
+  }
+  *out++ = static_cast<wchar_t>(code);
+  return out;
+}
+
+// The code point at the head of `text`, which loses its units.
+std::uint32_t TakeUnits(std::wstring_view& text) {
+  const auto code = static_cast<std::uint32_t>(text.front());
+  text.remove_prefix(1);
+  if (!IsSurrogate(code)) return code <= lastCodePoint ? code : noCodePoint;
+  if (sizeof(wchar_t) != 2 || code >= 0xDC00 || text.empty()) return noCodePoint;
+  const auto low = static_cast<std::uint32_t>(text.front());
+  if (low < 0xDC00 || low > 0xDFFF) return noCodePoint;
+  text.remove_prefix(1);
+  return ((code - 0xD7C0) << 10) + (low - 0xDC00);
+}
+
+void PutBytes(std::uint32_t code, std::string& bytes) {
+  const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+  if (code < 0x80) return put(code);
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6));
+  } else if (code < 0x10000) {
+    put(0xE0 | (code >> 12));
+    put(0x80 | ((code >> 6) & 0x3F));
+  } else {
+    put(0xF0 | (code >> 18));
+    put(0x80 | ((code >> 12) & 0x3F));
+    put(0x80 | ((code >> 6) & 0x3F));
+  }
+  put(0x80 | (code & 0x3F));
+}
+
+// Decodes what can be decoded, which `bytes` loses.
+std::wstring TakeText(std::string_view& bytes) {
+  // No form has more units than bytes.
+  std::wstring text(bytes.size(), L'\0');
+  wchar_t* out = text.data();
+  while (!bytes.empty()) {
+    const auto first = static_cast<unsigned char>(bytes.front());
+    if (first < 0x80) {
+      *out++ = static_cast<wchar_t>(first);
+      bytes.remove_prefix(1);
+      continue;
+    }
+    const std::uint32_t code = TakeCodePoint(bytes);
+    if (code == noCodePoint) break;
+    out = PutUnits(code, out);
+  }
+  text.resize(static_cast<std::size_t>(out - text.data()));
+  return text;
+}
+
+}  // namespace
+
+std::wstring DecodeUtf8(std::string_view bytes) {
+  return TakeText(bytes);
+}
+
+std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes) {
+  std::wstring text = TakeText(bytes);
+  if (!bytes.empty()) return std::nullopt;
+  return text;
+}
+
+std::optional<std::string> EncodeUtf8(std::wstring_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    const std::uint32_t code = TakeUnits(text);
+    if (code == noCodePoint) return std::nullopt;
+    PutBytes(code, bytes);
+  }
+  return bytes;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,27 @@
+// UTF-8 to and from wide text.
+//
+// A code point above U+FFFF is one unit where `wchar_t` has 32 bits, and a surrogate pair where it
+// has 16.
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+// The wide form of `bytes`, up to the first byte that cannot be decoded: only the shortest form of
+// a code point counts, surrogates do not, nor does anything above U+10FFFF. A sequence that the end
+// of the bytes cuts short cannot be decoded either. A byte order mark is the character U+FEFF like
+// any other.
+std::wstring DecodeUtf8(std::string_view bytes);
+
+// The same, or nothing if any byte cannot be decoded.
+std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
+
+// The UTF-8 form of `text`, or nothing if it holds a unit that stands for no code point: a
+// surrogate without its partner, or a number above U+10FFFF.
+std::optional<std::string> EncodeUtf8(std::wstring_view text);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
