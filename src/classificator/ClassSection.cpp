@@ -1,0 +1,49 @@
+#include "classificator/ClassSection.h"
+
+#include <cstddef>
+#include <optional>
+
+#include "classificator/TextFile.h"
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+// What the "." of a regular expression doesn't match.
+constexpr std::wstring_view lineTerminators = L"\n\r\u2028\u2029";
+
+// The first match of the expression `\((.*)\)` in the entry, or rather what its brackets capture.
+// Within a line the first opening bracket decides: if none closes behind it, none closes behind a
+// later one. So each line is looked at once.
+std::optional<std::wstring_view> FindInBrackets(std::wstring_view entry) {
+  while (!entry.empty()) {
+    const std::wstring_view line = entry.substr(0, entry.find_first_of(lineTerminators));
+    const std::size_t open = line.find(L'(');
+    const std::size_t close = line.rfind(L')');
+    if (open != line.npos && close != line.npos && open < close) {
+      return line.substr(open + 1, close - open - 1);
+    }
+    entry.remove_prefix(line.size() == entry.size() ? line.size() : line.size() + 1);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
+                      std::wstring& classSecondWord, std::wstring_view text) {
+  for (const std::wstring_view entry : CutEntries(text, true)) {
+    if (!StartsWith(entry, L"@@@")) continue;
+    classTitle = Trimmed(entry.substr(3));
+    const std::optional<std::wstring_view> inBrackets = FindInBrackets(entry);
+    if (!inBrackets) continue;
+    PieceReader words(*inBrackets, L" ", true);
+    std::wstring_view word;
+    if (words.Next(word)) classFirstWord = word;
+    if (words.Next(word)) classSecondWord = word;
+  }
+  return 0;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

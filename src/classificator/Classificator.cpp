@@ -1,0 +1,46 @@
+#include "classificator/Classificator.h"
+
+#include <optional>
+#include <utility>
+
+#include "classificator/ClassSection.h"
+#include "classificator/TextFile.h"
+#include "editor/Status.h"
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+// A heading is known by its beginning: whatever follows the keyword changes nothing. A section of
+// any other heading, ==DOMEN among them, is not this reader's.
+void ParseSection(Classificator& classificator, const TextSection& section) {
+  if (StartsWith(section.heading, L"==CLASS")) {
+    ParseClassSection(classificator.classTitle, classificator.classFirstWord,
+                      classificator.classSecondWord, section.body);
+  } else if (StartsWith(section.heading, L"==MAPTEXT")) {
+    ParseMapTextSection(classificator.mapTextSection, section.body);
+  } else if (StartsWith(section.heading, L"==COLORAT")) {
+    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body);
+  } else if (StartsWith(section.heading, L"==PARAM")) {
+    ParseParamSection(classificator.paramSection, section.body);
+  }
+}
+
+}  // namespace
+
+Classificator::Classificator(std::wstring id) : classificatorId(std::move(id)) {}
+
+int Classificator::Load(const std::wstring& path) {
+  try {
+    filePath = path;
+    const std::optional<std::wstring> lines = ReadTextFile(path);
+    if (!lines) return statusNotOpened;
+    for (const TextSection& section : CutSections(*lines)) ParseSection(*this, section);
+    return statusDone;
+  } catch (...) {
+    return statusException;
+  }
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,77 @@
+#include "classificator/ColoratSection.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "classificator/TextFile.h"
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+// The zeros of the scripts whose digits `_wtoi` takes, each followed by its other nine.
+constexpr std::wstring_view zeros =
+    L"0\u0660\u06F0\u0966\u09E6\u0A66\u0AE6\u0B66\u0C66\u0CE6\u0D66\u0E50\u0ED0\u0F20\u1040"
+    L"\u17E0\u1810\uFF10";
+
+// The value of a decimal digit, or -1.
+int DigitValue(wchar_t unit) {
+  for (const wchar_t zero : zeros) {
+    if (unit >= zero && unit <= zero + 9) return static_cast<int>(unit - zero);
+  }
+  return -1;
+}
+
+int ReadClamped(std::wstring_view text, int top) {
+  return std::clamp(ReadLeadingInt(text), 0, top);
+}
+
+// The lines of a block behind its title, into the colours of its Colorat.
+void AddColors(ColorMap& colors, const std::vector<std::wstring_view>& lines) {
+  int number = 0;
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    const std::vector<std::wstring_view> pieces = SplitViews(lines[i], L" ", false);
+    if (pieces.size() != 5) continue;
+    ++number;
+    colors.try_emplace(std::wstring(pieces[0]),
+                       ColorEntry{number, ReadClamped(pieces[1], 255), ReadClamped(pieces[2], 255),
+                                  ReadClamped(pieces[3], 255), ReadClamped(pieces[4], 100)});
+  }
+}
+
+}  // namespace
+
+int ReadLeadingInt(std::wstring_view text) {
+  const bool negative = text.starts_with(L'-');
+  if (negative || text.starts_with(L'+')) text.remove_prefix(1);
+  // One more than the greatest number stands for all beyond, and is the magnitude of the least.
+  constexpr std::int64_t beyond = std::int64_t{std::numeric_limits<int>::max()} + 1;
+  std::int64_t magnitude = 0;
+  for (const wchar_t unit : text) {
+    const int digit = DigitValue(unit);
+    if (digit < 0) break;
+    magnitude = std::min(10 * magnitude + digit, beyond);
+  }
+  return static_cast<int>(negative ? -magnitude : std::min(magnitude, beyond - 1));
+}
+
+int ParseColoratSection(ColoratTable table, std::wstring_view text) {
+  table.colorats.clear();
+  PieceReader blocks(text, L"@", true);
+  for (std::wstring_view block; blocks.Next(block);) {
+    const std::vector<std::wstring_view> lines = CutEntries(block, false);
+    if (lines.size() < 2) continue;
+    const std::size_t blank = lines[0].find(L' ');
+    if (blank == std::wstring_view::npos) continue;
+    const std::wstring id(lines[0].substr(0, blank));
+    AddColors(table.colorats[id], lines);
+    table.activeColoratId = id;
+  }
+  return static_cast<int>(table.colorats.size());
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
