@@ -1,0 +1,29 @@
+// The search for an element's code, the only place where a text is compared with the patterns.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "mapping/MapTextSection.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+struct Classificator;
+
+// The code id of the texts that match no record, for which the default code applies.
+constexpr int noCodeId = -1;
+
+// Whether each token of the record is the beginning of the word at the same position of `text`,
+// whatever the case of either. Only the blank separates words; words of the text behind the last
+// token don't matter, and an empty token fits any word.
+bool Matches(const MapTextRecord& record, std::wstring_view text);
+
+// The position of the first record of the ==MAPTEXT section that matches, or `noCodeId`.
+int FindCodeId(const Classificator& classificator, std::wstring_view text);
+
+// The code of the record at this position, or the default code for `noCodeId`. Any other position
+// raises `out_of_range`, "invalid vector subscript".
+const std::wstring& CodeOf(const MapTextSection& section, int codeId);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

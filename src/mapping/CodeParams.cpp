@@ -1,0 +1,132 @@
+#include "mapping/CodeParams.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "classificator/Classificator.h"
+#include "editor/Checked.h"
+#include "editor/Text.h"
+#include "mapping/CodeLookup.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+using Properties::PropertyParameter;
+
+ItemLists GetCodeItemLists(const Classificator& classificator, int codeId, int sourceKind) {
+  const MapTextSection& mapText = classificator.mapTextSection;
+  if (sourceKind == sourceMapText) {
+    if (codeId == noCodeId) return {};
+    return CheckedAt(mapText.records, codeId).itemLists;
+  }
+  if (sourceKind == sourceParam) {
+    return FindItemLists(classificator.paramSection, CodeOf(mapText, codeId));
+  }
+  return {};
+}
+
+// The words of a value text in named form, each cut at its "=" into a name and what follows.
+using NamedWords = std::vector<std::vector<std::wstring>>;
+
+NamedWords CutNamedWords(const std::vector<std::wstring>& words) {
+  NamedWords named;
+  for (const std::wstring& word : words) named.push_back(SplitTrimmed(word, L"=", true));
+  return named;
+}
+
+// The value that the words have for the field: that of the first word with the field's own name, or
+// else those of all words whose names begin with it. A word of such a name without a value raises
+// `out_of_range`.
+std::wstring NamedValue(const std::wstring& fieldName, const NamedWords& words) {
+  std::wstring collected;
+  for (const std::vector<std::wstring>& parts : words) {
+    if (parts[0] == fieldName) return CheckedAt(parts, 1);
+    if (!StartsWith(parts[0], fieldName)) continue;
+    const std::wstring& value = CheckedAt(parts, 1);
+    if (!collected.empty()) collected += L' ';
+    collected += value;
+  }
+  return collected;
+}
+
+// A value that the field refuses leaves it at the value of the domain.
+void SetField(PropertyParameter& field, std::wstring value) {
+  field.SetValue(TrimChars(value, L";"));
+}
+
+void FillByName(DomenProperty& property, const std::vector<std::wstring>& words) {
+  const NamedWords named = CutNamedWords(words);
+  for (const auto& field : property.fields) SetField(*field, NamedValue(field->name, named));
+}
+
+// Fields without a word keep the value of the domain, words without a field are passed over.
+void FillByPosition(DomenProperty& property, const std::vector<std::wstring>& words) {
+  const std::size_t count = std::min(words.size(), property.fields.size());
+  for (std::size_t i = 0; i < count; ++i) SetField(*property.fields[i], words[i]);
+}
+
+// A value text whose first word holds an "=" names its fields; any other goes by position.
+void FillFields(DomenProperty& property, const std::wstring& valueText) {
+  const std::vector<std::wstring> words = SplitTrimmed(valueText, L" ", false);
+  const bool named = !words.empty() && words.front().find(L'=') != std::wstring::npos;
+  return named ? FillByName(property, words) : FillByPosition(property, words);
+}
+
+std::wstring FieldTexts(const DomenProperty& property) {
+  std::wstring texts;
+  for (const auto& field : property.fields) {
+    if (!texts.empty()) texts += L' ';
+    texts += field->GetValue();
+  }
+  return texts;
+}
+
+std::wstring ComposeItem(const ParamItem& item, std::wstring_view nameSuffix,
+                         const DomenProperties& properties) {
+  const auto found = properties.find(item.propertyId);
+  if (found == properties.end()) return {};
+  DomenProperty property = found->second;
+  FillFields(property, item.valueText);
+  std::wstring text = item.propertyId;
+  text.append(nameSuffix).append(L" ").append(FieldTexts(property)).append(L";");
+  return text;
+}
+
+}  // namespace
+
+std::vector<std::wstring> GetCodeDomenIds(const Classificator& classificator, int sourceKind) {
+  if (sourceKind == sourceMapText) return classificator.mapTextSection.domenIds;
+  if (sourceKind == sourceParam) return classificator.paramSection.domenIds;
+  return {};
+}
+
+std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator, int codeId,
+                                             int sourceKind) {
+  const MapTextSection& mapText = classificator.mapTextSection;
+  if (sourceKind == sourceMapText) {
+    if (codeId < 0 || static_cast<std::size_t>(codeId) >= mapText.records.size()) return {};
+    return SortedPropertyIds(mapText.records[static_cast<std::size_t>(codeId)].itemLists);
+  }
+  if (sourceKind == sourceParam) {
+    return GetPropertyIds(classificator.paramSection, CodeOf(mapText, codeId));
+  }
+  return {};
+}
+
+std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
+                               std::wstring_view nameSuffix, const DomenProperties& properties) {
+  std::wstring text;
+  for (const ParamItemList& items : GetCodeItemLists(classificator, codeId, sourceKind)) {
+    for (const ParamItem& item : items) {
+      try {
+        text += ComposeItem(item, nameSuffix, properties);
+      } catch (...) {
+        // The item is left out; the others go on.
+      }
+    }
+  }
+  return text;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

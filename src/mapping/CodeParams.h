@@ -1,0 +1,35 @@
+// From a code to the property values that it brings with it: the items of a mapping string.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "domen/Domen.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+struct Classificator;
+
+// Which section the items of a code come from. Any other number takes none.
+constexpr int sourceMapText = 1;
+constexpr int sourceParam = 2;  // a section that names no domains, and so yields no items
+
+// The domains in which the items' properties are looked up.
+std::vector<std::wstring> GetCodeDomenIds(const Classificator& classificator, int sourceKind);
+
+// The ids of the properties that the code fills in, sorted, each once. A code id of -1 stands for
+// the default code. One outside the records has no properties in ==MAPTEXT, and raises
+// `out_of_range`, "invalid vector subscript", when it is to choose a code in ==PARAM.
+std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator, int codeId,
+                                             int sourceKind);
+
+// The items of the code, each as its property's id, `nameSuffix`, a blank, the texts of its value
+// fields with a blank between each two, and ";". Each item fills a copy of the property of its own;
+// one that has no property in `properties`, or in which anything fails, is left out. A code id that
+// is neither -1 nor in the records raises `out_of_range`, "invalid vector subscript".
+std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
+                               std::wstring_view nameSuffix, const DomenProperties& properties);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,119 @@
+#include "mapping/ParamItem.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+bool HasEqualsSign(std::wstring_view token) {
+  return token.find(L'=') != token.npos;
+}
+
+// An item that stands in one token: its id, a colon or an "=", its values.
+ParamItem ParseWholeItem(std::wstring_view token) {
+  const std::wstring_view separator = token.find(L':') != token.npos ? L":" : L"=";
+  std::vector<std::wstring> pieces = SplitTrimmed(token, separator, true);
+  ParamItem item;
+  item.propertyId = std::move(pieces[0]);
+  if (pieces.size() == 2) {
+    item.valueText = std::move(pieces[1]);
+    std::replace(item.valueText.begin(), item.valueText.end(), L',', L' ');
+  }
+  return item;
+}
+
+// The walk over the tokens: an item that spreads over several of them is pending until one ends it.
+class ItemReader {
+ public:
+  // Takes in the token, or its head. False if the token is still to be read, then being the text
+  // that stands behind the item that was just completed.
+  bool Take(std::wstring& token) {
+    if (pendingName.empty()) {
+      Open(token);
+      return true;
+    }
+    if (mode == Mode::undecided) mode = HasEqualsSign(token) ? Mode::named : Mode::plain;
+    return mode == Mode::plain ? TakePlain(token) : TakeNamed(token);
+  }
+
+  void CompletePending() {
+    if (pendingName.empty()) return;
+    items.push_back({std::move(pendingValue), std::move(pendingName)});
+    pendingValue.clear();
+    pendingName.clear();
+  }
+
+  ParamItemList items;
+
+ private:
+  enum class Mode { undecided, plain, named };
+
+  void Open(const std::wstring& token) {
+    if (HasEqualsSign(token)) {
+      items.push_back(ParseWholeItem(token));
+      return;
+    }
+    pendingName = token;
+    mode = Mode::undecided;
+  }
+
+  void AddWord(std::wstring_view word) { pendingValue.append(L" ").append(word); }
+
+  bool TakePlain(std::wstring& token) {
+    const std::size_t semicolon = token.find(L';');
+    const std::wstring_view word = Trimmed(std::wstring_view(token).substr(0, semicolon));
+    AddWord(word);
+    if (semicolon == token.npos) return true;
+    CompletePending();
+    token.erase(0, word.size() + 1);
+    return false;
+  }
+
+  bool TakeNamed(const std::wstring& token) {
+    if (std::count(token.begin(), token.end(), L'=') == 1) {
+      AddWord(token);
+      return true;
+    }
+    CompletePending();
+    return false;
+  }
+
+  std::wstring pendingName;
+  std::wstring pendingValue;
+  Mode mode = Mode::undecided;
+};
+
+}  // namespace
+
+ItemLists::ItemLists(std::vector<ParamItemList> lists)
+    : shared(std::make_shared<const std::vector<ParamItemList>>(std::move(lists))) {}
+
+ItemLists::ItemLists(std::initializer_list<ParamItemList> lists)
+    : ItemLists(std::vector<ParamItemList>(lists)) {}
+
+const std::vector<ParamItemList>& ItemLists::Lists() const {
+  static const std::vector<ParamItemList> none;
+  return shared ? *shared : none;
+}
+
+ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces) {
+  ItemReader reader;
+  for (std::size_t i = 0; i < tokens.size();) {
+    std::wstring& token = tokens[i];
+    if (stripBraces) TrimChars(token, L"{}");
+    if (!Trim(token).empty()) {
+      if (!reader.Take(token)) continue;
+      if (i + 1 == tokens.size()) reader.CompletePending();
+    }
+    ++i;
+  }
+  return std::move(reader.items);
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,66 @@
+#include "mapping/ParamSection.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "classificator/TextFile.h"
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+bool IsParamComment(std::wstring_view statement) {
+  return std::wstring_view(L"/!@").find(statement.front()) != std::wstring_view::npos;
+}
+
+// The first token is the code, and unless it holds an "=" it opens the first item as well.
+ParamRecord ParseParamRecord(std::wstring_view statement) {
+  std::vector<std::wstring> tokens = SplitTrimmed(statement, L" ", false);
+  ItemLists itemLists = {ParseParamItems(tokens, true)};
+  return {Trim(tokens.front()), std::move(itemLists)};
+}
+
+const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view code) {
+  if (code.empty()) return nullptr;
+  const auto found =
+      std::find_if(section.records.begin(), section.records.end(),
+                   [code](const ParamRecord& record) { return record.code == code; });
+  return found == section.records.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
+  return CutEntries(text, true);
+}
+
+void ParseParamSection(ParamSection& section, std::wstring_view text) {
+  section.records.clear();
+  for (const std::wstring_view statement : SplitStatements(text)) {
+    if (statement.empty() || IsParamComment(statement)) continue;
+    section.records.push_back(ParseParamRecord(statement));
+  }
+}
+
+ItemLists FindItemLists(const ParamSection& section, std::wstring_view code) {
+  const ParamRecord* record = FindRecord(section, code);
+  return record ? record->itemLists : ItemLists();
+}
+
+std::vector<std::wstring> GetPropertyIds(const ParamSection& section, std::wstring_view code) {
+  const ParamRecord* record = FindRecord(section, code);
+  return record ? SortedPropertyIds(record->itemLists) : std::vector<std::wstring>();
+}
+
+std::vector<std::wstring> SortedPropertyIds(const ItemLists& itemLists) {
+  std::vector<std::wstring> ids;
+  for (const ParamItemList& items : itemLists) {
+    for (const ParamItem& item : items) ids.push_back(item.propertyId);
+  }
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+  return ids;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
