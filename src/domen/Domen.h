@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "domen/DomenProperty.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+// Properties by key, in the order of the keys' code units.
+using DomenProperties = std::map<std::wstring, DomenProperty, std::less<>>;
+
+// One domain: a named set of properties. A moved-from domain is empty.
+struct Domen {
+  // A domain without properties.
+  Domen(std::wstring domenId, std::wstring domenName);
+
+  Domen(const Domen& other) = default;
+  Domen& operator=(const Domen& other) = default;
+  Domen(Domen&& other) noexcept = default;
+  Domen& operator=(Domen&& other) noexcept = default;
+  ~Domen() = default;
+
+  // Copies the property in, or drops it if the key is taken: the first record under a key stays.
+  void AddProperty(const std::wstring& key, const DomenProperty& property);
+
+  // `AddValueField` of the property under the key. Nothing happens if there is none, or if the
+  // field is refused.
+  void AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
+                        const std::wstring& title, int valueType, bool fieldFlag,
+                        const std::wstring& defaultText);
+
+  // The properties that may be set on objects of this type, or of every one of these types, in key
+  // order, as pointers into the domain. A property that names no type fits all, and an empty list
+  // of types asks for nothing.
+  std::vector<const DomenProperty*> FilterByObjType(const std::wstring& objectType) const;
+  std::vector<const DomenProperty*> FilterByObjTypes(
+      const std::vector<std::wstring>& objectTypes) const;
+
+  std::wstring id;
+  std::wstring name;  // for the interface
+  DomenProperties properties;
+};
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

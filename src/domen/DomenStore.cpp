@@ -1,0 +1,52 @@
+#include "domen/DomenStore.h"
+
+#include <optional>
+
+#include "classificator/TextFile.h"
+#include "domen/DomenSection.h"
+#include "editor/PathParts.h"
+#include "editor/Status.h"
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText) {
+  if (Extension(path) == L".json") return LoadDomenJson(path, configText);
+  if (Extension(path) == L".txt") return LoadDomenText(path);
+  return statusAbsent;
+}
+
+int DomenStore::LoadDomenText(const std::wstring& path) {
+  try {
+    const std::optional<std::wstring> lines = ReadTextFile(path);
+    if (!lines) return statusNotOpened;
+    for (const TextSection& section : CutSections(*lines)) {
+      if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, section.body);
+    }
+    return statusDone;
+  } catch (...) {
+    return statusException;
+  }
+}
+
+std::pair<DomenStore::Domens::iterator, bool> DomenStore::AddDomen(const std::wstring& key,
+                                                                   Domen&& domen) {
+  return domens.try_emplace(key, std::move(domen));
+}
+
+DomenProperties DomenStore::CollectProperties(const std::vector<std::wstring>& domenIds,
+                                              const std::vector<std::wstring>& propertyIds) const {
+  DomenProperties collected;
+  for (const std::wstring& domenId : domenIds) {
+    const auto domen = domens.find(domenId);
+    if (domen == domens.end()) continue;
+    const DomenProperties& properties = domen->second.properties;
+    for (const std::wstring& propertyId : propertyIds) {
+      const auto property = properties.find(propertyId);
+      if (property != properties.end()) collected.try_emplace(propertyId, property->second);
+    }
+  }
+  return collected;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,68 @@
+#include "domen/Numbers.h"
+
+#include <charconv>
+#include <system_error>
+
+#include "editor/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+bool IsDigit(wchar_t unit) {
+  return unit >= L'0' && unit <= L'9';
+}
+
+// The text as `from_chars` takes it: without leading white space and a plus sign, in plain
+// characters. Empty if it can't begin a number of decimal digits, `allowPoint` telling whether a
+// point may stand in for the first digit.
+std::string ToNumberChars(std::wstring_view text, bool allowPoint) {
+  while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
+  const bool negative = text.starts_with(L'-');
+  if (negative || text.starts_with(L'+')) text.remove_prefix(1);
+  if (text.empty()) return {};
+  if (!IsDigit(text.front()) && !(allowPoint && text.front() == L'.')) return {};
+  std::string chars(negative ? "-" : "");
+  for (const wchar_t unit : text) {
+    // No number goes on behind a character from outside ASCII.
+    chars.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
+  }
+  return chars;
+}
+
+template <class Number>
+bool ParseChars(const std::string& chars, Number& number) {
+  Number parsed{};
+  const char* const end = chars.data() + chars.size();
+  const auto [stop, error] = std::from_chars(chars.data(), end, parsed);
+  if (error != std::errc() || stop != end) return false;
+  number = parsed;
+  return true;
+}
+
+template <class Number>
+std::wstring Format(Number number) {
+  char chars[32];
+  const auto [end, error] = std::to_chars(std::begin(chars), std::end(chars), number);
+  return std::wstring(std::begin(chars), error == std::errc() ? end : std::begin(chars));
+}
+
+}  // namespace
+
+bool ParseInt(std::wstring_view text, int& number) {
+  return ParseChars(ToNumberChars(text, false), number);
+}
+
+bool ParseReal(std::wstring_view text, double& number) {
+  return ParseChars(ToNumberChars(text, true), number);
+}
+
+std::wstring FormatInt(int number) {
+  return Format(number);
+}
+
+std::wstring FormatReal(double number) {
+  return Format(number);
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
