@@ -1,0 +1,248 @@
+// Domains in JSON5 files: reading and export. The file is reached through the requests of the
+// configuration library alone, and their order is part of what they mean.
+
+#include <CfgParser.h>
+#include <JSON5Section.h>
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "domen/DomenStore.h"
+#include "domen/Numbers.h"
+#include "domen/PropertyType.h"
+#include "editor/PathParts.h"
+#include "editor/Status.h"
+#include "json/DomenSchema.h"
+#include "json/StringArrayParam.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+// An open section, ended with its scope.
+using OpenSection = std::unique_ptr<JSON5Section>;
+
+OpenSection Open(CfgParser& parser, const wchar_t* name, bool first, bool last,
+                 const wchar_t* itemName) {
+  bool found = false;
+  return OpenSection(parser.Section(name, found, first, last, itemName));
+}
+
+// Reading
+
+// The requests of one open section. Whether a value was found is kept from the last request.
+class SectionReader {
+ public:
+  explicit SectionReader(OpenSection opened) : section(std::move(opened)) {}
+
+  std::wstring String(const SchemaKey& key, const wchar_t* defaultValue, bool overriding = false) {
+    return section->ParamString(key.name, defaultValue, found, key.comment, overriding);
+  }
+
+  int Int(const SchemaKey& key, int defaultValue) {
+    return section->ParamInt(key.name, defaultValue, found, key.comment, false);
+  }
+
+  double Double(const SchemaKey& key, double defaultValue) {
+    return section->ParamDouble(key.name, defaultValue, found, key.comment, false);
+  }
+
+  std::vector<std::wstring> Strings(const SchemaKey& key) {
+    std::vector<std::wstring> strings;
+    ReadStringArrayParam(*section, key.name, strings, key.comment);
+    return strings;
+  }
+
+  bool Found() const { return found; }
+
+ private:
+  OpenSection section;
+  bool found = false;
+};
+
+// What an element says of the type of its field. The numbers of unknown types are integers, and
+// their default is one that no integer takes.
+struct FieldDefault {
+  int valueType = typeInt;
+  std::wstring text = L"1.0";
+};
+
+FieldDefault ReadFieldDefault(SectionReader& field) {
+  const std::wstring type = field.String(fieldType, L"r");
+  if (type == L"i" || type == L"ai") {
+    return {type == L"i" ? typeInt : typeIList, FormatInt(field.Int(fieldIntDefault, 1))};
+  }
+  if (type == L"r" || type == L"ar") {
+    return {type == L"r" ? typeReal : typeRList, FormatReal(field.Double(fieldRealDefault, 1.0))};
+  }
+  if (type == L"s" || type == L"as") {
+    return {type == L"s" ? typeStr : typeSList, field.String(fieldStrDefault, L"1.0")};
+  }
+  return {};
+}
+
+// The flag of a field tells whether its default stood in the file.
+void ReadField(CfgParser& parser, DomenProperty& property, const std::vector<std::wstring>& names,
+               std::size_t index) {
+  const std::wstring& name = names[index];
+  SectionReader field(
+      Open(parser, fieldsSection, index == 0, index + 1 == names.size(), name.c_str()));
+  const std::wstring title = field.String(fieldName, name.c_str());
+  const FieldDefault value = ReadFieldDefault(field);
+  property.AddValueField(name, title, value.valueType, field.Found(), value.text);
+}
+
+// The file's own "sId" is overridden: the key is the id.
+void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstring>& keys,
+                  std::size_t index) {
+  const std::wstring& key = keys[index];
+  SectionReader section(
+      Open(parser, propertiesSection, index == 0, index + 1 == keys.size(), key.c_str()));
+  std::vector<std::wstring> objectTypes = section.Strings(propertyObjectTypes);
+  std::wstring id = section.String(propertyId, key.c_str(), true);
+  std::wstring name = section.String(propertyName, L"");
+  const bool unique = section.Int(propertyUnique, 0) != 0;
+  const int sortIndex = section.Int(propertySortIndex, 0);
+  const std::vector<std::wstring> fieldNames = section.Strings(propertyFuncsNames);
+  DomenProperty property(std::move(id), std::move(name), std::move(objectTypes), unique, sortIndex);
+  for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, property, fieldNames, i);
+  domen.AddProperty(key, property);
+}
+
+// Writing
+
+// The requests of one open section, each with the value that is to be written.
+class SectionWriter {
+ public:
+  explicit SectionWriter(OpenSection opened) : section(std::move(opened)) {}
+
+  void String(const SchemaKey& key, const std::wstring& value) {
+    section->ParamString(key.name, value.c_str(), found, key.comment, true);
+  }
+
+  void Int(const SchemaKey& key, int value) {
+    section->ParamInt(key.name, value, found, key.comment, true);
+  }
+
+  void Double(const SchemaKey& key, double value) {
+    section->ParamDouble(key.name, value, found, key.comment, true);
+  }
+
+  void Strings(const SchemaKey& key, std::vector<std::wstring> values) {
+    ReadStringArrayParam(*section, key.name, values, key.comment, true);
+  }
+
+ private:
+  OpenSection section;
+  bool found = false;
+};
+
+void WriteDomen(CfgParser& parser, const Domen& domen) {
+  std::vector<std::wstring> keys;
+  for (const auto& [key, property] : domen.properties) keys.push_back(key);
+  SectionWriter section(Open(parser, domenSection, true, true, L""));
+  section.String(domenName, domen.name);
+  section.Strings(domenFuncsNames, std::move(keys));
+}
+
+void WriteProperty(CfgParser& parser, const std::wstring& key, const DomenProperty& property,
+                   bool first, bool last) {
+  std::vector<std::wstring> fieldNames;
+  for (const auto& field : property.fields) fieldNames.push_back(field->name);
+  SectionWriter section(Open(parser, propertiesSection, first, last, key.c_str()));
+  section.Strings(propertyObjectTypes, property.objectTypes);
+  section.String(propertyId, key);
+  section.String(propertyName, property.name);
+  section.Int(propertyUnique, property.unique ? 1 : 0);
+  section.Int(propertySortIndex, property.sortIndex);
+  section.Strings(propertyFuncsNames, std::move(fieldNames));
+}
+
+// The types are counted from 1 here, where the rest of the library counts from 0, so that a field
+// is written under the code of the type before its own, and one of type 0 under none; its value is
+// never written. The table has to stay so, row by row.
+void WriteFieldType(SectionWriter& section, int valueType) {
+  switch (valueType) {
+    case 1:
+      section.String(fieldType, L"i");
+      return section.Int(fieldIntDefault, 1);
+    case 2:
+      section.String(fieldType, L"r");
+      return section.Double(fieldRealDefault, 1.0);
+    case 3:
+      section.String(fieldType, L"s");
+      return section.String(fieldStrDefault, L"");
+    case 4:
+      section.String(fieldType, L"ai");
+      return section.Int(fieldIntDefault, 1);
+    case 5:
+      section.String(fieldType, L"ar");
+      return section.Double(fieldRealDefault, 1.0);
+    case 6:
+      section.String(fieldType, L"as");
+      return section.String(fieldStrDefault, L"");
+    default:
+      return;
+  }
+}
+
+// All fields of the domain make one run. Where the first property has no fields no request is the
+// first of the run, and where the last has none no request is its last.
+void WriteFields(CfgParser& parser, const DomenProperty& property, bool firstProperty,
+                 bool lastProperty) {
+  for (std::size_t i = 0; i < property.fields.size(); ++i) {
+    const Properties::PropertyParameter& field = *property.fields[i];
+    SectionWriter section(Open(parser, fieldsSection, firstProperty && i == 0,
+                               lastProperty && i + 1 == property.fields.size(),
+                               field.name.c_str()));
+    section.String(fieldName, field.title);
+    WriteFieldType(section, field.valueType);
+  }
+}
+
+}  // namespace
+
+int DomenStore::LoadDomenJson(const std::wstring& path, const std::wstring& configText) {
+  try {
+    const auto parser = std::make_unique<CfgParser>(path.c_str(), configText.c_str(), cfgLanguage);
+    SectionReader section(Open(*parser, domenSection, true, true, L""));
+    std::wstring name = section.String(domenName, L"");
+    const std::vector<std::wstring> keys = section.Strings(domenFuncsNames);
+    std::wstring id(Stem(path));
+    Domen domen(id, std::move(name));
+    for (std::size_t i = 0; i < keys.size(); ++i) ReadProperty(*parser, domen, keys, i);
+    // The last that can fail: a domain that isn't stored isn't selected either.
+    AddDomen(id, std::move(domen));
+    activeDomenId = std::move(id);
+    return statusDone;
+  } catch (...) {
+    return statusException;
+  }
+}
+
+void DomenStore::ExportDomenJson(const std::wstring& domenId, const std::wstring& target) const {
+  const auto found = domens.find(domenId);
+  if (found == domens.end()) return;
+  try {
+    const auto parser = std::make_unique<CfgParser>(target.c_str(), L"", cfgLanguage);
+    const Domen& domen = found->second;
+    WriteDomen(*parser, domen);
+    const auto first = domen.properties.begin();
+    const auto end = domen.properties.end();
+    for (auto it = first; it != end; ++it) {
+      WriteProperty(*parser, it->first, it->second, it == first, std::next(it) == end);
+    }
+    for (auto it = first; it != end; ++it) {
+      WriteFields(*parser, it->second, it == first, std::next(it) == end);
+    }
+    parser->saveCfgParamsToJson5(target.c_str(), 2);
+  } catch (...) {
+    // Nobody is told: the target is as it was.
+  }
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
