@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+// What ends the program: one sentence for the user and the exit status. Thrown where it is noticed,
+// caught in `main`.
+struct Failure {
+  int status;
+  std::string sentence;
+};
+
+constexpr int failedArguments = 2;
+constexpr int failedClassificator = 3;
+constexpr int failedDomen = 4;
+constexpr int failedElements = 5;
+constexpr int failedOutput = 6;
+constexpr int failedExport = 7;
+constexpr int failedOtherwise = 8;

@@ -1,0 +1,21 @@
+// Between the program's UTF-8 and the library's wide strings.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+bool IsUtf8(std::string_view bytes);
+
+// `bytes` must be UTF-8.
+std::wstring ToWide(std::string_view bytes);
+
+std::string ToUtf8(std::wstring_view text);
+
+// The text as a field of the output, in UTF-8: what would end it or its line becomes a blank.
+std::string ToField(std::wstring_view text);
+
+// The value of a result of the library, whose buffers are freed.
+std::wstring Take(const wchar_t* result);
+std::vector<std::wstring> TakeAll(int count, const wchar_t** results);

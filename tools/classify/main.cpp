@@ -1,0 +1,113 @@
+// Plays the add-in: loads a classificator and domains, and prints the mapping string of each
+// element. All of it goes through the exported class.
+
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <locale>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Elements.h"
+#include "Export.h"
+#include "Failure.h"
+#include "Lists.h"
+#include "Loading.h"
+#include "Options.h"
+#include "ProgressBar.h"
+#include "Summary.h"
+#include "Terminal.h"
+#include "Wide.h"
+
+namespace {
+
+// Letters are matched whatever their case, by the global locale: without this only those of ASCII
+// would be. Nothing else of a locale is wanted. Where the system has no such locale it stays so.
+void FoldAllLetters() {
+  try {
+    std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
+  } catch (const std::runtime_error&) {
+    return;
+  }
+}
+
+// Adds the lines of all elements to `output`.
+Summary Classify(RevitMappingEditorDll& editor, const Options& options,
+                 const std::vector<std::wstring>& elements, std::string& output) {
+  const std::wstring nameSuffix = ToWide(options.nameSuffix);
+  Summary summary;
+  ProgressBar bar(elements.size());
+  const auto start = std::chrono::steady_clock::now();
+  for (const std::wstring& element : elements) {
+    const int codeId = editor.GetClaccificatorCodeId(element.c_str());
+    const std::wstring code = Take(editor.GetClaccificatorCode(codeId));
+    const std::wstring mapping =
+        Take(editor.GetMappingStr(element.c_str(), options.sourceKind, nameSuffix.c_str()));
+    output += ToField(element) + '\t' + std::to_string(codeId) + '\t' + ToField(code) + '\t' +
+              ToField(mapping) + '\n';
+    ++summary.elements;
+    if (codeId != -1) ++summary.matched;
+    ++summary.elementsByCode[code];
+    bar.Show(summary.elements);
+  }
+  summary.time = std::chrono::steady_clock::now() - start;
+  return summary;
+}
+
+void Print(const std::string& output) {
+  const std::size_t written = std::fwrite(output.data(), 1, output.size(), stdout);
+  if (written == output.size() && std::fflush(stdout) == 0) return;
+  throw Failure{failedOutput,
+                std::string("The output could not be written: ") + std::strerror(errno) + "."};
+}
+
+std::string ListAll(RevitMappingEditorDll& editor, const Options& options) {
+  std::string tables;
+  if (options.colours) tables += ListColors(editor, TerminalTakesColours());
+  if (options.list == "domens") tables += ListDomens(editor);
+  if (options.list == "properties") tables += ListProperties(editor, options.types);
+  if (options.list == "fields") tables += ListFields(editor, options.types);
+  return tables;
+}
+
+void Run(const Options& options) {
+  FoldAllLetters();
+  RevitMappingEditorDll editor(ToWide(options.dataFolder).c_str(), L"");
+  editor.SetStartMark(ToWide(options.startMark).c_str());
+  editor.SetEndMark(ToWide(options.endMark).c_str());
+  LoadAll(editor, options);
+  if (!options.exportDomen.empty()) {
+    return ExportDomen(editor, options.exportDomen, options.exportTarget);
+  }
+  if (options.colours || !options.list.empty()) return Print(ListAll(editor, options));
+  const std::vector<std::wstring> elements = ReadElements(options.elements, options.column);
+  std::string output;
+  const Summary summary = Classify(editor, options, elements, output);
+  Print(output);
+  std::fputs(FormatSummary(summary).c_str(), stderr);
+}
+
+int Fail(const Failure& failure) {
+  std::fprintf(stderr, "classify: %s\n", failure.sentence.c_str());
+  return failure.status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    UseUtf8Streams();
+    const std::optional<Options> options = ParseOptions(Utf8Arguments(argc, argv));
+    if (options) Run(*options);
+    return 0;
+  } catch (const Failure& failure) {
+    return Fail(failure);
+  } catch (const std::exception& exception) {
+    return Fail({failedOtherwise, exception.what()});
+  }
+}
