@@ -1,0 +1,20 @@
+# Installs what the project needs from Debian's packages, if anything is missing. For sourcing, with
+# the names of what is needed beyond the build itself.
+
+packages=(cmake g++ ninja-build libcli11-dev libgtest-dev libutfcpp-dev "$@")
+
+as_root=()
+[ "$(id -u)" = 0 ] || as_root=(sudo)
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+    missing+=("$package")
+done
+
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+fi

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Checks the formatting, then builds and tests everything: with sanitizers, for Windows under Wine,
+# and as released.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+node=()
+command -v npm >/dev/null || node=(nodejs npm)
+. scripts/setup.sh clang-format clang-19 locales g++-mingw-w64-x86-64-posix googletest wine64 \
+  "${node[@]}"
+
+# A locale whose numbers are written otherwise, which must change nothing.
+locale -a | grep -qix 'de_DE\.utf-\?8' ||
+  "${as_root[@]}" localedef -i de_DE -f UTF-8 de_DE.UTF-8
+
+find include src tests tools examples -name '*.h' -o -name '*.cpp' |
+  xargs clang-format --dry-run --Werror
+
+# The reference tools that JSON5 files are held against, at the versions that their locks name.
+for tool in referee schema; do
+  mkdir -p "build/npm/$tool"
+  cp "tests/json/$tool"/* "build/npm/$tool/"
+  npm ci --loglevel=error --no-audit --no-fund --prefix "build/npm/$tool"
+done
+
+for preset in linux-sanitize windows-mingw linux-release; do
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset"
+  ctest --preset "$preset" --parallel "$(nproc)"
+done

@@ -1,0 +1,28 @@
+# Lists of symbols: one name in each line. What stands behind a "#" is for the reader.
+
+function(read_names file output)
+  file(STRINGS ${file} names)
+  list(TRANSFORM names REPLACE " *#.*" "")
+  list(FILTER names EXCLUDE REGEX "^$")
+  set(${output} "${names}" PARENT_SCOPE)
+endfunction()
+
+# Ends the script as a failure unless the two lists have the same names, and says which differ.
+function(expect_same_names written found)
+  set(differences "")
+  foreach(name IN LISTS written)
+    if(NOT name IN_LIST found)
+      string(APPEND differences "\n  missing  ${name}")
+    endif()
+  endforeach()
+  foreach(name IN LISTS found)
+    if(NOT name IN_LIST written)
+      string(APPEND differences "\n  extra    ${name}")
+    endif()
+  endforeach()
+  if(differences)
+    message(FATAL_ERROR "These are not the written names:${differences}")
+  endif()
+  list(LENGTH found count)
+  message(STATUS "${count} names, as written")
+endfunction()

@@ -1,0 +1,329 @@
+#include "classificator/Classificator.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/GlobalLocale.h"
+#include "support/TempFolder.h"
+#include "support/UpperFails.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+using namespace std::string_literals;
+
+using Texts = std::vector<std::wstring>;
+
+// What a file of these bytes leaves in a fresh record.
+struct Loaded {
+  explicit Loaded(std::string_view bytes) : status(record.Load(folder.Write("a.txt", bytes))) {}
+
+  // The pattern lines, which show that a ==MAPTEXT section has been parsed and with what.
+  Texts Patterns() const {
+    Texts patterns;
+    for (const MapTextRecord& one : record.mapTextSection.records) patterns.push_back(one.text);
+    return patterns;
+  }
+
+  // The codes of ==PARAM, to the same end.
+  Texts ParamCodes() const {
+    Texts codes;
+    for (const ParamRecord& one : record.paramSection.records) codes.push_back(one.code);
+    return codes;
+  }
+
+  TempFolder folder;
+  Classificator record{L"id"};
+  int status;
+};
+
+void ExpectNoSections(const Classificator& record) {
+  EXPECT_EQ(record.mapTextSection.defaultCode, L"");
+  EXPECT_TRUE(record.mapTextSection.records.empty());
+  EXPECT_TRUE(record.mapTextSection.domenIds.empty());
+  EXPECT_TRUE(record.paramSection.records.empty());
+  EXPECT_TRUE(record.paramSection.domenIds.empty());
+}
+
+TEST(Classificator, StartsWithItsIdAndTheMarksAlone) {
+  const Classificator record(L"Стены");
+  EXPECT_EQ(record.classificatorId, L"Стены");
+  EXPECT_EQ(record.classificatorName, L"");
+  EXPECT_EQ(record.paramName, L"");
+  EXPECT_EQ(record.filePath, L"");
+  EXPECT_EQ(record.reservedText, L"");
+  EXPECT_EQ(record.openMark, L"{");
+  EXPECT_EQ(record.closeMark, L"}");
+  ExpectNoSections(record);
+}
+
+TEST(Classificator, IsCopiedWholeAndSharesNothing) {
+  const Loaded loaded(
+      "==CLASS\n@@@ T (A B)\n==MAPTEXT\n@@ (D)\n@A {P=1}\nwall\n==PARAM\nA P=1\nB P=2\n"
+      "==COLORAT\n@c C\nK 1 2 3 4\n");
+  Classificator source = loaded.record;
+  source.classificatorName = L"name";
+  source.paramName = L"Code";
+  source.reservedText = L"r";
+  source.openMark = L"[";
+  source.closeMark = L"]";
+  const Classificator copy = source;
+  const std::wstring path = source.filePath;
+  source = Classificator(L"other");
+
+  EXPECT_EQ(copy.classificatorId, L"id");
+  EXPECT_EQ(copy.filePath, path);
+  EXPECT_EQ(copy.classificatorName, L"name");
+  EXPECT_EQ(copy.paramName, L"Code");
+  EXPECT_EQ(copy.classTitle, L"T (A B)");
+  EXPECT_EQ(copy.classFirstWord, L"A");
+  EXPECT_EQ(copy.classSecondWord, L"B");
+  EXPECT_EQ(copy.activeColoratId, L"c");
+  EXPECT_EQ(copy.colorats.at(L"c").at(L"K").percent, 4);
+  EXPECT_EQ(copy.reservedText, L"r");
+  EXPECT_EQ(copy.openMark, L"[");
+  EXPECT_EQ(copy.closeMark, L"]");
+  EXPECT_EQ(copy.mapTextSection.defaultCode, L"N00");
+  EXPECT_EQ(copy.mapTextSection.domenIds, Texts{L"D"});
+  ASSERT_EQ(copy.mapTextSection.records.size(), 1u);
+  EXPECT_EQ(copy.mapTextSection.records[0].itemLists[0].at(0).propertyId, L"P");
+  EXPECT_EQ(copy.paramSection.records.size(), 2u);
+}
+
+TEST(Load, LeavesTheRecordEmptyForAFileWithoutSections) {
+  for (const char* bytes : {"", "\n", "  \r\n\t", "wall\n@A\n$ Z", "= =MAPTEXT\n$ Z"}) {
+    const Loaded loaded(bytes);
+    EXPECT_EQ(loaded.status, 0) << bytes;
+    ExpectNoSections(loaded.record);
+  }
+}
+
+TEST(Load, StoresThePathWhateverTheStatus) {
+  const TempFolder folder;
+  const std::wstring paths[] = {folder.Write("a.txt", ""), folder.Wide() + L"/missing.txt",
+                                folder.Wide()};
+  for (const std::wstring& path : paths) {
+    Classificator record(L"id");
+    record.Load(path);
+    EXPECT_EQ(record.filePath, path);
+  }
+}
+
+TEST(Load, GivesTwoForWhatCannotBeOpenedAndLeavesAllElseAsItWas) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.Path() / "folder.txt");
+  for (const std::wstring& path :
+       {folder.Wide() + L"/missing.txt", folder.Wide() + L"/folder.txt", L""s}) {
+    Classificator record(L"id");
+    record.classificatorName = L"name";
+    record.paramName = L"param";
+    EXPECT_EQ(record.Load(path), 2) << path;
+    EXPECT_EQ(record.classificatorId, L"id");
+    EXPECT_EQ(record.classificatorName, L"name");
+    EXPECT_EQ(record.paramName, L"param");
+    EXPECT_EQ(record.openMark, L"{");
+    ExpectNoSections(record);
+  }
+}
+
+TEST(Load, HandsEachSectionToItsParser) {
+  const Loaded loaded(
+      "Remarks\n"
+      "@R\n"
+      "==CLASS\n"
+      "@@@ Example scheme (ABC Classification)\n"
+      "==MAPTEXT\n"
+      "@A\n"
+      "wall\n"
+      "==PARAM\n"
+      "A P=1\n"
+      "B P=2\n"
+      "==COLORAT\n"
+      "@main Main colouring\n"
+      "A100 255 0 0 50\n"
+      "==DOMEN\n"
+      "@@@ Walls\n"
+      "@P 0 1\n"
+      "==NOTES\n"
+      "door\n");
+  EXPECT_EQ(loaded.status, 0);
+  EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
+  EXPECT_EQ(loaded.record.mapTextSection.records[0].code, L"A");
+  EXPECT_EQ(loaded.ParamCodes(), (Texts{L"A", L"B"}));
+  EXPECT_EQ(loaded.record.classTitle, L"Example scheme (ABC Classification)");
+  EXPECT_EQ(loaded.record.classFirstWord, L"ABC");
+  EXPECT_EQ(loaded.record.classSecondWord, L"Classification");
+  EXPECT_EQ(loaded.record.activeColoratId, L"main");
+  ASSERT_TRUE(loaded.record.colorats.contains(L"main"));
+  EXPECT_EQ(loaded.record.colorats.at(L"main").at(L"A100").channel1, 255);
+}
+
+TEST(Load, ReadsTheSectionsInAnyOrder) {
+  const Loaded loaded("==PARAM\nA P=1\nB P=2\n==NOTES\nroof\n==MAPTEXT\n@A\nwall");
+  EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
+  EXPECT_EQ(loaded.ParamCodes(), (Texts{L"A", L"B"}));
+}
+
+TEST(Load, KnowsAHeadingByItsBeginning) {
+  struct Case {
+    const char* heading;
+    bool isMapText;
+    bool isParam;
+  };
+  const Case cases[] = {
+      {"==MAPTEXT", true, false},        {"==MAPTEXT of the office", true, false},
+      {"==MAPTEXTS", true, false},       {"==MAPTEXT==PARAM", true, false},
+      {"  \t==MAPTEXT  ", true, false},  {"==MAPTEX", false, false},
+      {"==maptext", false, false},       {"==Maptext", false, false},
+      {"== MAPTEXT", false, false},      {"===MAPTEXT", false, false},
+      {"=MAPTEXT", false, false},        {"x==MAPTEXT", false, false},
+      {"==PARAM", false, true},          {"==PARAMETERS", false, true},
+      {"==PARA", false, false},          {"==param", false, false},
+      {"==CLASS MAPTEXT", false, false}, {"==COLORAT", false, false},
+      {"==DOMEN", false, false},         {"==", false, false},
+  };
+  for (const Case& one : cases) {
+    const Loaded loaded(one.heading + "\n$ Z\nwall"s);
+    EXPECT_EQ(loaded.status, 0) << one.heading;
+    EXPECT_EQ(loaded.record.mapTextSection.defaultCode, one.isMapText ? L"Z" : L"") << one.heading;
+    EXPECT_EQ(loaded.Patterns(), one.isMapText ? Texts{L"wall"} : Texts{}) << one.heading;
+    EXPECT_EQ(!loaded.ParamCodes().empty(), one.isParam) << one.heading;
+  }
+}
+
+TEST(Load, TakesABodyLineThatBeginsWithTwoEqualSignsForAHeading) {
+  const Loaded loaded("==MAPTEXT\nwall\n==door\nroof");
+  EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
+}
+
+TEST(Load, RunsTheParserOnceForEachOccurrenceOfASection) {
+  const Loaded loaded(
+      "==MAPTEXT\n@@ (D)\n$ Y\nwall\n"
+      "==PARAM\nA P=1\nB P=2\n"
+      "==MAPTEXT\n$ Z\ndoor\n"
+      "==PARAM\nC P=1\nD P=2");
+  EXPECT_EQ(loaded.Patterns(), Texts{L"door"});
+  EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z");
+  EXPECT_EQ(loaded.record.mapTextSection.domenIds, Texts{L"D"});
+  EXPECT_EQ(loaded.ParamCodes(), (Texts{L"C", L"D"}));
+}
+
+TEST(Load, RunsTheParserOnTheEmptyTextOfASectionWithoutLines) {
+  for (const char* bytes : {"==MAPTEXT\n$ Z\nwall\n==MAPTEXT", "==MAPTEXT\n==NOTES\nwall",
+                            "==MAPTEXT\n$ Z\n==MAPTEXT\n \r\n\t\n==PARAM", "==MAPTEXT"}) {
+    const Loaded loaded(bytes);
+    EXPECT_EQ(loaded.status, 0);
+    EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"N00") << bytes;
+    EXPECT_EQ(loaded.Patterns(), Texts{}) << bytes;
+  }
+}
+
+TEST(Load, ReadsCarriageReturnsIndentationAndBlankLinesAsIfTheyWereNotThere) {
+  const Loaded plain("==MAPTEXT\n@A {P=1}\nbasic wall\n$ Z\n==PARAM\nA P=1\nB P=2");
+  for (const char* bytes : {
+           "==MAPTEXT\r\n@A {P=1}\r\nbasic wall\r\n$ Z\r\n==PARAM\r\nA P=1\r\nB P=2\r\n",
+           "\n\n  ==MAPTEXT \n\n\t@A {P=1}\n \n  basic wall\n$ Z\t\n\r\n==PARAM\n\nA P=1\n B P=2\n",
+       }) {
+    const Loaded other(bytes);
+    EXPECT_EQ(other.status, 0);
+    EXPECT_EQ(other.Patterns(), plain.Patterns());
+    EXPECT_EQ(other.record.mapTextSection.records.at(0).code, L"A");
+    EXPECT_EQ(other.record.mapTextSection.records.at(0).itemLists.size(), 1u);
+    EXPECT_EQ(other.record.mapTextSection.defaultCode, L"Z");
+    EXPECT_EQ(other.ParamCodes(), plain.ParamCodes());
+  }
+}
+
+TEST(Load, CutsTheSectionWithoutTheBlankLinesBetween) {
+  // With its blank lines, the section would have more lines than pieces at semicolons.
+  const Loaded loaded("==MAPTEXT\n\n\n\n\nwall;door\n\n\n\n\nroof\n\n\n");
+  EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"door\nroof"}));
+}
+
+TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
+  struct Case {
+    std::string bytes;
+    Texts patterns;
+  };
+  const Case cases[] = {
+      {"==MAPTEXT\nwall\nba\xFFsic\ndoor", {L"wall", L"ba"}},
+      {"==MAPTEXT\nwall\nСт\xD0", {L"wall", L"Ст"}},  // the file ends within a letter
+      {"==MAPTEXT\nwall\n\xC0\x80\ndoor", {L"wall"}},
+      {"==MAPTEXT\nwall\n==MAPTEXT\xED\xA0\x80\ndoor", {}},  // the heading counts
+      {"==MAPTEXT\nwall\n==\xF5MAPTEXT\ndoor", {L"wall"}},
+      {"\xFF==MAPTEXT\nwall", {}},
+  };
+  for (const Case& one : cases) {
+    const Loaded loaded(one.bytes);
+    EXPECT_EQ(loaded.status, 0) << one.bytes;
+    EXPECT_EQ(loaded.Patterns(), one.patterns) << one.bytes;
+  }
+}
+
+TEST(Load, ProcessesWhatStandsAheadOfAFailureToReadOn) {
+  if (!std::ifstream("/proc/self/mem")) GTEST_SKIP() << "no file here fails so";
+  Classificator record(L"id");
+  EXPECT_EQ(record.Load(L"/proc/self/mem"), 0);
+  ExpectNoSections(record);
+}
+
+TEST(Load, LosesAFirstHeadingBehindAByteOrderMarkAndReadsTheRest) {
+  const Loaded lost("\xEF\xBB\xBF==MAPTEXT\n$ Z\nwall\n==PARAM\nA P=1\nB P=2");
+  EXPECT_EQ(lost.status, 0);
+  EXPECT_EQ(lost.record.mapTextSection.defaultCode, L"");
+  EXPECT_EQ(lost.ParamCodes(), (Texts{L"A", L"B"}));
+
+  const Loaded kept("\xEF\xBB\xBFRemarks\n==MAPTEXT\nwall");
+  EXPECT_EQ(kept.Patterns(), Texts{L"wall"});
+}
+
+TEST(Load, TakesTextInAnyScript) {
+  const Loaded loaded("==MAPTEXT\n@С10\nСтена наружная\n\xF0\x9F\x98\x80");
+  EXPECT_EQ(loaded.Patterns(), (Texts{L"\U0001F600", L"Стена наружная"}));
+  EXPECT_EQ(loaded.record.mapTextSection.records.at(1).code, L"С10");
+}
+
+TEST(Load, KeepsNulsInTheLines) {
+  const Loaded loaded("==MAPTEXT\0\nwa\0ll\n\0\n$ Z\0 Y"s);
+  EXPECT_EQ(loaded.status, 0);
+  EXPECT_EQ(loaded.Patterns(), (Texts{L"wa\0ll"s, L"\0"s}));
+  EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
+}
+
+TEST(Load, ReadsALineOfFiveMegabytes) {
+  const Loaded loaded("==NOTES\n" + std::string(5'000'000, 'a') + "\n==MAPTEXT\nwall\n" +
+                      std::string(100'000, 'b'));
+  EXPECT_EQ(loaded.status, 0);
+  ASSERT_EQ(loaded.Patterns().size(), 2u);
+  EXPECT_TRUE(loaded.Patterns()[1] == std::wstring(100'000, L'b'));
+}
+
+TEST(Load, ReadsOverAMillionHeadings) {
+  std::string bytes;
+  for (int i = 0; i < 1'000'000; ++i) bytes += "==\n";
+  const Loaded loaded(bytes + "==MAPTEXT\nwall");
+  EXPECT_EQ(loaded.status, 0);
+  EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
+}
+
+TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
+  const GlobalLocale failing(UpperFails);
+  const Loaded loaded(
+      "==PARAM\nA P=1\nB P=2\n"
+      "==MAPTEXT\n@@ (D)\n$ Y\nwall\n$ Z\n"
+      "==PARAM\nC P=1\nD P=2");
+  EXPECT_EQ(loaded.status, 3);
+  EXPECT_FALSE(loaded.record.filePath.empty());
+  EXPECT_EQ(loaded.ParamCodes(), (Texts{L"A", L"B"}));
+  EXPECT_EQ(loaded.record.mapTextSection.domenIds, Texts{L"D"});
+  EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Y");
+  EXPECT_EQ(loaded.Patterns(), Texts{});
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,82 @@
+// What the programs in the documents print is what stands below them.
+
+#include <gtest/gtest.h>
+
+#include "support/Documents.h"
+#include "support/Program.h"
+
+namespace {
+
+// Where the last line of a text begins.
+std::size_t LastLine(const std::string& text) {
+  return text.rfind('\n', text.size() - 2) + 1;
+}
+
+TEST(Readme, TheProgramPrintsWhatStandsBelowIt) {
+  const Outcome outcome = RunProgram(README_PROGRAM, "", SOURCE_FOLDER);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("README.md", "text output"));
+}
+
+TEST(ApiGuide, TheExamplesPrintWhatStandsBelowThem) {
+  const Outcome outcome = RunProgram(API_PROGRAM, "", SOURCE_FOLDER);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("docs/api.md", "text output"));
+}
+
+TEST(ApiGuide, HasAChapterOrSectionForEachExport) {
+  const std::string guide = ReadBytes(std::string(SOURCE_FOLDER) + "/docs/api.md");
+  std::string headings;
+  for (const std::string& line : Lines(guide)) {
+    if (line.starts_with("#")) headings += line + "\n";
+  }
+  for (const char* name : {"CreateClassificator",
+                           "CreateDomen",
+                           "ExportJson",
+                           "GetActiveClassificatorParamName",
+                           "GetActiveDomenId",
+                           "GetClaccificatorCode",
+                           "GetClaccificatorCodeId",
+                           "GetClaccificatorCodeParams",
+                           "GetClassificatorsNames",
+                           "GetColor",
+                           "GetColorNum",
+                           "GetColoratsIds",
+                           "GetDefaultClaccificatorCode",
+                           "GetDomenPropertiesCheckInfo",
+                           "GetDomenPropertyFieldsValues",
+                           "GetDomenPropertysByObjType",
+                           "GetDomenPropertysByObjTypes",
+                           "GetDomensIds",
+                           "GetDomensNames",
+                           "GetEndMark",
+                           "GetMappingStr",
+                           "GetPropertiesSortIndex",
+                           "GetStartMark",
+                           "SetActiveClassificator",
+                           "SetActiveColorat",
+                           "SetActiveDomenByName",
+                           "SetActiveDomenId",
+                           "SetEndMark",
+                           "SetStartMark"}) {
+    EXPECT_NE(headings.find(std::string("### ") + name + "\n"), std::string::npos) << name;
+  }
+}
+
+TEST(Readme, TheDemoShowsTheFirstElementsAndTheSummary) {
+  const Outcome outcome = RunProgram(
+      CLASSIFY_PROGRAM,
+      "--classificator data/uniformat.txt --domen data/domens.txt --column 2 data/elements.tsv",
+      SOURCE_FOLDER);
+  EXPECT_EQ(outcome.status, 0);
+  const std::string demo = BlocksOfKind("README.md", "text demo");
+  const std::size_t gap = demo.find("...\n\n");
+  ASSERT_NE(gap, std::string::npos);
+  EXPECT_TRUE(outcome.output.starts_with(demo.substr(0, gap)));
+  // The last line tells the speed, which no two runs share.
+  const std::string summary = demo.substr(gap + 5);
+  EXPECT_EQ(outcome.errors.substr(0, LastLine(outcome.errors)),
+            summary.substr(0, LastLine(summary)));
+}
+
+}  // namespace

@@ -1,0 +1,1024 @@
+// What the exports allocate, who owns it, and what a failed allocation leaves behind.
+//
+// The operators below count what this program takes from the heap and gives back, and fail on
+// demand. They stand in for those of the language in the whole program, and in the library where
+// the platform lets a program's operators reach into it; elsewhere the tests skip themselves.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cwchar>
+#include <exception>
+#include <filesystem>
+#include <iterator>
+#include <memory>
+#include <new>
+#include <optional>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+#include <utility>
+#include <vector>
+
+#include "RevitMappingEditorDll.h"
+#include "support/Classificators.h"
+#include "support/OutOfRange.h"
+#include "support/Output.h"
+#include "support/Results.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+// The business of one thread with the heap.
+struct Heap {
+  long blocks = 0;             // taken and not given back
+  long arrayBlocks = 0;        // those of them that the array forms have taken
+  std::size_t arrayBytes = 0;  // that the array forms have ever been asked for
+  long failIn = 0;             // which allocation that may throw fails from now on; 0 for none
+};
+
+constinit thread_local Heap heap;
+
+void* Allocate(std::size_t size, bool array) noexcept {
+  void* const block = std::malloc(std::max<std::size_t>(size, 1));
+  if (!block) return nullptr;
+  ++heap.blocks;
+  if (array) {
+    ++heap.arrayBlocks;
+    heap.arrayBytes += size;
+  }
+  return block;
+}
+
+void Free(void* block, bool array) noexcept {
+  if (!block) return;
+  --heap.blocks;
+  if (array) --heap.arrayBlocks;
+  std::free(block);
+}
+
+// A greater block, with its own address in front of the aligned part of it.
+void* Allocate(std::size_t size, std::align_val_t alignment, bool array) noexcept {
+  const std::size_t step = std::max(static_cast<std::size_t>(alignment), alignof(void*));
+  const std::size_t more = step + sizeof(void*);
+  if (size + more < size) return nullptr;
+  void* const block = Allocate(size + more, array);
+  if (!block) return nullptr;
+  void* place = static_cast<char*>(block) + sizeof(void*);
+  std::size_t space = size + step;
+  std::align(step, size, place, space);
+  static_cast<void**>(place)[-1] = block;
+  return place;
+}
+
+void FreeAligned(void* place, bool array) noexcept {
+  if (place) Free(static_cast<void**>(place)[-1], array);
+}
+
+// What the forms that may throw do. Those that may not never fail on demand: whoever calls them,
+// like a sort that seeks a buffer, goes on without the block.
+template <class... Arguments>
+void* AllocateOrThrow(Arguments... arguments) {
+  if (heap.failIn != 0 && --heap.failIn == 0) throw std::bad_alloc();
+  void* const block = Allocate(arguments...);
+  if (!block) throw std::bad_alloc();
+  return block;
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return AllocateOrThrow(size, false);
+}
+void* operator new[](std::size_t size) {
+  return AllocateOrThrow(size, true);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size, false);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size, true);
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return AllocateOrThrow(size, alignment, false);
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+  return AllocateOrThrow(size, alignment, true);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+  return Allocate(size, alignment, false);
+}
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+  return Allocate(size, alignment, true);
+}
+
+void operator delete(void* block) noexcept {
+  Free(block, false);
+}
+void operator delete[](void* block) noexcept {
+  Free(block, true);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  Free(block, false);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+  Free(block, true);
+}
+void operator delete(void* block, const std::nothrow_t&) noexcept {
+  Free(block, false);
+}
+void operator delete[](void* block, const std::nothrow_t&) noexcept {
+  Free(block, true);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+  FreeAligned(block, false);
+}
+void operator delete[](void* block, std::align_val_t) noexcept {
+  FreeAligned(block, true);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+  FreeAligned(block, false);
+}
+void operator delete[](void* block, std::size_t, std::align_val_t) noexcept {
+  FreeAligned(block, true);
+}
+void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept {
+  FreeAligned(block, false);
+}
+void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept {
+  FreeAligned(block, true);
+}
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+using Editor = RevitMappingEditorDll;
+
+// Everything that a call can hand out, freed as a caller frees it.
+struct Results {
+  Results() = default;
+  Results(const Results&) = delete;
+  Results& operator=(const Results&) = delete;
+  ~Results() { Take(); }
+
+  bool ArraysWritten() const {
+    return texts[0].Written() || texts[1].Written() || texts[2].Written() || numbers.Written() ||
+           flags[0].Written() || flags[1].Written();
+  }
+
+  // The arrays and strings, and the bytes in them, that a caller has to expect of these results.
+  long Blocks() const;
+  std::size_t Bytes() const;
+
+  // The buffers by their addresses.
+  std::vector<const void*> Addresses() const;
+
+  // All of it as one text.
+  std::wstring Take();
+
+  int count = -1;
+  int values[5] = {-1, -2, -3, -4, -5};
+  const wchar_t* text = nullptr;
+  Output<const wchar_t*> texts[3];
+  Output<int> numbers;
+  Output<bool> flags[2];
+};
+
+long Results::Blocks() const {
+  return static_cast<long>(Addresses().size());
+}
+
+std::size_t Results::Bytes() const {
+  const auto bytesOf = [](const wchar_t* one) { return (std::wcslen(one) + 1) * sizeof(wchar_t); };
+  const auto size = static_cast<std::size_t>(count);
+  std::size_t bytes = text ? bytesOf(text) : 0;
+  for (const auto& output : texts) {
+    if (!output.Written()) continue;
+    bytes += size * sizeof(const wchar_t*);
+    for (std::size_t i = 0; i < size; ++i) bytes += bytesOf(output.array[i]);
+  }
+  if (numbers.Written()) bytes += size * sizeof(int);
+  for (const auto& output : flags) {
+    if (output.Written()) bytes += size;  // one byte each
+  }
+  return bytes;
+}
+
+std::vector<const void*> Results::Addresses() const {
+  std::vector<const void*> addresses;
+  if (text) addresses.push_back(text);
+  for (const auto& output : texts) {
+    if (!output.Written()) continue;
+    addresses.push_back(output.array);
+    for (int i = 0; i < count; ++i) addresses.push_back(output.array[i]);
+  }
+  if (numbers.Written()) addresses.push_back(numbers.array);
+  for (const auto& output : flags) {
+    if (output.Written()) addresses.push_back(output.array);
+  }
+  return addresses;
+}
+
+std::wstring Results::Take() {
+  std::wstring all = std::to_wstring(count);
+  for (const int value : values) all += L" " + std::to_wstring(value);
+  if (text) all += L" '" + ::Take(std::exchange(text, nullptr)) + L"'";
+  for (auto& output : texts) {
+    if (!output.Written()) continue;
+    for (const std::wstring& one : output.Take(count)) all += L" '" + one + L"'";
+    output.array = &output.before;
+  }
+  if (numbers.Written()) {
+    for (const int number : numbers.Take(count)) all += L" " + std::to_wstring(number);
+    numbers.array = &numbers.before;
+  }
+  for (auto& output : flags) {
+    if (!output.Written()) continue;
+    for (const bool flag : output.Take(count)) all += flag ? L" yes" : L" no";
+    output.array = &output.before;
+  }
+  return all;
+}
+
+struct Call {
+  const char* name;
+  void (*run)(Editor& editor, Results& results);
+};
+
+const wchar_t* objectTypes[] = {L"Door of some kind", L"Room of some kind"};
+
+// Each export that answers a question, once or more. None of them changes the editor.
+const Call queries[] = {
+    {"GetActiveClassificatorParamName",
+     [](Editor& editor, Results& to) { to.text = editor.GetActiveClassificatorParamName(); }},
+    {"GetActiveDomenId", [](Editor& editor, Results& to) { to.text = editor.GetActiveDomenId(); }},
+    {"GetClaccificatorCode",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(1); }},
+    {"GetClaccificatorCode, empty",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(0); }},
+    {"GetClaccificatorCode, default",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(-1); }},
+    {"GetClaccificatorCodeId",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.GetClaccificatorCodeId(L"Basic Wall Exterior of bricks");
+     }},
+    {"GetClaccificatorCodeParams, none",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCodeParams(-1, 1, L"="); }},
+    {"GetClaccificatorCodeParams of ==PARAM",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCodeParams(1, 2, L"="); }},
+    {"GetClassificatorsNames",
+     [](Editor& editor, Results& to) {
+       editor.GetClassificatorsNames(to.count, to.texts[0].array, to.texts[1].array);
+     }},
+    {"GetColor",
+     [](Editor& editor, Results& to) {
+       editor.GetColor(L"SecondKeyText", to.values[0], to.values[1], to.values[2], to.values[3],
+                       to.values[4]);
+     }},
+    {"GetColorNum",
+     [](Editor& editor, Results& to) { to.values[0] = editor.GetColorNum(L"SecondKeyText"); }},
+    {"GetColoratsIds",
+     [](Editor& editor, Results& to) { editor.GetColoratsIds(to.count, to.texts[0].array); }},
+    {"GetDefaultClaccificatorCode",
+     [](Editor& editor, Results& to) { to.text = editor.GetDefaultClaccificatorCode(); }},
+    {"GetDomenPropertiesCheckInfo",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertiesCheckInfo(L"Openings", to.count, to.texts[0].array,
+                                          to.flags[0].array, to.numbers.array, to.flags[1].array);
+     }},
+    {"GetDomenPropertyFieldsValues",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertyFieldsValues(L"Openings", L"EveryType", to.count, to.texts[0].array,
+                                           to.texts[1].array, to.numbers.array, to.flags[0].array,
+                                           to.texts[2].array);
+     }},
+    {"GetDomenPropertyFieldsValues, no fields",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertyFieldsValues(L"Structures", L"Fieldless", to.count, to.texts[0].array,
+                                           to.texts[1].array, to.numbers.array, to.flags[0].array,
+                                           to.texts[2].array);
+     }},
+    {"GetDomenPropertyFieldsValues, unknown domain",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertyFieldsValues(L"Unknown domain", L"EveryType", to.count,
+                                           to.texts[0].array, to.texts[1].array, to.numbers.array,
+                                           to.flags[0].array, to.texts[2].array);
+     }},
+    {"GetDomenPropertysByObjType",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertysByObjType(L"Openings", L"Door of some kind", to.count,
+                                         to.texts[0].array, to.texts[1].array, to.numbers.array);
+     }},
+    {"GetDomenPropertysByObjTypes",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertysByObjTypes(L"Openings", 2, objectTypes, to.count, to.texts[0].array,
+                                          to.texts[1].array, to.numbers.array);
+     }},
+    {"GetDomensIds",
+     [](Editor& editor, Results& to) { to.texts[0].array = editor.GetDomensIds(to.count); }},
+    {"GetDomensNames",
+     [](Editor& editor, Results& to) { to.texts[0].array = editor.GetDomensNames(to.count); }},
+    {"GetEndMark", [](Editor& editor, Results& to) { to.text = editor.GetEndMark(); }},
+    {"GetPropertiesSortIndex",
+     [](Editor& editor, Results& to) {
+       editor.GetPropertiesSortIndex(L"Structures", to.count, to.texts[0].array, to.numbers.array);
+     }},
+    {"GetStartMark", [](Editor& editor, Results& to) { to.text = editor.GetStartMark(); }},
+};
+
+// Those that compose the items of a code. An item in which anything fails is left out, so a failed
+// allocation may cost an item instead of the answer.
+const Call compositions[] = {
+    {"GetClaccificatorCodeParams",
+     [](Editor& editor, Results& to) {
+       to.text = editor.GetClaccificatorCodeParams(1, 1, L" suffix=");
+     }},
+    {"GetMappingStr",
+     [](Editor& editor, Results& to) {
+       to.text = editor.GetMappingStr(L"Basic Wall Exterior of bricks", 1, L" suffix=");
+     }},
+    {"GetMappingStr, default code",
+     [](Editor& editor, Results& to) {
+       to.text = editor.GetMappingStr(L"Some other thing", 1, L" suffix=");
+     }},
+};
+
+std::vector<Call> AllQueries() {
+  std::vector<Call> all(std::begin(queries), std::end(queries));
+  all.insert(all.end(), std::begin(compositions), std::end(compositions));
+  return all;
+}
+
+// Calls that change the editor, here to what it is already, or not at all.
+const Call changes[] = {
+    {"CreateClassificator, absent",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.CreateClassificator(L"A new classificator", L"Name", L"Parameter",
+                                                 L"no such file.txt");
+     }},
+    {"CreateDomen",
+     [](Editor& editor, Results& to) { to.values[0] = editor.CreateDomen(L"a.txt"); }},
+    {"CreateDomen, absent",
+     [](Editor& editor, Results& to) { to.values[0] = editor.CreateDomen(L"no such file.txt"); }},
+    {"CreateDomen, other extension",
+     [](Editor& editor, Results& to) { to.values[0] = editor.CreateDomen(L"a.dat"); }},
+    {"CreateDomen, folder",
+     [](Editor& editor, Results& to) { to.values[0] = editor.CreateDomen(L"folder.txt"); }},
+    {"ExportJson, absent",
+     [](Editor& editor, Results&) {
+       editor.ExportJson(L"no such domain", L"no such folder/a.json");
+     }},
+    {"ExportJson, no folder",
+     [](Editor& editor, Results&) { editor.ExportJson(L"Openings", L"no such folder/a.json"); }},
+    {"SetActiveClassificator",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.SetActiveClassificator(L"First classificator");
+     }},
+    {"SetActiveClassificator, absent",
+     [](Editor& editor, Results& to) { to.values[0] = editor.SetActiveClassificator(L"None"); }},
+    {"SetActiveColorat",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.SetActiveColorat(L"second_colours");
+     }},
+    {"SetActiveColorat, absent",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.SetActiveColorat(L"no such colorat");
+     }},
+    {"SetActiveDomenByName",
+     [](Editor& editor, Results& to) {
+       to.values[0] = editor.SetActiveDomenByName(L"Structures");
+     }},
+    {"SetActiveDomenByName, absent",
+     [](Editor& editor, Results& to) { to.values[0] = editor.SetActiveDomenByName(L"no such"); }},
+    {"SetActiveDomenId",
+     [](Editor& editor, Results& to) { to.values[0] = editor.SetActiveDomenId(L"Structures"); }},
+    {"SetActiveDomenId, absent",
+     [](Editor& editor, Results& to) { to.values[0] = editor.SetActiveDomenId(L"no such"); }},
+    {"SetEndMark", [](Editor& editor, Results&) { editor.SetEndMark(L"an end mark>"); }},
+    {"SetStartMark", [](Editor& editor, Results&) { editor.SetStartMark(L"<a start mark"); }},
+    {"operator=",
+     [](Editor& editor, Results&) {
+       const Editor& self = editor;
+       editor = self;
+     }},
+    {"copy constructor and destructor", [](Editor& editor, Results&) { Editor copy(editor); }},
+};
+
+constexpr const char* firstFile =
+    "==CLASS\n@@@ A scheme of walls (Walls Openings)\n"
+    "==MAPTEXT\n"
+    "@@ (Structures Openings)\n"
+    "unclassified thing\n"  // ahead of any code, and so with an empty one
+    "$ Z99-everything-else\n"
+    "@B2010-exterior-walls {EveryType=5,2.5,text,6,7.5,word} {Rating:Class=K60} {Absent=1}"
+    " {Fieldless=1} {Rating:Class=}\n"
+    "basic wall exterior\n"
+    "==PARAM\nB2010-exterior-walls Rating=K90\nZ99 Rating=K30\n"
+    "==COLORAT\n"
+    "@first_colours First colours\nA100 255 0 0 50\n"
+    "@second_colours Second colours\nFirstKeyText 1 2 3 4\nSecondKeyText 5 6 7 8\n"
+    "==DOMEN\n"
+    "@@@ Openings\n"
+    "@ EveryType 1 10 A property with a field of every type\n"
+    "Integer int 0 30 An integer of its own\nRealNumber real 1 0.5 A real\nText str 0 \"\"\n"
+    "Integers ilist 1 12 Some integers\nReals rlist 0 1e3 Some reals\nWords slist 1 main Words\n"
+    "@ Rating 0 -20 Element rating class\nClass str 0 K30 Rating class\n"
+    "@@@ Structures\n"
+    "@ Fieldless 0 5 A property without fields\n@ Another 0 6 Another one\nLength real 0 2\n";
+
+constexpr const char* secondFile =
+    "==MAPTEXT\n@C-doors\ninner door\n==COLORAT\n@doors Doors\nD1 1 2 3 4\n";
+
+// An editor with two classificators, two colorats in the active one, two domains, all marks and
+// selections.
+class Ownership : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder.Write("a.txt", firstFile);
+    folder.Write("b.txt", secondFile);
+    folder.Write("a.dat", firstFile);
+    std::filesystem::create_directory(folder.Path() / "folder.txt");
+    editor.emplace(folder.Wide().c_str(), L"a configuration text");
+    Fill(*editor);
+
+    const long before = heap.blocks;
+    const wchar_t* mark = editor->GetStartMark();
+    const bool reached = heap.blocks != before;
+    delete[] mark;
+    if (!reached) {
+      GTEST_SKIP() << "the operators of a program don't reach into libraries on this platform";
+    }
+  }
+
+  static void Fill(Editor& editor) {
+    EXPECT_EQ(editor.CreateClassificator(L"First classificator", L"Первый классификатор",
+                                         L"ClassCode", L"a.txt"),
+              0);
+    EXPECT_EQ(editor.CreateClassificator(L"", L"", L"", L"b.txt"), 0);
+    EXPECT_EQ(editor.SetActiveClassificator(L"First classificator"), 0);
+    EXPECT_EQ(editor.SetActiveColorat(L"second_colours"), 0);
+    EXPECT_EQ(editor.SetActiveDomenId(L"Structures"), 0);
+    editor.SetStartMark(L"<a start mark");
+    editor.SetEndMark(L"an end mark>");
+  }
+
+  TempFolder folder;
+  std::optional<Editor> editor;
+};
+
+// All that an editor says about itself.
+std::wstring Answers(Editor& editor) {
+  std::wstring answers;
+  for (const Call& query : AllQueries()) {
+    Results results;
+    query.run(editor, results);
+    answers += results.Take() + L"\n";
+  }
+  return answers;
+}
+
+// Counting
+
+TEST(CountingOperators, CountEveryFormAndAlign) {
+  constexpr std::align_val_t alignment{256};
+  const auto aligned = [](const void* place) {
+    return reinterpret_cast<std::uintptr_t>(place) % 256 == 0;
+  };
+  const Heap before = heap;
+  void* const single[] = {::operator new(5), ::operator new(0, std::nothrow),
+                          ::operator new(5, alignment), ::operator new(5, alignment, std::nothrow)};
+  void* const arrays[] = {::operator new[](5), ::operator new[](0, std::nothrow),
+                          ::operator new[](5, alignment),
+                          ::operator new[](5, alignment, std::nothrow)};
+  EXPECT_EQ(heap.blocks, before.blocks + 8);
+  EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks + 4);
+  EXPECT_TRUE(aligned(single[2]) && aligned(single[3]) && aligned(arrays[2]) && aligned(arrays[3]));
+  ::operator delete(single[0]);
+  ::operator delete(single[1], std::nothrow);
+  ::operator delete(single[2], alignment);
+  ::operator delete(single[3], alignment, std::nothrow);
+  ::operator delete[](arrays[0]);
+  ::operator delete[](arrays[1], std::nothrow);
+  ::operator delete[](arrays[2], alignment);
+  ::operator delete[](arrays[3], alignment, std::nothrow);
+  EXPECT_EQ(heap.blocks, before.blocks);
+  EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks);
+}
+
+TEST_F(Ownership, IsOfArrayBlocksOfTheExactSizeAndOfNothingElse) {
+  for (const Call& query : AllQueries()) {
+    SCOPED_TRACE(query.name);
+    Results results;
+    const Heap before = heap;
+    query.run(*editor, results);
+    const Heap after = heap;
+    EXPECT_EQ(after.arrayBlocks - before.arrayBlocks, results.Blocks());
+    EXPECT_EQ(after.blocks - before.blocks, results.Blocks());
+    EXPECT_EQ(after.arrayBytes - before.arrayBytes, results.Bytes());
+  }
+}
+
+TEST_F(Ownership, IsPaidBackByTheCallerInFull) {
+  for (const Call& query : AllQueries()) {
+    SCOPED_TRACE(query.name);
+    const Heap before = heap;
+    {
+      Results results;
+      query.run(*editor, results);
+    }
+    EXPECT_EQ(heap.blocks, before.blocks);
+    EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks);
+  }
+}
+
+TEST_F(Ownership, IsLeftAsItIsByCallsThatChangeNothing) {
+  const std::wstring answers = Answers(*editor);
+  for (const Call& change : changes) {
+    SCOPED_TRACE(change.name);
+    const Heap before = heap;
+    {
+      Results results;
+      change.run(*editor, results);
+    }
+    EXPECT_EQ(heap.blocks, before.blocks);
+    EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks);
+    EXPECT_EQ(Answers(*editor), answers);
+  }
+}
+
+TEST_F(Ownership, EndsWithTheEditor) {
+  const std::wstring dataFolder = folder.Wide();
+  const Heap before = heap;
+  {
+    Editor loaded(dataFolder.c_str(), L"a configuration text");
+    Fill(loaded);
+    Editor copy(loaded);
+    Editor assigned(L"another folder", L"another text");
+    assigned.SetStartMark(L"a mark that is replaced");
+    assigned = copy;
+    copy = Editor(L"", L"");
+    EXPECT_EQ(Answers(assigned), Answers(loaded));
+  }
+  EXPECT_EQ(heap.blocks, before.blocks);
+  EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks);
+}
+
+TEST_F(Ownership, IsTheSameForAnEditorAndItsCopies) {
+  Editor first(*editor);
+  const long before = heap.blocks;
+  std::optional<Editor> second(first);
+  const long blocks = heap.blocks - before;
+  first = *second;  // gives up as much as it takes
+  EXPECT_EQ(heap.blocks, before + blocks);
+  second.reset();
+  EXPECT_EQ(heap.blocks, before);
+}
+
+// Buffers
+
+TEST_F(Ownership, IsOfBuffersThatNoOtherCallGives) {
+  for (const Call& query : AllQueries()) {
+    SCOPED_TRACE(query.name);
+    Results first;
+    Results second;
+    query.run(*editor, first);
+    query.run(*editor, second);
+    std::vector<const void*> addresses = first.Addresses();
+    const std::vector<const void*> more = second.Addresses();
+    addresses.insert(addresses.end(), more.begin(), more.end());
+    EXPECT_EQ(std::set<const void*>(addresses.begin(), addresses.end()).size(), addresses.size());
+    EXPECT_EQ(first.Take(), second.Take());
+  }
+}
+
+TEST_F(Ownership, IsOfANewBufferEvenForAnEmptyText) {
+  const std::wstring empty = folder.Write("empty.txt", "");
+  Editor bare(L"", L"");
+  ASSERT_EQ(bare.CreateClassificator(L"", L"", L"", empty.c_str()), 0);
+  ASSERT_EQ(bare.SetActiveClassificator(L""), 0);
+  const Call emptyTexts[] = {
+      {"GetActiveClassificatorParamName",
+       [](Editor& one, Results& to) { to.text = one.GetActiveClassificatorParamName(); }},
+      {"GetActiveDomenId", [](Editor& one, Results& to) { to.text = one.GetActiveDomenId(); }},
+      {"GetClaccificatorCode",
+       [](Editor& one, Results& to) { to.text = one.GetClaccificatorCode(-1); }},
+      {"GetClaccificatorCodeParams",
+       [](Editor& one, Results& to) { to.text = one.GetClaccificatorCodeParams(-1, 1, L""); }},
+      {"GetDefaultClaccificatorCode",
+       [](Editor& one, Results& to) { to.text = one.GetDefaultClaccificatorCode(); }},
+  };
+  for (const Call& call : emptyTexts) {
+    SCOPED_TRACE(call.name);
+    Results first;
+    Results second;
+    const Heap before = heap;
+    call.run(bare, first);
+    call.run(bare, second);
+    const Heap after = heap;
+    ASSERT_NE(first.text, nullptr);
+    EXPECT_EQ(*first.text, L'\0');
+    EXPECT_NE(first.text, second.text);
+    EXPECT_EQ(after.blocks - before.blocks, 2);
+    EXPECT_EQ(after.arrayBytes - before.arrayBytes, 2 * sizeof(wchar_t));
+  }
+}
+
+TEST_F(Ownership, IsNotTouchedByLaterCallsNorByTheEndOfTheEditor) {
+  const std::vector<Call> all = AllQueries();
+  std::vector<std::wstring> expected;
+  for (const Call& query : all) {
+    Results results;
+    query.run(*editor, results);
+    expected.push_back(results.Take());
+  }
+  std::vector<Results> held(all.size());
+  for (std::size_t i = 0; i < all.size(); ++i) all[i].run(*editor, held[i]);
+  editor->SetStartMark(L"<another mark");
+  editor->SetActiveColorat(L"first_colours");
+  editor->SetActiveDomenId(L"Openings");
+  editor->SetActiveClassificator(L"");
+  *editor = Editor(L"", L"");
+  editor.reset();
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    EXPECT_EQ(held[i].Take(), expected[i]) << all[i].name;
+  }
+}
+
+// Failures of a lookup
+
+struct Failure {
+  const char* name;
+  const char* text;
+  int count;  // what the call leaves in it, -1 being what it finds there
+  void (*run)(Editor& editor, Results& results);
+};
+
+const Failure withoutClassificator[] = {
+    {"SetActiveColorat", badSubscript, -1,
+     [](Editor& editor, Results&) { editor.SetActiveColorat(L"second_colours"); }},
+    {"GetColoratsIds", badSubscript, -1,
+     [](Editor& editor, Results& to) { editor.GetColoratsIds(to.count, to.texts[0].array); }},
+    {"GetColorNum", badSubscript, -1,
+     [](Editor& editor, Results& to) { to.values[0] = editor.GetColorNum(L"SecondKeyText"); }},
+    {"GetColor", badSubscript, -1,
+     [](Editor& editor, Results& to) {
+       editor.GetColor(L"SecondKeyText", to.values[0], to.values[1], to.values[2], to.values[3],
+                       to.values[4]);
+     }},
+};
+
+const Failure withClassificator[] = {
+    {"GetColorNum", badKey, -1,
+     [](Editor& editor, Results& to) { to.values[0] = editor.GetColorNum(L"no such key text"); }},
+    {"GetColor", badKey, -1,
+     [](Editor& editor, Results& to) {
+       editor.GetColor(L"no such key text", to.values[0], to.values[1], to.values[2], to.values[3],
+                       to.values[4]);
+     }},
+    {"GetClaccificatorCode, too great", badSubscript, -1,
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(2); }},
+    {"GetClaccificatorCode, too small", badSubscript, -1,
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(-2); }},
+    {"GetClaccificatorCodeParams of ==MAPTEXT", badSubscript, -1,
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCodeParams(2, 1, L"="); }},
+    {"GetClaccificatorCodeParams of ==PARAM", badSubscript, -1,
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCodeParams(2, 2, L"="); }},
+    {"GetDomenPropertyFieldsValues", badKey, -1,
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertyFieldsValues(L"Openings", L"no such property", to.count,
+                                           to.texts[0].array, to.texts[1].array, to.numbers.array,
+                                           to.flags[0].array, to.texts[2].array);
+     }},
+    {"GetDomenPropertiesCheckInfo", badSubscript, 0,
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertiesCheckInfo(L"Structures", to.count, to.texts[0].array,
+                                          to.flags[0].array, to.numbers.array, to.flags[1].array);
+     }},
+};
+
+void ExpectFailure(Editor& editor, const Failure& failure) {
+  SCOPED_TRACE(failure.name);
+  const Results untouched;
+  Results results;
+  const long before = heap.blocks;
+  try {
+    failure.run(editor, results);
+    ADD_FAILURE() << "nothing is raised";
+  } catch (const std::exception& error) {
+    EXPECT_TRUE(typeid(error) == typeid(std::out_of_range)) << typeid(error).name();
+    EXPECT_STREQ(error.what(), failure.text);
+  }
+  EXPECT_EQ(heap.blocks, before);
+  EXPECT_EQ(results.count, failure.count);
+  EXPECT_FALSE(results.ArraysWritten());
+  EXPECT_EQ(results.text, nullptr);
+  EXPECT_TRUE(std::equal(std::begin(results.values), std::end(results.values), untouched.values));
+}
+
+TEST_F(Ownership, IsOfNothingWhenALookupFails) {
+  const std::wstring answers = Answers(*editor);
+  for (const Failure& failure : withClassificator) ExpectFailure(*editor, failure);
+  EXPECT_EQ(Answers(*editor), answers);
+
+  Editor empty(L"", L"");
+  Editor unselected(folder.Wide().c_str(), L"");
+  ASSERT_EQ(unselected.CreateClassificator(L"id", L"", L"", L"a.txt"), 0);
+  for (const Failure& failure : withoutClassificator) {
+    ExpectFailure(empty, failure);
+    ExpectFailure(unselected, failure);
+  }
+}
+
+// Failed allocations
+
+struct Attempt {
+  bool failed;  // the allocation was asked for, and failed
+  bool raised;  // `bad_alloc` left the call
+};
+
+// Runs the call while its n-th allocation fails.
+template <class Run>
+Attempt RunFailing(long n, Run run) {
+  bool raised = false;
+  heap.failIn = n;
+  try {
+    run();
+  } catch (const std::bad_alloc&) {
+    raised = true;
+  } catch (...) {
+    heap.failIn = 0;
+    throw;
+  }
+  return {std::exchange(heap.failIn, 0) == 0, raised};
+}
+
+// More allocations than any call of these tests makes.
+constexpr long enough = 5000;
+
+TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfAQueryFails) {
+  const std::wstring answers = Answers(*editor);
+  for (const Call& query : queries) {
+    SCOPED_TRACE(query.name);
+    Results full;
+    query.run(*editor, full);
+    const std::wstring fullText = full.Take();
+    const std::wstring untouched = Results().Take();
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      Results results;
+      const long before = heap.blocks;
+      const Attempt attempt = RunFailing(n, [&] { query.run(*editor, results); });
+      complete = !attempt.failed;
+      ASSERT_EQ(attempt.raised, attempt.failed) << n;
+      if (complete) {
+        EXPECT_EQ(results.Take(), fullText);
+      } else {
+        ASSERT_EQ(heap.blocks, before) << n;
+        EXPECT_FALSE(results.ArraysWritten()) << n;
+        results.count = -1;  // it may have been written
+        EXPECT_EQ(results.Take(), untouched) << n;
+      }
+      ASSERT_EQ(Answers(*editor), answers) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
+std::vector<std::wstring> ItemsOf(std::wstring_view text) {
+  std::vector<std::wstring> items;
+  for (std::size_t end; (end = text.find(L';')) != text.npos; text.remove_prefix(end + 1)) {
+    items.emplace_back(text.substr(0, end));
+  }
+  items.emplace_back(text);
+  return items;
+}
+
+// Whether the text is the full one, but for items that are left out whole. `head` is what both
+// begin with.
+bool IsWithoutItems(const std::wstring& text, const std::wstring& full, std::wstring_view head) {
+  if (!text.starts_with(head)) return false;
+  const std::vector<std::wstring> items = ItemsOf(std::wstring_view(text).substr(head.size()));
+  const std::vector<std::wstring> all = ItemsOf(std::wstring_view(full).substr(head.size()));
+  if (items.back() != all.back()) return false;
+  auto next = all.begin();
+  for (const std::wstring& item : items) {
+    next = std::find(next, all.end(), item);
+    if (next == all.end()) return false;
+    ++next;
+  }
+  return true;
+}
+
+TEST_F(Ownership, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositionFails) {
+  const std::wstring answers = Answers(*editor);
+  for (const Call& composition : compositions) {
+    SCOPED_TRACE(composition.name);
+    Results full;
+    composition.run(*editor, full);
+    const std::wstring fullText = full.text;
+    const std::size_t mark = fullText.find(L"ClassCode");
+    const std::wstring head =
+        mark == fullText.npos ? L"" : fullText.substr(0, fullText.find(L';') + 1);
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      Results results;
+      const long before = heap.blocks;
+      const Attempt attempt = RunFailing(n, [&] { composition.run(*editor, results); });
+      complete = !attempt.failed;
+      if (attempt.raised) {
+        ASSERT_EQ(heap.blocks, before) << n;
+        EXPECT_EQ(results.text, nullptr) << n;
+      } else {
+        ASSERT_NE(results.text, nullptr) << n;
+        ASSERT_EQ(heap.blocks, before + 1) << n;
+        EXPECT_TRUE(IsWithoutItems(results.text, fullText, head)) << n << ": " << results.text;
+        if (complete) {
+          EXPECT_EQ(results.text, fullText);
+        }
+      }
+      ASSERT_EQ(Answers(*editor), answers) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
+TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
+  const Call changing[] = {
+      {"SetActiveClassificator",
+       [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveClassificator(L""), 0); }},
+      {"SetActiveColorat",
+       [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveColorat(L"first_colours"), 0); }},
+      {"SetActiveDomenByName",
+       [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveDomenByName(L"Openings"), 0); }},
+      {"SetActiveDomenId",
+       [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveDomenId(L"Openings"), 0); }},
+      {"SetEndMark",
+       [](Editor& one, Results&) { one.SetEndMark(L"an end mark that is longer than before>"); }},
+      {"SetStartMark",
+       [](Editor& one, Results&) { one.SetStartMark(L"<a start mark longer than before"); }},
+      {"operator=",
+       [](Editor& one, Results&) {
+         Editor other(one);
+         other.SetStartMark(L"");
+         one = other;
+       }},
+  };
+  const std::wstring answers = Answers(*editor);
+  for (const Call& change : changing) {
+    SCOPED_TRACE(change.name);
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      const long before = heap.blocks;
+      {
+        Editor copy(*editor);
+        Results results;
+        const Attempt attempt = RunFailing(n, [&] { change.run(copy, results); });
+        complete = !attempt.failed;
+        ASSERT_EQ(attempt.raised, attempt.failed) << n;
+        if (attempt.raised) {
+          ASSERT_EQ(Answers(copy), answers) << n;
+        }
+      }
+      ASSERT_EQ(heap.blocks, before) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
+TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
+  const std::wstring answers = Answers(*editor);
+  const std::wstring dataFolder = folder.Wide();
+  long n = 1;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    const long before = heap.blocks;
+    const Attempt attempt = RunFailing(n, [&] {
+      const Editor made(dataFolder.c_str(), L"a configuration text");
+      const Editor copy(*editor);
+    });
+    complete = !attempt.failed;
+    ASSERT_EQ(attempt.raised, attempt.failed) << n;
+    ASSERT_EQ(heap.blocks, before) << n;
+  }
+  EXPECT_LT(n, enough);
+  EXPECT_EQ(Answers(*editor), answers);
+}
+
+// A failure inside a reader is its status 3, one outside leaves the call; either way the editor can
+// be asked and loaded further.
+TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
+  folder.Write("more.txt",
+               "==MAPTEXT\n@N {P=1}\nnew thing\n==COLORAT\n@m M\nA 1 2 3 4\n"
+               "==DOMEN\n@@@ Zones\n@ P 1 2 Title of it\nF slist 0 word\n");
+  const std::wstring marks = Take(editor->GetStartMark()) + Take(editor->GetEndMark());
+  const ClassificatorNames names = ListClassificators(*editor);
+  int domenCount = 0;
+  const wchar_t** domenIds = editor->GetDomensIds(domenCount);
+  const std::vector<std::wstring> domens = TakeAll(domenCount, domenIds);
+  ASSERT_FALSE(domens.empty());
+  for (const bool classificator : {true, false}) {
+    SCOPED_TRACE(classificator ? "CreateClassificator" : "CreateDomen");
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      const long before = heap.blocks;
+      {
+        Editor copy(*editor);
+        int status = -1;
+        const Attempt attempt = RunFailing(n, [&] {
+          status = classificator
+                       ? copy.CreateClassificator(L"new id", L"new name", L"", L"more.txt")
+                       : copy.CreateDomen(L"more.txt");
+        });
+        complete = !attempt.failed;
+        if (complete) {
+          EXPECT_EQ(status, 0);
+        } else if (!attempt.raised) {
+          EXPECT_EQ(status, 3) << n;
+        }
+        const std::size_t added = classificator && !attempt.raised ? 1 : 0;
+        EXPECT_EQ(ListClassificators(copy).size(), names.size() + added) << n;
+        EXPECT_EQ(Take(copy.GetStartMark()) + Take(copy.GetEndMark()), marks);
+        // What was there before stays, whatever the load came to.
+        int count = 0;
+        const wchar_t** ids = copy.GetDomensIds(count);
+        const std::vector<std::wstring> kept = TakeAll(count, ids);
+        EXPECT_TRUE(std::includes(kept.begin(), kept.end(), domens.begin(), domens.end())) << n;
+        EXPECT_EQ(copy.CreateDomen(L"more.txt"), 0) << n;
+        EXPECT_EQ(Take(copy.GetActiveDomenId()), L"Zones") << n;
+        Results sortIndexes;
+        copy.GetPropertiesSortIndex(L"Zones", sortIndexes.count, sortIndexes.texts[0].array,
+                                    sortIndexes.numbers.array);
+        EXPECT_EQ(sortIndexes.count, 1) << n;
+      }
+      ASSERT_EQ(heap.blocks, before) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
+// The reader gives status 3 and adds nothing, or the failure leaves the call.
+TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
+  const std::wstring file = folder.Write("zones.json", R"({
+    "Domen": {"sName": "Zones of the model", "asFuncsNames": ["ZoneKind"]},
+    "Properties": {"ZoneKind": {"asObjectTypes": ["Room of some kind"], "iSortId": 10,
+                                "sName": "Kind of zone", "asFuncsNames": ["Kind"]}},
+    "ArrayValueFields": {"Kind": {"sType": "s", "sDefault": "A text of some length"}}})");
+  const std::wstring answers = Answers(*editor);
+  long n = 1;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    const long before = heap.blocks;
+    {
+      Editor copy(*editor);
+      int status = -1;
+      const Attempt attempt = RunFailing(n, [&] { status = copy.CreateDomen(file.c_str()); });
+      complete = !attempt.failed;
+      if (complete) {
+        EXPECT_EQ(status, 0);
+        EXPECT_EQ(copy.SetActiveDomenByName(L"Zones of the model"), 0);
+      } else {
+        EXPECT_TRUE(attempt.raised || status == 3) << n << ": " << status;
+        EXPECT_EQ(Answers(copy), answers) << n;
+      }
+    }
+    ASSERT_EQ(heap.blocks, before) << n;
+  }
+  EXPECT_LT(n, enough);
+}
+
+// An export that fails leaves the file of before, and no other.
+TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
+  const TempFolder targets;
+  const std::wstring target = targets.Write("a.json", "");
+  const std::filesystem::path path = targets.Path() / "a.json";
+  const auto filesThere = [&] {
+    return std::distance(std::filesystem::directory_iterator(targets.Path()), {});
+  };
+  editor->ExportJson(L"Openings", target.c_str());
+  const auto fullSize = std::filesystem::file_size(path);
+  ASSERT_GT(fullSize, 0u);
+  const std::wstring answers = Answers(*editor);
+  long n = 1;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    targets.Write("a.json", "");
+    const long before = heap.blocks;
+    const Attempt attempt = RunFailing(n, [&] { editor->ExportJson(L"Openings", target.c_str()); });
+    complete = !attempt.failed;
+    ASSERT_EQ(heap.blocks, before) << n;
+    ASSERT_EQ(filesThere(), 1) << n;
+    const auto size = std::filesystem::file_size(path);
+    if (complete) {
+      EXPECT_EQ(size, fullSize);
+    } else {
+      EXPECT_TRUE(size == 0 || size == fullSize) << n << ": " << size;
+    }
+  }
+  EXPECT_LT(n, enough);
+  EXPECT_EQ(Answers(*editor), answers);
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,274 @@
+// `ReplaceWholeFile` with what only POSIX has: permissions, devices, and processes that die on the
+// way.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <system_error>
+
+#include "editor/Files.h"
+#include "support/PlainUser.h"
+#include "support/Program.h"
+#include "support/TempFolder.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::set<std::string> NamesIn(const fs::path& folder) {
+  std::set<std::string> names;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    names.insert(entry.path().filename().string());
+  }
+  return names;
+}
+
+unsigned ModeOf(const fs::path& path) {
+  return static_cast<unsigned>(fs::status(path).permissions());
+}
+
+// Runs the work in a process of its own and gives the status of its end. The process ends without
+// a word, whatever the work does.
+template <class Work>
+int RunApart(Work work) {
+  const pid_t child = fork();
+  if (child == 0) {
+    work();
+    _exit(0);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  return status;
+}
+
+// No file of this process may grow beyond the size. What happens instead is either an error of the
+// write, as on a full disk, or the end of the process.
+void LimitFileSize(rlim_t size, bool killed) {
+  std::signal(SIGXFSZ, killed ? SIG_DFL : SIG_IGN);
+  const rlimit limit = {size, size};
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+// Kills this process when the time has passed, wherever it is then.
+void DieIn(std::chrono::microseconds time) {
+  std::signal(SIGALRM, SIG_DFL);
+  itimerval timer = {};
+  timer.it_value.tv_sec = static_cast<time_t>(time.count() / 1'000'000);
+  timer.it_value.tv_usec = static_cast<suseconds_t>(time.count() % 1'000'000 + 1);
+  setitimer(ITIMER_REAL, &timer, nullptr);
+}
+
+// Whether the file system has files without a name, by which a killed process leaves no trace.
+bool HasUnnamedFiles([[maybe_unused]] const fs::path& folder) {
+#ifdef O_TMPFILE
+  const int file = open(folder.c_str(), O_TMPFILE | O_WRONLY, 0600);
+  if (file >= 0) close(file);
+  return file >= 0;
+#else
+  return false;
+#endif
+}
+
+TEST(ReplaceWholeFile, KeepsThePermissionsOfTheOldFile) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", "old");
+  for (const unsigned mode : {0600u, 0644u, 0755u, 0666u, 0777u, 0620u}) {
+    fs::permissions(folder.Path() / "a", static_cast<fs::perms>(mode));
+    ReplaceWholeFile(file, "new");
+    EXPECT_EQ(ModeOf(folder.Path() / "a"), mode);
+  }
+}
+
+TEST(ReplaceWholeFile, GivesANewFileThePermissionsThatNewFilesHave) {
+  const TempFolder folder;
+  const mode_t before = umask(0);
+  for (const mode_t mask : {mode_t{0}, mode_t{022}, mode_t{077}, mode_t{027}}) {
+    umask(mask);
+    ReplaceWholeFile(folder.Wide() + L"/a", "new");
+    EXPECT_EQ(ModeOf(folder.Path() / "a"), 0666u & ~mask);
+    fs::remove(folder.Path() / "a");
+  }
+  umask(before);
+}
+
+TEST(ReplaceWholeFile, LeavesTheOldFileToThoseWhoHaveItOpen) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", "old");
+  std::ifstream reader(folder.Path() / "a", std::ios::binary);
+  ReplaceWholeFile(file, "new and longer");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
+  EXPECT_EQ(ReadBytes(folder.Path() / "a"), "new and longer");
+}
+
+TEST(ReplaceWholeFile, NeverReplacesADevice) {
+  struct stat before = {};
+  if (stat("/dev/null", &before) != 0 || !S_ISCHR(before.st_mode)) GTEST_SKIP() << "no device here";
+  const TempFolder folder;
+  fs::create_symlink("/dev/null", folder.Path() / "link");
+  EXPECT_THROW(ReplaceWholeFile(L"/dev/null", "new"), std::system_error);
+  EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/link", "new"), std::system_error);
+  struct stat after = {};
+  ASSERT_EQ(lstat("/dev/null", &after), 0);
+  EXPECT_TRUE(S_ISCHR(after.st_mode));
+  EXPECT_EQ(after.st_ino, before.st_ino);
+  EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"link"});
+}
+
+TEST(ReplaceWholeFile, NeverReplacesAPipeAndDoesNotWaitForIt) {
+  const TempFolder folder;
+  const fs::path pipe = folder.Path() / "pipe";
+  if (mkfifo(pipe.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
+  EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/pipe", "new"), std::system_error);
+  EXPECT_TRUE(fs::is_fifo(pipe));
+  EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"pipe"});
+}
+
+TEST(ReplaceWholeFile, MakesNothingInAFolderThatMayNotBeWritten) {
+  const TempFolder folder;
+  const fs::path closed = folder.Path() / "closed";
+  fs::create_directory(closed);
+  folder.Write("closed/old", "old");
+  fs::permissions(closed, fs::perms::owner_read | fs::perms::owner_exec);
+  std::optional<PlainUser> plainUser(std::in_place);
+  const bool refused = access(closed.c_str(), W_OK) != 0;
+  if (refused) {
+    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/closed/new", "new"), std::system_error);
+    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/closed/old", "new"), std::system_error);
+  }
+  plainUser.reset();
+  fs::permissions(closed, fs::perms::owner_all);
+  if (!refused) GTEST_SKIP() << "no folder is closed to this user";
+  EXPECT_EQ(NamesIn(closed), std::set<std::string>{"old"});
+  EXPECT_EQ(ReadBytes(closed / "old"), "old");
+}
+
+const std::string oldBytes(1'000'000, 'a');
+const std::string newBytes(1'000'003, 'b');
+
+TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseIfTheNewOneDoesNotFit) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", oldBytes);
+  const auto ends = [](const std::wstring& path, rlim_t size) {
+    return RunApart([&] {
+      LimitFileSize(size, false);
+      try {
+        ReplaceWholeFile(path, newBytes);
+      } catch (const std::system_error& error) {
+        _exit(error.code() == std::errc::file_too_large ? 1 : 2);
+      }
+    });
+  };
+  for (const rlim_t size : {rlim_t{0}, rlim_t{1}, rlim_t{4096}, rlim_t{1'000'002}}) {
+    EXPECT_EQ(WEXITSTATUS(ends(file, size)), 1) << size;
+    EXPECT_EQ(WEXITSTATUS(ends(folder.Wide() + L"/new", size)), 1) << size;
+    EXPECT_TRUE(ReadBytes(folder.Path() / "a") == oldBytes) << size;
+    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"}) << size;
+  }
+  EXPECT_EQ(ends(file, rlim_t{1'000'003}), 0);
+  EXPECT_TRUE(ReadBytes(folder.Path() / "a") == newBytes);
+}
+
+TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseIfTheProcessDiesInTheMiddleOfTheWrite) {
+  const TempFolder folder;
+  if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
+  const std::wstring file = folder.Write("a", oldBytes);
+  for (const rlim_t size : {rlim_t{0}, rlim_t{4096}, rlim_t{1'000'002}}) {
+    const int status = RunApart([&] {
+      const rlimit noCore = {0, 0};
+      setrlimit(RLIMIT_CORE, &noCore);
+      LimitFileSize(size, true);
+      ReplaceWholeFile(file, newBytes);
+    });
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ) << size;
+    EXPECT_TRUE(ReadBytes(folder.Path() / "a") == oldBytes) << size;
+    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"}) << size;
+  }
+}
+
+// How many processes die in a test. A moment that does harm takes more of them to be met for sure;
+// the number can be raised for a search.
+constexpr int killings = 25;
+
+// Kills a process that replaces the file by one of the two texts and the other over and over, at a
+// moment of its own each time. Tells how often another file was left beside it.
+int KillOverAndOver(const TempFolder& folder, const std::string& one, const std::string& other,
+                    int times, std::chrono::microseconds latest) {
+  const std::wstring file = folder.Write("a", one);
+  const fs::path path = folder.Path() / "a";
+  std::minstd_rand random;
+  int left = 0;
+  for (int i = 0; i < times; ++i) {
+    std::uniform_int_distribution<long> anyMoment(0, static_cast<long>(latest.count()));
+    const std::chrono::microseconds moment(anyMoment(random));
+    const int status = RunApart([&] {
+      DieIn(moment);
+      while (true) {
+        ReplaceWholeFile(file, other);
+        ReplaceWholeFile(file, one);
+      }
+    });
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
+    const std::string bytes = ReadBytes(path);
+    EXPECT_TRUE(bytes == one || bytes == other) << "the old file or the new one, whole";
+    const std::size_t names = NamesIn(folder.Path()).size();
+    EXPECT_LE(names, 2u) << "what one process leaves goes with the next";
+    left += names == 2;
+  }
+  return left;
+}
+
+TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWheneverTheProcessDies) {
+  const TempFolder folder;
+  if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
+  KillOverAndOver(folder, oldBytes, newBytes, killings, std::chrono::milliseconds(2));
+  ReplaceWholeFile(folder.Wide() + L"/a", "last");
+  EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
+}
+
+TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
+  const TempFolder folder;
+  if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
+  const int left = KillOverAndOver(folder, "a", "b", killings, std::chrono::microseconds(500));
+  RecordProperty("left", left);
+  ReplaceWholeFile(folder.Wide() + L"/a", "last");
+  EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
+  EXPECT_EQ(ReadBytes(folder.Path() / "a"), "last");
+}
+
+TEST(ReplaceWholeFile, ShowsReadersTheOldFileOrTheNewOneWhole) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", oldBytes);
+  const pid_t child = fork();
+  if (child == 0) {
+    for (int i = 0; i < 10; ++i) {
+      ReplaceWholeFile(file, newBytes);
+      ReplaceWholeFile(file, oldBytes);
+    }
+    _exit(0);
+  }
+  int status = -1;
+  while (waitpid(child, &status, WNOHANG) == 0) {
+    const std::string bytes = ReadBytes(folder.Path() / "a");
+    ASSERT_TRUE(bytes == oldBytes || bytes == newBytes) << bytes.size();
+  }
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll

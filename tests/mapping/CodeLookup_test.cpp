@@ -1,0 +1,500 @@
+#include "mapping/CodeLookup.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <locale>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "classificator/Classificator.h"
+#include "support/GlobalLocale.h"
+#include "support/LoadedScheme.h"
+#include "support/OutOfRange.h"
+#include "support/Results.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+using namespace std::string_literals;
+
+using Texts = std::vector<std::wstring>;
+
+MapTextRecord RecordOf(Texts tokens) {
+  MapTextRecord record;
+  record.tokens = std::move(tokens);
+  return record;
+}
+
+// A classificator whose section was read from this text.
+Classificator Read(std::wstring_view text) {
+  Classificator classificator(L"S");
+  ParseMapTextSection(classificator.mapTextSection, text);
+  return classificator;
+}
+
+// A classificator whose records were put together by hand, in this order.
+Classificator WithRecords(const std::vector<Texts>& records) {
+  Classificator classificator(L"S");
+  for (const Texts& tokens : records) {
+    classificator.mapTextSection.records.push_back(RecordOf(tokens));
+  }
+  return classificator;
+}
+
+int FirstMatch(const Classificator& classificator, std::wstring_view text) {
+  int position = 0;
+  for (const MapTextRecord& record : classificator.mapTextSection.records) {
+    if (Matches(record, text)) return position;
+    ++position;
+  }
+  return noCodeId;
+}
+
+TEST(GetClaccificatorCodeId, GivesTheFirstPatternWhoseWordsBeginTheWordsOfTheText) {
+  struct Case {
+    const wchar_t* text;
+    int codeId;
+  };
+  const Case cases[] = {
+      {L"Door 2", 0},
+      {L"doors", 0},
+      {L"BASIC WALLS 200", 1},
+      {L"basic wall", 1},
+      {L"basic", -1},
+      {L"basic wal", -1},
+      {L"basic  wall", -1},
+      {L"wall basic", -1},
+      {L"", -1},
+      {L"doo", -1},
+      {L"the door", -1},
+      {L"door", 0},
+      {L"basically walled", 1},
+      {L"basicwall", -1},
+      {L"do or", -1},
+  };
+  LoadedScheme scheme("==MAPTEXT\n@W\nbasic wall\n@D\ndoor\n");
+  for (const Case& one : cases) {
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(one.text), one.codeId) << one.text;
+  }
+}
+
+TEST(GetClaccificatorCodeId, GivesTheGeneralPatternAheadOfTheSpecialOne) {
+  LoadedScheme scheme("==MAPTEXT\n@O\nwall outer\n@W\nwall\n");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall outer 1"), 0);
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"W");
+}
+
+TEST(GetClaccificatorCodeId, GivesTheFirstInTheFileAmongPatternsOfEqualLength) {
+  LoadedScheme scheme("==MAPTEXT\n@A\nwall\n@B\nwa\n@C\nwall\n");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), 0);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"water"), 1);
+}
+
+TEST(GetClaccificatorCodeId, IsBlindToTheCaseOfPatternAndText) {
+  LoadedScheme scheme("==MAPTEXT\nDOOR\nwindow\nRoof\n");
+  for (const wchar_t* text : {L"door", L"DOOR", L"dOOr"}) {
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(text), 0) << text;
+  }
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"WINDOW"), 1);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"rOOF"), 2);
+}
+
+TEST(GetClaccificatorCodeId, SeparatesTheWordsOfTheTextAtBlanksAlone) {
+  struct Case {
+    const wchar_t* text;
+    int codeId;
+  };
+  const Case cases[] = {
+      {L"basic\twall", -1},      {L"basic\nwall", -1},     {L"basic\u00A0wall", -1},
+      {L"basic\u3000wall", -1},  {L"basic\t wall", 0},     {L"basic \twall", 0},
+      {L"basic \u00A0wall", 0},  {L"basic \t wall", -1},   {L"basic \u00A0 wall", -1},
+      {L"basic wall\tbrick", 0}, {L"basic\twall wall", 0},
+  };
+  LoadedScheme scheme("==MAPTEXT\nbasic wall\n");
+  for (const Case& one : cases) {
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(one.text), one.codeId) << one.text;
+  }
+}
+
+TEST(GetClaccificatorCodeId, TakesALeadingBlankForAnEmptyFirstWordAndATrailingOneForAnEmptyLast) {
+  struct Case {
+    const wchar_t* text;
+    int codeId;
+  };
+  const Case cases[] = {
+      {L" door", -1}, {L"door ", 0},    {L"door  ", 0},       {L" ", -1},
+      {L"\tdoor", 0}, {L"\t door", -1}, {L"\u00A0\ndoor", 0}, {L"door\n", 0},
+  };
+  LoadedScheme scheme("==MAPTEXT\ndoor\n");
+  for (const Case& one : cases) {
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(one.text), one.codeId) << one.text;
+  }
+}
+
+TEST(GetClaccificatorCodeId, FitsAnyWordToTheEmptyWordOfADoubleBlankInThePattern) {
+  LoadedScheme scheme("==MAPTEXT\nwall  basic\n");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall outer basic"), 0);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall  basic"), 0);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall basic"), -1);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall basic basic"), 0);
+}
+
+TEST(GetClaccificatorCodeId, KnowsNoWildcards) {
+  LoadedScheme scheme("==MAPTEXT\nwall*\n.*\nd?or [a-z]\n");
+  for (const wchar_t* text : {L"wall", L"walls", L"roof", L"door x", L""}) {
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(text), -1) << text;
+  }
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"WALL*s"), 0);
+}
+
+TEST(GetClaccificatorCodeId, GivesMinusOneWithoutASection) {
+  for (const char* text : {"", "==MAPTEXT\n", "==PARAM\nwall\n"}) {
+    LoadedScheme scheme(text);
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), -1) << text;
+    EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L""), -1) << text;
+  }
+}
+
+TEST(GetClaccificatorCodeId, MatchesCyrillicTexts) {
+  LoadedScheme scheme("==MAPTEXT\nСТЕНА БАЗОВАЯ\nДВЕРЬ\n");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"ДВЕРЬ-1"), 0);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"СТЕНА БАЗОВАЯ 200"), 1);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"СТЕН БАЗОВАЯ"), -1);
+}
+
+TEST(GetClaccificatorCodeId, MatchesCharactersAboveTheBasicPlane) {
+  LoadedScheme scheme("==MAPTEXT\n\U0001F6AA a\n");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"\U0001F6AA\U0001F6AA A"), 0);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"\U0001F6AB a"), -1);
+}
+
+TEST(GetClaccificatorCodeId, NeverReachesANulInAPattern) {
+  LoadedScheme scheme("==MAPTEXT\ndo\0or\n"s);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"do"), -1);
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"door"), -1);
+}
+
+TEST(GetClaccificatorCode, GivesTheCodeAtAPositionAfterSorting) {
+  LoadedScheme scheme("==MAPTEXT\n$ Z\n@W\nbasic wall\n@D\ndoor\n");
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"D");
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
+}
+
+TEST(GetClaccificatorCode, GivesTheDefaultCodeForMinusOne) {
+  LoadedScheme own("==MAPTEXT\n$ Z\n@W\nwall\n");
+  EXPECT_EQ(Take(own.editor.GetClaccificatorCode(-1)), L"Z");
+  LoadedScheme none("==MAPTEXT\n@W\nwall\n");
+  EXPECT_EQ(Take(none.editor.GetClaccificatorCode(-1)), L"N00");
+}
+
+TEST(GetClaccificatorCode, RaisesForAnyOtherNumberOutsideTheRecords) {
+  LoadedScheme scheme("==MAPTEXT\n@W\nwall\nroof\n");
+  for (const int codeId : {2, 3, INT_MAX, -2, INT_MIN}) {
+    EXPECT_EQ(OutOfRangeOf([&] { scheme.editor.GetClaccificatorCode(codeId); }), badSubscript)
+        << codeId;
+  }
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
+}
+
+TEST(GetClaccificatorCode, KnowsOnlyTheEmptyDefaultCodeWithoutASection) {
+  LoadedScheme scheme("==PARAM\nW10\n");
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(-1)), L"");
+  EXPECT_EQ(OutOfRangeOf([&] { scheme.editor.GetClaccificatorCode(0); }), badSubscript);
+}
+
+TEST(GetClaccificatorCode, GivesAnEmptyCodeAboveAllHeaders) {
+  LoadedScheme scheme("==MAPTEXT\nwall\n@D\ndoor\n");
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"");
+}
+
+TEST(GetClaccificatorCode, EndsACodeAtItsFirstNul) {
+  LoadedScheme scheme("==MAPTEXT\n@W\0X\nwall\n"s);
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"W");
+}
+
+TEST(GetClaccificatorCode, FollowsTheActiveClassificator) {
+  LoadedScheme scheme("==MAPTEXT\n$ Z1\n@A\nwall\n");
+  const std::wstring other = scheme.folder.Write("other.txt", "==MAPTEXT\n$ Z2\n@B\nroof\nwall\n");
+  ASSERT_EQ(scheme.editor.CreateClassificator(L"O", L"", L"", other.c_str()), 0);
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"A");
+  ASSERT_EQ(scheme.editor.SetActiveClassificator(L"O"), 0);
+  EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"B");
+  EXPECT_EQ(Take(scheme.editor.GetDefaultClaccificatorCode()), L"Z2");
+  EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), 1);
+}
+
+TEST(GetDefaultClaccificatorCode, IsEmptyWithoutASectionAndN00WithOneThatSetsNone) {
+  LoadedScheme without("==PARAM\nW10\n");
+  EXPECT_EQ(Take(without.editor.GetDefaultClaccificatorCode()), L"");
+  LoadedScheme with("==MAPTEXT\n");
+  EXPECT_EQ(Take(with.editor.GetDefaultClaccificatorCode()), L"N00");
+  LoadedScheme own("==MAPTEXT\n$ Прочее\n");
+  EXPECT_EQ(Take(own.editor.GetDefaultClaccificatorCode()), L"Прочее");
+}
+
+TEST(Matches, ComparesWordsPositionByPosition) {
+  struct Case {
+    Texts tokens;
+    const wchar_t* text;
+    bool matches;
+  };
+  const Case cases[] = {
+      {{L"BASIC", L"WALL"}, L"basic wall", true}, {{L"BASIC", L"WALL"}, L"basic walls 2", true},
+      {{L"BASIC", L"WALL"}, L"basic", false},     {{L"BASIC", L"WALL"}, L"basic wal l", false},
+      {{L"BASIC", L"WALL"}, L"basi wall", false}, {{L"WALL"}, L"basic wall", false},
+      {{L"basic", L"Wall"}, L"BASIC wALL", true},
+  };
+  for (const Case& one : cases) {
+    EXPECT_EQ(Matches(RecordOf(one.tokens), one.text), one.matches) << one.text;
+  }
+}
+
+TEST(Matches, FitsAnyTextToNoTokenAtAll) {
+  for (const wchar_t* text : {L"", L" ", L"wall", L"basic wall"}) {
+    EXPECT_TRUE(Matches(RecordOf({}), text)) << text;
+  }
+}
+
+TEST(Matches, FitsAnyWordToAnEmptyTokenButNeedsAWord) {
+  EXPECT_TRUE(Matches(RecordOf({L""}), L""));
+  EXPECT_TRUE(Matches(RecordOf({L""}), L"wall"));
+  EXPECT_TRUE(Matches(RecordOf({L"", L"WALL"}), L"any wall"));
+  EXPECT_TRUE(Matches(RecordOf({L"", L"WALL"}), L" wall"));
+  EXPECT_FALSE(Matches(RecordOf({L"", L""}), L"wall"));
+  EXPECT_TRUE(Matches(RecordOf({L"", L""}), L"wall "));
+}
+
+TEST(Matches, NeitherTrimsNorCutsAToken) {
+  for (const wchar_t* token : {L"BASIC WALL", L"BASIC ", L" BASIC", L" "}) {
+    EXPECT_FALSE(Matches(RecordOf({token}), L"basic wall")) << token;
+  }
+}
+
+TEST(Matches, ComparesNulsLikeAnyUnit) {
+  EXPECT_TRUE(Matches(RecordOf({L"A\0B"s}), L"a\0bc"s));
+  EXPECT_FALSE(Matches(RecordOf({L"A\0B"s}), L"a"));
+  EXPECT_FALSE(Matches(RecordOf({L"A\0B"s}), L"a\0c"s));
+}
+
+TEST(FindCodeId, GivesTheFirstRecordThatMatchesInWhateverOrderTheyStand) {
+  const Classificator classificator =
+      WithRecords({{L"BASIC", L"WALL", L"X"}, {L"wall"}, {L"BASIC", L"WALL"}, {L"BASIC"}, {L"W"}});
+  EXPECT_EQ(FindCodeId(classificator, L"basic wall x"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"basic wall"), 2);
+  EXPECT_EQ(FindCodeId(classificator, L"basic"), 3);
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
+  EXPECT_EQ(FindCodeId(classificator, L"window"), 4);
+  EXPECT_EQ(FindCodeId(classificator, L"roof"), -1);
+}
+
+TEST(FindCodeId, StopsAtARecordWithoutTokens) {
+  const Classificator classificator = WithRecords({{L"WALL"}, {}, {L"ROOF"}});
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"roof"), 1);
+  EXPECT_EQ(FindCodeId(classificator, L""), 1);
+}
+
+TEST(FindCodeId, StopsAtARecordOfEmptyTokensOnceTheTextHasWordsEnough) {
+  const Classificator classificator = WithRecords({{L"", L""}, {L"ROOF"}, {L""}});
+  EXPECT_EQ(FindCodeId(classificator, L"roof 1"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"roof"), 1);
+  EXPECT_EQ(FindCodeId(classificator, L""), 2);
+}
+
+TEST(FindCodeId, FindsNothingWithoutRecords) {
+  EXPECT_EQ(FindCodeId(Classificator(L"S"), L"wall"), noCodeId);
+  EXPECT_EQ(FindCodeId(Classificator(L"S"), L""), noCodeId);
+}
+
+TEST(FindCodeId, LooksAtTheTokensAndNotAtThePatternsText) {
+  Classificator classificator = Read(L"wall");
+  classificator.mapTextSection.records[0].text = L"roof";
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"roof"), -1);
+}
+
+TEST(FindCodeId, FollowsRecordsThatChangeAfterTheReading) {
+  Classificator classificator = Read(L"door\nwall\nroof\nbasic wall");
+  std::vector<MapTextRecord>& records = classificator.mapTextSection.records;
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
+  records.erase(records.begin());
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"door"), -1);
+  std::swap(records[0], records[2]);
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 2);
+  records[1].tokens = {L"WA"};
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
+  records[1].tokens[0][0] = L'B';
+  EXPECT_EQ(FindCodeId(classificator, L"bark"), 1);
+  records.push_back(RecordOf({L"WINDOW"}));
+  EXPECT_EQ(FindCodeId(classificator, L"window"), 3);
+  records.clear();
+  EXPECT_EQ(FindCodeId(classificator, L"window"), -1);
+}
+
+TEST(FindCodeId, FollowsASectionThatIsReadAgain) {
+  Classificator classificator = Read(L"door\nwall");
+  ParseMapTextSection(classificator.mapTextSection, L"wall");
+  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"door"), -1);
+}
+
+TEST(FindCodeId, AnswersAlikeInACopyWhateverBecomesOfItsSource) {
+  Classificator source = Read(L"door\nwall");
+  Classificator copy = source;
+  source.mapTextSection = Read(L"roof").mapTextSection;
+  EXPECT_EQ(FindCodeId(copy, L"wall"), 1);
+  EXPECT_EQ(FindCodeId(copy, L"roof"), -1);
+  EXPECT_EQ(FindCodeId(source, L"roof"), 0);
+  EXPECT_EQ(FindCodeId(source, L"wall"), -1);
+  copy.mapTextSection.records[0].tokens = {L"ROOF"};
+  EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
+  copy = source;
+  EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
+  EXPECT_EQ(FindCodeId(copy, L"wall"), -1);
+  const Classificator moved = std::move(copy);
+  EXPECT_EQ(FindCodeId(moved, L"roof"), 0);
+}
+
+TEST(FindCodeId, FoldsPatternAndTextByTheLocaleOfTheLookup) {
+  Classificator classificator(L"S");
+  {
+    const GlobalLocale latin(UpperOfLatin);
+    classificator = Read(L"стена");
+    EXPECT_EQ(FindCodeId(classificator, L"стена"), 0);
+    EXPECT_EQ(FindCodeId(classificator, L"Стена"), -1);
+  }
+  const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
+  EXPECT_EQ(FindCodeId(classificator, L"Стена"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"СТЕНА 2"), 0);
+}
+
+TEST(FindCodeId, KeepsTheCapitalsThatAPatternGotWhenItWasRead) {
+  Classificator classificator(L"S");
+  {
+    const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
+    classificator = Read(L"стена");
+    EXPECT_EQ(FindCodeId(classificator, L"стена"), 0);
+  }
+  const GlobalLocale latin(UpperOfLatin);
+  EXPECT_EQ(FindCodeId(classificator, L"стена"), -1);
+  EXPECT_EQ(FindCodeId(classificator, L"СТЕНА"), 0);
+}
+
+TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
+  Classificator classificator(L"S");
+  {
+    const GlobalLocale latin(UpperOfLatin);
+    classificator = Read(L"дверь\nДверь\nДВЕРЬ");
+    EXPECT_EQ(FindCodeId(classificator, L"ДВЕРЬ"), 2);
+    EXPECT_EQ(FindCodeId(classificator, L"Дверь"), 1);
+  }
+  const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
+  EXPECT_EQ(FindCodeId(classificator, L"ДВЕРЬ"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"Дверь"), 0);
+}
+
+TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
+  const GlobalLocale locale(
+      [](wchar_t unit) { return unit == L'ё' || unit == L'е' ? L'*' : unit; });
+  EXPECT_EQ(FindCodeId(Read(L"ёлка"), L"елка"), 0);
+  EXPECT_EQ(FindCodeId(Read(L"ёлка"), L"*лка"), 0);
+  EXPECT_EQ(FindCodeId(Read(L"a"), L"A"), -1);
+}
+
+TEST(FindCodeId, CutsTheTextOnceItIsInCapitals) {
+  const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
+  EXPECT_EQ(FindCodeId(Read(L"basic wall"), L"basic_wall"), 0);
+  EXPECT_EQ(FindCodeId(Read(L"basic_wall"), L"basic wall"), 0);
+}
+
+// Both sides are folded twice, the pattern when it is read and again at the lookup: it shows when
+// the capital of a letter has a capital of its own.
+TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
+  const GlobalLocale locale([](wchar_t unit) {
+    return unit >= L'a' && unit < L'z' ? static_cast<wchar_t>(unit + 1) : unit;
+  });
+  EXPECT_EQ(FindCodeId(Read(L"abc"), L"abc"), 0);
+  EXPECT_TRUE(Matches(Read(L"abc").mapTextSection.records[0], L"abcd"));
+  EXPECT_EQ(FindCodeId(Read(L"abc"), L"bcd"), -1);
+}
+
+TEST(FindCodeId, SetsNoLocale) {
+  const GlobalLocale locale(UpperOfLatin);
+  const std::locale before;
+  FindCodeId(Read(L"wall"), L"wall");
+  EXPECT_TRUE(std::locale() == before);
+}
+
+// Texts and patterns of few letters, so that many fit, fit in part, or hold empty words.
+TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
+  std::minstd_rand random(7);
+  const auto below = [&random](unsigned bound) { return static_cast<unsigned>(random() % bound); };
+  const auto word = [&below](unsigned longest) {
+    std::wstring made;
+    for (unsigned left = below(longest + 1); left > 0; --left) made += L"aAbжЖ"[below(5)];
+    return made;
+  };
+  const GlobalLocale locale(UpperOfLatinAndCyrillic);
+  for (int round = 0; round < 20; ++round) {
+    Classificator classificator(L"S");
+    std::wstring lines;
+    for (int line = 0; line < 40; ++line) lines += word(3) + L" " + word(3) + L" x\n";
+    ParseMapTextSection(classificator.mapTextSection, lines);
+    if (round % 2 == 1) {
+      for (int added = 0; added < 20; ++added) {
+        Texts tokens(below(100) == 0 ? 0 : 1 + below(3));
+        for (std::wstring& token : tokens) token = word(2);
+        auto& records = classificator.mapTextSection.records;
+        records.insert(records.begin() + below(static_cast<unsigned>(records.size()) + 1),
+                       RecordOf(tokens));
+      }
+    }
+    for (int query = 0; query < 100; ++query) {
+      const std::wstring text = word(4) + L" " + word(4) + (below(2) ? L" X" : L"");
+      ASSERT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text))
+          << "round " << round << ", " << text;
+    }
+  }
+}
+
+TEST(FindCodeId, TakesATextOfFiveMillionCharacters) {
+  const std::wstring word(5'000'000, L'w');
+  EXPECT_EQ(FindCodeId(Read(L"www"), word), 0);
+  EXPECT_EQ(FindCodeId(Read(L"w x"), word), -1);
+  EXPECT_EQ(FindCodeId(Read(L"door"), word), -1);
+}
+
+TEST(FindCodeId, TakesATextOfAMillionWords) {
+  const std::wstring blanks(1'000'000, L' ');
+  EXPECT_EQ(FindCodeId(Read(L"door\na  x"), L"a" + blanks), -1);
+  EXPECT_EQ(FindCodeId(Read(L"door\na"), L"a" + blanks), 1);
+}
+
+TEST(FindCodeId, TakesAPatternOfAHundredThousandWords) {
+  std::wstring pattern;
+  for (int i = 0; i < 100'000; ++i) pattern += L"w ";
+  const Classificator classificator = Read(pattern);
+  EXPECT_EQ(FindCodeId(classificator, pattern), 0);
+  EXPECT_EQ(FindCodeId(classificator, pattern + L"w"), 0);
+  EXPECT_EQ(FindCodeId(classificator, pattern.substr(2)), -1);
+}
+
+TEST(CodeOf, GivesTheCodeOfARecordOrTheDefaultCode) {
+  MapTextSection section;
+  section.defaultCode = L"Z";
+  section.records.resize(2);
+  section.records[0].code = L"A";
+  EXPECT_EQ(CodeOf(section, 0), L"A");
+  EXPECT_EQ(CodeOf(section, 1), L"");
+  EXPECT_EQ(CodeOf(section, noCodeId), L"Z");
+  for (const int codeId : {2, INT_MAX, -2, INT_MIN}) {
+    EXPECT_EQ(OutOfRangeOf([&] { CodeOf(section, codeId); }), badSubscript) << codeId;
+  }
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+
+// Makes a folder the process's current one for as long as it lives.
+class CurrentFolder {
+ public:
+  explicit CurrentFolder(const std::filesystem::path& folder) {
+    std::filesystem::current_path(folder);
+  }
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+  ~CurrentFolder() { std::filesystem::current_path(before); }
+
+ private:
+  std::filesystem::path before = std::filesystem::current_path();
+};

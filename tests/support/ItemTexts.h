@@ -1,0 +1,24 @@
+// Property items as pairs of texts, which GoogleTest compares and prints.
+
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "mapping/ParamItem.h"
+
+// Of each item the property's id and the value text.
+using ItemTexts = std::vector<std::pair<std::wstring, std::wstring>>;
+
+inline ItemTexts TextsOf(const TolvenLibs::RevitMappingEditorDll::ParamItemList& items) {
+  ItemTexts texts;
+  for (const auto& item : items) texts.emplace_back(item.propertyId, item.valueText);
+  return texts;
+}
+
+inline std::vector<ItemTexts> TextsOf(const TolvenLibs::RevitMappingEditorDll::ItemLists& lists) {
+  std::vector<ItemTexts> texts;
+  for (const auto& items : lists) texts.push_back(TextsOf(items));
+  return texts;
+}

@@ -1,0 +1,36 @@
+#include "support/TempFolder.h"
+
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <stdexcept>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+TempFolder::TempFolder() {
+  static std::atomic<int> made = 0;
+  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+  do {
+    path = fs::temp_directory_path() /
+           ("mapping-editor-" + std::to_string(now) + "-" + std::to_string(made++));
+  } while (!fs::create_directory(path));
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
+}
+
+std::wstring TempFolder::Wide() const {
+  const std::string narrow = path.string();
+  return std::wstring(narrow.begin(), narrow.end());
+}
+
+std::wstring TempFolder::Write(std::string_view name, std::string_view bytes) const {
+  std::ofstream file(path / name, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  if (!file) throw std::runtime_error("can't write a test's file");
+  return Wide() + L"/" + std::wstring(name.begin(), name.end());
+}
