@@ -16,6 +16,7 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/domen/Domen.h
   src/domen/DomenProperty.h
   src/domen/DomenStore.h
+  src/mapping/MapTextRecords.h
   src/mapping/MapTextSection.h
   src/mapping/ParamItem.h
   src/mapping/ParamSection.h)
