@@ -19,7 +19,8 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/mapping/MapTextRecords.h
   src/mapping/MapTextSection.h
   src/mapping/ParamItem.h
-  src/mapping/ParamSection.h)
+  src/mapping/ParamSection.h
+  src/mapping/RememberedItems.h)
 # They are kept to C++17, which is as far as all compilers of C++/CLI go.
 target_compile_features(RevitMappingEditorDll INTERFACE cxx_std_17)
 

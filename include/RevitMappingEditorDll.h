@@ -46,6 +46,7 @@
 #include "RevitMappingEditorApi.h"
 #include "classificator/Classificator.h"
 #include "domen/DomenStore.h"
+#include "mapping/RememberedItems.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -212,6 +213,7 @@ class REVIT_MAPPING_EDITOR_API RevitMappingEditorDll {
   DomenStore domenStore;
   std::wstring startMark;
   std::wstring endMark;
+  RememberedItems remembered;  // of the active Classificator
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -33,7 +33,8 @@ std::optional<std::wstring_view> FindInBrackets(std::wstring_view entry) {
 
 int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
                       std::wstring& classSecondWord, std::wstring_view text) {
-  for (const std::wstring_view entry : CutEntries(text, true)) {
+  PieceReader entries = CutEntries(text, true);
+  for (std::wstring_view entry; entries.Next(entry);) {
     if (!StartsWith(entry, L"@@@")) continue;
     classTitle = Trimmed(entry.substr(3));
     const std::optional<std::wstring_view> inBrackets = FindInBrackets(entry);

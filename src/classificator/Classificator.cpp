@@ -1,6 +1,7 @@
 #include "classificator/Classificator.h"
 
-#include <optional>
+#include <memory>
+#include <string>
 #include <utility>
 
 #include "classificator/ClassSection.h"
@@ -14,12 +15,13 @@ namespace {
 
 // A heading is known by its beginning: whatever follows the keyword changes nothing. A section of
 // any other heading, ==DOMEN among them, is not this reader's.
-void ParseSection(Classificator& classificator, const TextSection& section) {
+void ParseSection(Classificator& classificator, const TextSection& section,
+                  const SharedText& file) {
   if (StartsWith(section.heading, L"==CLASS")) {
     ParseClassSection(classificator.classTitle, classificator.classFirstWord,
                       classificator.classSecondWord, section.body);
   } else if (StartsWith(section.heading, L"==MAPTEXT")) {
-    ParseMapTextSection(classificator.mapTextSection, section.body);
+    ParseMapTextSection(classificator.mapTextSection, section.body, file);
   } else if (StartsWith(section.heading, L"==COLORAT")) {
     ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body);
   } else if (StartsWith(section.heading, L"==PARAM")) {
@@ -31,12 +33,13 @@ void ParseSection(Classificator& classificator, const TextSection& section) {
 
 Classificator::Classificator(std::wstring id) : classificatorId(std::move(id)) {}
 
-int Classificator::Load(const std::wstring& path) {
+int Classificator::Load(const std::wstring& path, std::shared_ptr<const std::wstring>* text) {
   try {
     filePath = path;
-    const std::optional<std::wstring> lines = ReadTextFile(path);
+    const SharedText lines = ReadTextFile(path);
     if (!lines) return statusNotOpened;
-    for (const TextSection& section : CutSections(*lines)) ParseSection(*this, section);
+    if (text) *text = lines;
+    for (const TextSection& section : CutSections(*lines)) ParseSection(*this, section, lines);
     return statusDone;
   } catch (...) {
     return statusException;

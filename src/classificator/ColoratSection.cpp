@@ -1,10 +1,11 @@
 #include "classificator/ColoratSection.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <vector>
+#include <optional>
 
 #include "classificator/TextFile.h"
 #include "editor/Text.h"
@@ -30,16 +31,29 @@ int ReadClamped(std::wstring_view text, int top) {
   return std::clamp(ReadLeadingInt(text), 0, top);
 }
 
+// A line's pieces, or nothing unless they are a key text and four values.
+std::optional<std::array<std::wstring_view, 5>> CutColorLine(std::wstring_view line) {
+  PieceReader reader(line, L" ", false);
+  std::array<std::wstring_view, 5> pieces;
+  for (std::wstring_view& piece : pieces) {
+    if (!reader.Next(piece)) return std::nullopt;
+  }
+  std::wstring_view sixth;
+  if (reader.Next(sixth)) return std::nullopt;
+  return pieces;
+}
+
 // The lines of a block behind its title, into the colours of its Colorat.
-void AddColors(ColorMap& colors, const std::vector<std::wstring_view>& lines) {
+void AddColors(ColorMap& colors, PieceReader lines) {
   int number = 0;
-  for (std::size_t i = 1; i < lines.size(); ++i) {
-    const std::vector<std::wstring_view> pieces = SplitViews(lines[i], L" ", false);
-    if (pieces.size() != 5) continue;
+  for (std::wstring_view line; lines.Next(line);) {
+    const auto pieces = CutColorLine(line);
+    if (!pieces) continue;
+    const auto& [key, channel1, channel2, channel3, percent] = *pieces;
     ++number;
-    colors.try_emplace(std::wstring(pieces[0]),
-                       ColorEntry{number, ReadClamped(pieces[1], 255), ReadClamped(pieces[2], 255),
-                                  ReadClamped(pieces[3], 255), ReadClamped(pieces[4], 100)});
+    colors.try_emplace(std::wstring(key),
+                       ColorEntry{number, ReadClamped(channel1, 255), ReadClamped(channel2, 255),
+                                  ReadClamped(channel3, 255), ReadClamped(percent, 100)});
   }
 }
 
@@ -63,11 +77,14 @@ int ParseColoratSection(ColoratTable table, std::wstring_view text) {
   table.colorats.clear();
   PieceReader blocks(text, L"@", true);
   for (std::wstring_view block; blocks.Next(block);) {
-    const std::vector<std::wstring_view> lines = CutEntries(block, false);
-    if (lines.size() < 2) continue;
-    const std::size_t blank = lines[0].find(L' ');
-    if (blank == std::wstring_view::npos) continue;
-    const std::wstring id(lines[0].substr(0, blank));
+    PieceReader lines = CutEntries(block, false);
+    std::wstring_view title;
+    if (!lines.Next(title)) continue;
+    std::wstring_view firstLine;
+    if (!PieceReader(lines).Next(firstLine)) continue;
+    const std::size_t blank = title.find(L' ');
+    if (blank == title.npos) continue;
+    const std::wstring id(title.substr(0, blank));
     AddColors(table.colorats[id], lines);
     table.activeColoratId = id;
   }

@@ -4,10 +4,12 @@
 
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -21,16 +23,20 @@ struct TextSection {
 // The lines of `text`, trimmed, without the blank ones, with one line feed between them.
 std::wstring JoinTrimmedLines(std::wstring text);
 
-// What `JoinTrimmedLines` makes of the file, or nothing if it can't be opened. Bytes that cannot be
+// A text that lives as long as anything refers to it.
+using SharedText = std::shared_ptr<const std::wstring>;
+
+// What `JoinTrimmedLines` makes of the file, or null if it can't be opened. Bytes that cannot be
 // decoded end the file.
-std::optional<std::wstring> ReadTextFile(const std::wstring& path);
+SharedText ReadTextFile(const std::wstring& path);
 
 // The sections of a text as `JoinTrimmedLines` gives it, in order, as views into it. Lines ahead of
 // the first heading belong to none.
 std::vector<TextSection> CutSections(std::wstring_view lines);
 
-// The entries of a section: its pieces at line feeds or its pieces at semicolons, never at both.
-// Whichever are more count for the whole section, and on a tie it is the semicolons, on purpose.
-std::vector<std::wstring_view> CutEntries(std::wstring_view body, bool keepEmpty);
+// The reader of a section's entries: its pieces at line feeds or its pieces at semicolons, never at
+// both. Whichever are more count for the whole section, and on a tie it is the semicolons, on
+// purpose.
+PieceReader CutEntries(std::wstring_view body, bool keepEmpty);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -82,7 +82,8 @@ class DomenSectionParser {
 
 void ParseDomenSection(DomenStore& store, std::wstring_view body) {
   DomenSectionParser parser(store);
-  for (const std::wstring_view entry : CutEntries(body, false)) parser.ParseEntry(entry);
+  PieceReader entries = CutEntries(body, false);
+  for (std::wstring_view entry; entries.Next(entry);) parser.ParseEntry(entry);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

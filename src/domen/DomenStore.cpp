@@ -1,7 +1,5 @@
 #include "domen/DomenStore.h"
 
-#include <optional>
-
 #include "classificator/TextFile.h"
 #include "domen/DomenSection.h"
 #include "editor/PathParts.h"
@@ -10,15 +8,17 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText) {
+int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText,
+                          const std::shared_ptr<const std::wstring>& text) {
   if (Extension(path) == L".json") return LoadDomenJson(path, configText);
-  if (Extension(path) == L".txt") return LoadDomenText(path);
+  if (Extension(path) == L".txt") return LoadDomenText(path, text);
   return statusAbsent;
 }
 
-int DomenStore::LoadDomenText(const std::wstring& path) {
+int DomenStore::LoadDomenText(const std::wstring& path,
+                              const std::shared_ptr<const std::wstring>& text) {
   try {
-    const std::optional<std::wstring> lines = ReadTextFile(path);
+    const SharedText lines = text ? text : ReadTextFile(path);
     if (!lines) return statusNotOpened;
     for (const TextSection& section : CutSections(*lines)) {
       if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, section.body);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <iterator>
@@ -16,6 +17,27 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 // A new buffer with the text up to its first NUL, and a NUL behind it. Never null.
 const wchar_t* NewString(std::wstring_view text);
+
+// The same of a text in pieces: `give` hands them, one after the other, to the function that it is
+// called with. It is called twice, and gives the same pieces both times.
+template <class Give>
+const wchar_t* NewJoined(const Give& give) {
+  std::size_t size = 0;
+  bool atNul = false;
+  give([&size, &atNul](std::wstring_view piece) {
+    if (atNul) return;
+    const std::size_t nul = piece.find(L'\0');
+    atNul = nul != piece.npos;
+    size += std::min(nul, piece.size());
+  });
+  auto* buffer = new wchar_t[size + 1];
+  std::size_t filled = 0;
+  give([buffer, size, &filled](std::wstring_view piece) {
+    filled += piece.copy(buffer + filled, size - filled);
+  });
+  buffer[size] = L'\0';
+  return buffer;
+}
 
 // A new array on its way to the caller. Until `Release` hands it over it frees itself and the
 // strings in it, so that nothing leaks when memory runs out halfway.

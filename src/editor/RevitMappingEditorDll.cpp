@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -21,12 +22,27 @@ namespace {
 // here.
 
 // The items of a code, with the properties that the domains have for it.
-std::wstring ComposeItems(const Classificator& classificator, const DomenStore& domenStore,
-                          int codeId, int sourceKind, const wchar_t* nameSuffix) {
-  const DomenProperties properties =
-      domenStore.CollectProperties(GetCodeDomenIds(classificator, sourceKind),
-                                   GetCodePropertyIds(classificator, codeId, sourceKind));
-  return ComposeCodeParams(classificator, codeId, sourceKind, nameSuffix, properties);
+CodeItems ComposeItems(const Classificator& classificator, const DomenStore& domenStore, int codeId,
+                       int sourceKind) {
+  const std::vector<std::wstring> domenIds = GetCodeDomenIds(classificator, sourceKind);
+  DomenProperties properties;
+  if (!domenIds.empty()) {
+    properties = domenStore.CollectProperties(
+        domenIds, GetCodePropertyIds(classificator, codeId, sourceKind));
+  }
+  return ComposeCodeItems(classificator, codeId, sourceKind, properties);
+}
+
+// The same, out of memory if it is there. What can't be remembered is put into `unkept`.
+const CodeItems& FindItems(const Classificator& classificator, const DomenStore& domenStore,
+                           int codeId, int sourceKind, RememberedItems& remembered,
+                           CodeItems& unkept) {
+  const bool kept = sourceKind == sourceMapText && codeId != noCodeId;
+  if (kept) {
+    if (const CodeItems* items = remembered.Find(codeId)) return *items;
+  }
+  unkept = ComposeItems(classificator, domenStore, codeId, sourceKind);
+  return kept && unkept.complete ? remembered.Keep(codeId, std::move(unkept)) : unkept;
 }
 
 // The color of a key text in the active Colorat.
@@ -65,6 +81,7 @@ RevitMappingEditorDll& RevitMappingEditorDll::operator=(const RevitMappingEditor
   domenStore = std::move(copy.domenStore);
   startMark = std::move(copy.startMark);
   endMark = std::move(copy.endMark);
+  remembered.Forget();
   return *this;
 }
 
@@ -77,10 +94,12 @@ int RevitMappingEditorDll::CreateClassificator(const wchar_t* id, const wchar_t*
   classificator.paramName = paramName;
   const std::optional<std::wstring> path = FindFile(dataFolder, file);
   if (!path) return statusAbsent;
-  const int status = classificator.Load(*path);
+  std::shared_ptr<const std::wstring> text;
+  const int status = classificator.Load(*path, &text);
+  remembered.Forget();
   classificators.push_back(std::move(classificator));
   if (status != statusDone) return status;
-  return domenStore.LoadDomen(*path, configText);
+  return domenStore.LoadDomen(*path, configText, text);
 }
 
 void RevitMappingEditorDll::GetClassificatorsNames(int& count, const wchar_t**& ids,
@@ -96,6 +115,7 @@ int RevitMappingEditorDll::SetActiveClassificator(const wchar_t* id) {
       [id](const Classificator& classificator) { return classificator.classificatorId == id; });
   if (found == classificators.end()) return statusAbsent;
   activeClassificator = static_cast<int>(found - classificators.begin());
+  remembered.Forget();
   return statusDone;
 }
 
@@ -151,16 +171,27 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
                                                     const wchar_t* nameSuffix) {
   const Classificator& classificator = classificators[Index(activeClassificator)];
   const int codeId = FindCodeId(classificator, text);
-  const std::wstring& code = CodeOf(classificator.mapTextSection, codeId);
-  const std::wstring items =
-      ComposeItems(classificator, domenStore, codeId, sourceKind, nameSuffix);
-  return NewString(startMark + classificator.paramName + L" " + code + L";" + items + endMark);
+  const std::wstring_view code = CodeOf(classificator.mapTextSection, codeId);
+  CodeItems unkept;
+  const CodeItems& items =
+      FindItems(classificator, domenStore, codeId, sourceKind, remembered, unkept);
+  return NewJoined([&](const auto& put) {
+    put(startMark);
+    put(classificator.paramName);
+    put(L" ");
+    put(code);
+    put(L";");
+    items.GiveTo(put, nameSuffix);
+    put(endMark);
+  });
 }
 
 const wchar_t* RevitMappingEditorDll::GetClaccificatorCodeParams(int codeId, int sourceKind,
                                                                  const wchar_t* nameSuffix) {
-  return NewString(ComposeItems(classificators[Index(activeClassificator)], domenStore, codeId,
-                                sourceKind, nameSuffix));
+  CodeItems unkept;
+  const CodeItems& items = FindItems(classificators[Index(activeClassificator)], domenStore, codeId,
+                                     sourceKind, remembered, unkept);
+  return NewJoined([&](const auto& put) { items.GiveTo(put, nameSuffix); });
 }
 
 const wchar_t* RevitMappingEditorDll::GetStartMark() {
@@ -180,6 +211,7 @@ void RevitMappingEditorDll::SetEndMark(const wchar_t* mark) {
 }
 
 int RevitMappingEditorDll::CreateDomen(const wchar_t* file) {
+  remembered.Forget();
   const std::optional<std::wstring> path = FindFile(dataFolder, file);
   return path ? domenStore.LoadDomen(*path, configText) : statusAbsent;
 }

@@ -1,9 +1,10 @@
 #include "editor/Text.h"
 
+#include <algorithm>
+
 namespace TolvenLibs::RevitMappingEditorDll {
 
-bool IsSpace(wchar_t unit) {
-  if (unit <= L' ') return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
+bool IsSpaceOutsideAscii(wchar_t unit) {
   if (unit < 0x1680) return unit == 0x85 || unit == 0xA0;
   if (unit >= 0x2000 && unit <= 0x200A) return true;
   return unit == 0x1680 || unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F ||
@@ -44,14 +45,24 @@ bool StartsWith(std::wstring_view text, std::wstring_view prefix) {
   return !prefix.empty() && text.starts_with(prefix);
 }
 
+namespace {
+
+// An empty separator occurs nowhere: found at every position, it would never be passed. The search
+// for a single unit is the faster one.
+std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
+  if (separator.empty()) return text.npos;
+  return separator.size() == 1 ? text.find(separator.front()) : text.find(separator);
+}
+
+}  // namespace
+
 PieceReader::PieceReader(std::wstring_view text, std::wstring_view pieceSeparator,
                          bool keepEmptyPieces)
     : rest(text), separator(pieceSeparator), keepEmpty(keepEmptyPieces) {}
 
 bool PieceReader::Next(std::wstring_view& piece) {
   while (!atEnd) {
-    // An empty separator occurs nowhere: found at every position, it would never be passed.
-    const std::size_t end = separator.empty() ? rest.npos : rest.find(separator);
+    const std::size_t end = FindSeparator(rest, separator);
     piece = Trimmed(rest.substr(0, end));
     atEnd = end == rest.npos;
     if (!atEnd) rest.remove_prefix(end + separator.size());
@@ -61,6 +72,9 @@ bool PieceReader::Next(std::wstring_view& piece) {
 }
 
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty) {
+  if (keepEmpty && separator.size() == 1) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), separator.front())) + 1;
+  }
   PieceReader reader(text, separator, keepEmpty);
   std::size_t count = 0;
   for (std::wstring_view piece; reader.Next(piece);) ++count;

@@ -12,7 +12,12 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-bool IsSpace(wchar_t unit);
+bool IsSpaceOutsideAscii(wchar_t unit);
+
+inline bool IsSpace(wchar_t unit) {
+  if (unit <= L' ') return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
+  return unit >= 0x85 && IsSpaceOutsideAscii(unit);
+}
 
 // The following three change the text in place and give it back.
 

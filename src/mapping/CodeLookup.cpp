@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <locale>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "classificator/Classificator.h"
 #include "editor/Checked.h"
 #include "editor/Text.h"
+#include "mapping/CodeIndex.h"
 #include "mapping/ToUpper.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -29,7 +32,7 @@ class InputWords {
   InputWords(const InputWords&) = delete;
   InputWords& operator=(const InputWords&) = delete;
 
-  bool BeginWith(const std::vector<std::wstring>& tokens) const {
+  bool BeginWith(const Tokens& tokens) const {
     if (tokens.size() > words.size()) return false;
     return std::equal(
         tokens.begin(), tokens.end(), words.begin(),
@@ -56,8 +59,11 @@ bool Matches(const MapTextRecord& record, std::wstring_view text) {
 }
 
 int FindCodeId(const Classificator& classificator, std::wstring_view text) {
-  const std::vector<MapTextRecord>& records = classificator.mapTextSection.records;
+  const MapTextRecords& records = classificator.mapTextSection.records;
   if (records.empty()) return noCodeId;
+  if (const CodeIndex* index = records.Index()) {
+    if (const std::optional<int> codeId = index->Find(records, text)) return *codeId;
+  }
   const InputWords words(text);
   const auto found = std::find_if(
       records.begin(), records.end(),
@@ -65,8 +71,9 @@ int FindCodeId(const Classificator& classificator, std::wstring_view text) {
   return found == records.end() ? noCodeId : static_cast<int>(found - records.begin());
 }
 
-const std::wstring& CodeOf(const MapTextSection& section, int codeId) {
-  return codeId == noCodeId ? section.defaultCode : CheckedAt(section.records, codeId).code;
+std::wstring_view CodeOf(const MapTextSection& section, int codeId) {
+  if (codeId == noCodeId) return section.defaultCode;
+  return CheckedAt(section.records, codeId).code;
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "mapping/MapTextSection.h"
@@ -24,6 +23,6 @@ int FindCodeId(const Classificator& classificator, std::wstring_view text);
 
 // The code of the record at this position, or the default code for `noCodeId`. Any other position
 // raises `out_of_range`, "invalid vector subscript".
-const std::wstring& CodeOf(const MapTextSection& section, int codeId);
+std::wstring_view CodeOf(const MapTextSection& section, int codeId);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

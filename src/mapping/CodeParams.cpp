@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <stdexcept>
 
 #include "classificator/Classificator.h"
 #include "editor/Checked.h"
@@ -16,8 +17,7 @@ using Properties::PropertyParameter;
 
 ItemLists GetCodeItemLists(const Classificator& classificator, int codeId, int sourceKind) {
   const MapTextSection& mapText = classificator.mapTextSection;
-  if (sourceKind == sourceMapText) {
-    if (codeId == noCodeId) return {};
+  if (sourceKind == sourceMapText && codeId != noCodeId) {
     return CheckedAt(mapText.records, codeId).itemLists;
   }
   if (sourceKind == sourceParam) {
@@ -82,15 +82,18 @@ std::wstring FieldTexts(const DomenProperty& property) {
   return texts;
 }
 
-std::wstring ComposeItem(const ParamItem& item, std::wstring_view nameSuffix,
-                         const DomenProperties& properties) {
+void AppendItem(CodeItems& items, const ParamItem& item, const DomenProperties& properties) {
   const auto found = properties.find(item.propertyId);
-  if (found == properties.end()) return {};
+  if (found == properties.end()) return;
   DomenProperty property = found->second;
   FillFields(property, item.valueText);
-  std::wstring text = item.propertyId;
-  text.append(nameSuffix).append(L" ").append(FieldTexts(property)).append(L";");
-  return text;
+  const std::wstring fieldTexts = FieldTexts(property);
+  // All that can fail comes first, so that an item is there as a whole or not at all.
+  items.suffixPlaces.reserve(items.suffixPlaces.size() + 1);
+  items.text.reserve(items.text.size() + item.propertyId.size() + fieldTexts.size() + 2);
+  items.text += item.propertyId;
+  items.suffixPlaces.push_back(items.text.size());
+  items.text.append(L" ").append(fieldTexts).append(L";");
 }
 
 }  // namespace
@@ -114,18 +117,30 @@ std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator,
   return {};
 }
 
-std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
-                               std::wstring_view nameSuffix, const DomenProperties& properties) {
-  std::wstring text;
-  for (const ParamItemList& items : GetCodeItemLists(classificator, codeId, sourceKind)) {
+CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
+                           const DomenProperties& properties) {
+  const ItemLists itemLists = GetCodeItemLists(classificator, codeId, sourceKind);
+  CodeItems composed;
+  if (properties.empty()) return composed;
+  for (const ParamItemList& items : itemLists.Lists()) {
     for (const ParamItem& item : items) {
       try {
-        text += ComposeItem(item, nameSuffix, properties);
-      } catch (...) {
+        AppendItem(composed, item, properties);
+      } catch (const std::out_of_range&) {
         // The item is left out; the others go on.
+      } catch (...) {
+        composed.complete = false;
       }
     }
   }
+  return composed;
+}
+
+std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
+                               std::wstring_view nameSuffix, const DomenProperties& properties) {
+  std::wstring text;
+  ComposeCodeItems(classificator, codeId, sourceKind, properties)
+      .GiveTo([&text](std::wstring_view piece) { text += piece; }, nameSuffix);
   return text;
 }
 

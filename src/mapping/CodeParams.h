@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,10 +26,33 @@ std::vector<std::wstring> GetCodeDomenIds(const Classificator& classificator, in
 std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator, int codeId,
                                              int sourceKind);
 
+// The items of a code, as they stand in a mapping string but for the suffix of their names.
+struct CodeItems {
+  std::wstring text;
+  std::vector<std::size_t> suffixPlaces;  // in `text`, ascending
+
+  // False if memory ran out for one of them: another time there may be more.
+  bool complete = true;
+
+  // Hands the pieces of the text to `put`, one after the other, with the suffix in its places.
+  template <class Put>
+  void GiveTo(const Put& put, std::wstring_view nameSuffix) const {
+    std::size_t start = 0;
+    for (const std::size_t place : suffixPlaces) {
+      put(std::wstring_view(text).substr(start, place - start));
+      put(nameSuffix);
+      start = place;
+    }
+    put(std::wstring_view(text).substr(start));
+  }
+};
+
 // The items of the code, each as its property's id, `nameSuffix`, a blank, the texts of its value
 // fields with a blank between each two, and ";". Each item fills a copy of the property of its own;
 // one that has no property in `properties`, or in which anything fails, is left out. A code id that
 // is neither -1 nor in the records raises `out_of_range`, "invalid vector subscript".
+CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
+                           const DomenProperties& properties);
 std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
                                std::wstring_view nameSuffix, const DomenProperties& properties);
 

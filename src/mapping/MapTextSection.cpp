@@ -2,38 +2,91 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
+#include <numeric>
 #include <utility>
 
 #include "editor/Text.h"
 #include "mapping/ParamSection.h"
-#include "mapping/ToUpper.h"
+#include "mapping/UpperTable.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+// A code and its items, as a header's views into the text of the section.
+struct CodeHeader {
+  std::wstring_view code;
+  ItemSource items;
+};
+
+// What the records of one section look at.
+struct PatternTexts {
+  std::shared_ptr<const void> section;     // the owner of the text of the section
+  std::vector<CodeHeader> headers = {{}};  // the first for the lines ahead of any header
+  std::wstring capitals;                   // of the pattern lines, one behind the other
+  std::vector<std::wstring_view> tokens;
+};
+
 namespace {
 
-std::wstring FirstWord(std::wstring_view text) {
+struct PatternLine {
+  std::wstring_view text;
+  std::size_t header;
+  std::size_t tokenCount = 0;
+};
+
+std::wstring_view FirstWord(std::wstring_view text) {
   PieceReader words(text, L" ", true);
   std::wstring_view word;
   words.Next(word);
-  return std::wstring(word);
+  return word;
+}
+
+// One list for each block of a header, whose text begins with the first.
+std::vector<ParamItemList> ReadItemBlocks(const ItemSource& header) {
+  std::vector<ParamItemList> lists;
+  for (std::size_t open = 0; open != header.text.npos;) {
+    const std::size_t close = header.text.find(header.closeMark, open + header.openMark.size());
+    if (close == header.text.npos) break;
+    // From one unit behind the mark's start: the rest of a longer mark stays in the block, and has
+    // to.
+    std::vector<std::wstring> tokens =
+        SplitTrimmed(header.text.substr(open + 1, close - open - 1), L" ", false);
+    lists.push_back(ParseParamItems(tokens, false));
+    open = header.text.find(header.openMark, close + header.closeMark.size());
+  }
+  return lists;
 }
 
 // What the statements of one section build on.
 class MapTextParser {
  public:
-  explicit MapTextParser(MapTextSection& target) : section(target) {}
+  MapTextParser(MapTextSection& target, PatternTexts& targetTexts)
+      : section(target), texts(targetTexts) {}
 
   void ParseStatement(std::wstring_view statement) {
-    if (statement.empty() || statement.front() == L'/' || statement.front() == L'!') return;
-    if (StartsWith(statement, L"@@")) return SetDomenIds(Trimmed(statement.substr(2)));
-    if (StartsWith(statement, L"@$")) return SetMarks(statement.substr(2));
-    if (StartsWith(statement, L"@")) return SetHeader(Trimmed(statement.substr(1)));
-    if (StartsWith(statement, L"$")) return SetDefaultCode(Trimmed(statement.substr(1)));
-    AddPattern(statement);
+    if (statement.empty()) return;
+    switch (statement.front()) {
+      case L'/':
+      case L'!':
+        return;
+      case L'@':
+        return ParseAtSign(statement);
+      case L'$':
+        return SetDefaultCode(Trimmed(statement.substr(1)));
+      default:
+        AddPattern(statement);
+    }
   }
 
+  std::vector<PatternLine> patterns;
+
  private:
+  void ParseAtSign(std::wstring_view statement) {
+    if (StartsWith(statement, L"@@")) return SetDomenIds(Trimmed(statement.substr(2)));
+    if (StartsWith(statement, L"@$")) return SetMarks(statement.substr(2));
+    AddHeader(Trimmed(statement.substr(1)));
+  }
+
   void SetDomenIds(std::wstring_view list) {
     const std::size_t open = list.find(L'(');
     const std::size_t close = list.find(L')');
@@ -44,58 +97,103 @@ class MapTextParser {
   }
 
   void SetMarks(std::wstring_view marks) {
-    std::vector<std::wstring> pieces = SplitTrimmed(marks, L" ", false);
-    if (pieces.size() < 2) return;
-    openMark = std::move(pieces[0]);
-    closeMark = std::move(pieces[1]);
+    PieceReader pieces(marks, L" ", false);
+    std::wstring_view open;
+    std::wstring_view close;
+    if (!pieces.Next(open) || !pieces.Next(close)) return;
+    openMark = open;
+    closeMark = close;
   }
 
   void SetDefaultCode(std::wstring_view text) { section.defaultCode = FirstWord(text); }
 
-  void SetHeader(std::wstring_view header) {
-    std::vector<ParamItemList> lists;
-    const std::size_t firstOpen = header.find(openMark);
-    for (std::size_t open = firstOpen; open != header.npos;) {
-      const std::size_t close = header.find(closeMark, open + openMark.size());
-      if (close == header.npos) break;
-      // From one unit behind the mark's start: the rest of a longer mark stays in the block, and
-      // has to.
-      std::vector<std::wstring> tokens =
-          SplitTrimmed(header.substr(open + 1, close - open - 1), L" ", false);
-      lists.push_back(ParseParamItems(tokens, false));
-      open = header.find(openMark, close + closeMark.size());
-    }
-    currentLists = std::move(lists);
-    currentCode = FirstWord(header.substr(0, firstOpen));
+  void AddHeader(std::wstring_view header) {
+    const std::size_t open = std::min(header.find(openMark), header.size());
+    texts.headers.push_back({FirstWord(header.substr(0, open)),
+                             {ReadItemBlocks, header.substr(open), openMark, closeMark, {}}});
   }
 
-  void AddPattern(std::wstring_view pattern) {
-    MapTextRecord record;
-    record.code = currentCode;
-    record.itemLists = currentLists;
-    record.text = pattern;
-    record.tokens = SplitTrimmed(ToUpper(pattern), L" ", true);
-    section.records.push_back(std::move(record));
+  void AddPattern(std::wstring_view line) {
+    patterns.push_back({line, texts.headers.size() - 1});
+    const auto start = static_cast<std::ptrdiff_t>(texts.capitals.size());
+    texts.capitals += line;
+    for (auto unit = texts.capitals.begin() + start; unit != texts.capitals.end(); ++unit) {
+      *unit = upper.Upper(*unit);
+    }
   }
 
   MapTextSection& section;
-  std::wstring openMark = L"{";
-  std::wstring closeMark = L"}";
-  std::wstring currentCode;
-  ItemLists currentLists;
+  PatternTexts& texts;
+  UpperTable upper;
+  std::wstring_view openMark = L"{";
+  std::wstring_view closeMark = L"}";
 };
+
+// Cuts the capitals of the lines into tokens and counts those of each.
+void CutPatterns(std::vector<PatternLine>& patterns, PatternTexts& texts) {
+  const auto blanks = std::count(texts.capitals.begin(), texts.capitals.end(), L' ');
+  texts.tokens.reserve(patterns.size() + static_cast<std::size_t>(blanks));
+  std::wstring_view rest = texts.capitals;
+  for (PatternLine& pattern : patterns) {
+    const std::size_t before = texts.tokens.size();
+    PieceReader words(rest.substr(0, pattern.text.size()), L" ", true);
+    for (std::wstring_view word; words.Next(word);) texts.tokens.push_back(word);
+    pattern.tokenCount = texts.tokens.size() - before;
+    rest.remove_prefix(pattern.text.size());
+  }
+}
+
+// For each number of tokens, the position of the first record that has so many.
+std::vector<std::size_t> FirstPositions(const std::vector<PatternLine>& patterns) {
+  std::size_t most = 0;
+  for (const PatternLine& pattern : patterns) most = std::max(most, pattern.tokenCount);
+  std::vector<std::size_t> positions(most + 2);
+  for (const PatternLine& pattern : patterns) ++positions[pattern.tokenCount + 1];
+  std::partial_sum(positions.begin(), positions.end(), positions.begin());
+  return positions;
+}
+
+// The items of a header, which keep all texts of the section.
+ItemLists ItemsOf(const CodeHeader& header, const std::shared_ptr<const PatternTexts>& texts) {
+  if (header.items.text.empty()) return {};
+  return ItemLists(std::shared_ptr<const ItemSource>(texts, &header.items));
+}
+
+// Sorted by the number of tokens, and among equals in the order of the file.
+std::vector<MapTextRecord> MakeRecords(const std::vector<PatternLine>& patterns,
+                                       const std::shared_ptr<const PatternTexts>& texts) {
+  std::vector<MapTextRecord> records(patterns.size());
+  std::vector<std::size_t> positions = FirstPositions(patterns);
+  const std::wstring_view* tokens = texts->tokens.data();
+  for (const PatternLine& pattern : patterns) {
+    const CodeHeader& header = texts->headers[pattern.header];
+    records[positions[pattern.tokenCount]++] = {header.code, ItemsOf(header, texts), pattern.text,
+                                                Tokens(tokens, pattern.tokenCount)};
+    tokens += pattern.tokenCount;
+  }
+  return records;
+}
 
 }  // namespace
 
-void ParseMapTextSection(MapTextSection& section, std::wstring_view text) {
-  section.records.clear();
+void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
+                         std::shared_ptr<const void> owner) {
+  if (!owner) {
+    const auto copy = std::make_shared<const std::wstring>(text);
+    text = *copy;
+    owner = copy;
+  }
+  section.records = {};
   section.defaultCode = L"N00";
-  MapTextParser parser(section);
-  for (const std::wstring_view statement : SplitStatements(text)) parser.ParseStatement(statement);
-  std::stable_sort(section.records.begin(), section.records.end(),
-                   [](const MapTextRecord& left, const MapTextRecord& right) {
-                     return left.tokens.size() < right.tokens.size();
-                   });
+  const auto texts = std::make_shared<PatternTexts>();
+  texts->section = std::move(owner);
+  texts->capitals.reserve(text.size());
+  MapTextParser parser(section, *texts);
+  PieceReader statements = SplitStatements(text);
+  for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
+  if (parser.patterns.empty()) return;
+  CutPatterns(parser.patterns, *texts);
+  section.records = {MakeRecords(parser.patterns, texts), texts};
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -2,26 +2,18 @@
 
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "mapping/ParamItem.h"
+#include "mapping/MapTextRecords.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// One pattern line.
-struct MapTextRecord {
-  std::wstring code;                 // of the header above the line; empty ahead of any header
-  ItemLists itemLists;               // of that header, one for each of its item blocks
-  std::wstring text;                 // the line, in its own case
-  std::vector<std::wstring> tokens;  // the line in capitals, cut at blanks; never empty
-};
-
 struct MapTextSection {
   std::wstring defaultCode;  // for texts that match no record; "N00" once a section is parsed
-  std::vector<MapTextRecord>
-      records;  // sorted by the number of tokens; a code id is a position here
+  MapTextRecords records;    // sorted by the number of tokens; a code id is a position here
   std::vector<std::wstring> domenIds;  // where the items' properties are looked up, in this order
 };
 
@@ -37,6 +29,10 @@ struct MapTextSection {
 //
 // The records end up sorted by their number of tokens, fewest first, in the order of the file among
 // equals. So the general pattern stands ahead of the special one and wins: this is required.
-void ParseMapTextSection(MapTextSection& section, std::wstring_view text);
+//
+// The records look at the text, which lives as long as they do: `owner` keeps it alive, or if there
+// is none they keep a copy of it.
+void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
+                         std::shared_ptr<const void> owner = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

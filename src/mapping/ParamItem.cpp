@@ -92,14 +92,18 @@ class ItemReader {
 }  // namespace
 
 ItemLists::ItemLists(std::vector<ParamItemList> lists)
-    : shared(std::make_shared<const std::vector<ParamItemList>>(std::move(lists))) {}
+    : ItemLists(
+          std::make_shared<const ItemSource>(ItemSource{nullptr, {}, {}, {}, std::move(lists)})) {}
 
 ItemLists::ItemLists(std::initializer_list<ParamItemList> lists)
     : ItemLists(std::vector<ParamItemList>(lists)) {}
 
-const std::vector<ParamItemList>& ItemLists::Lists() const {
-  static const std::vector<ParamItemList> none;
-  return shared ? *shared : none;
+ItemLists::ItemLists(std::shared_ptr<const ItemSource> itemSource)
+    : source(std::move(itemSource)) {}
+
+std::vector<ParamItemList> ItemLists::Lists() const {
+  if (!source) return {};
+  return source->read ? source->read(*source) : source->lists;
 }
 
 ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces) {

@@ -2,10 +2,10 @@
 
 #pragma once
 
-#include <cstddef>
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -18,25 +18,33 @@ struct ParamItem {
 
 using ParamItemList = std::vector<ParamItem>;
 
-// The item lists of one code header or statement, one for each item block. A value that changes
-// only as a whole, so that its copies can share what they hold: a header's items cost the same
-// however many pattern lines stand below it.
+// Where item lists come from: a text, and the function that reads them out of it, or the lists
+// themselves if there is no such function.
+struct ItemSource {
+  std::vector<ParamItemList> (*read)(const ItemSource& source) = nullptr;
+  std::wstring_view text;
+  std::wstring_view openMark;  // in front of each block of items, where a text has blocks
+  std::wstring_view closeMark;
+  std::vector<ParamItemList> lists;
+};
+
+// The item lists of one code header or statement, one for each item block. Those of a file are read
+// each time that they are asked for: most codes of a scheme never are. A value that changes only as
+// a whole, so that its copies can share what they hold: a header's items cost the same however many
+// pattern lines stand below it.
 class ItemLists {
  public:
   ItemLists() = default;
   ItemLists(std::vector<ParamItemList> lists);
   ItemLists(std::initializer_list<ParamItemList> lists);
 
-  std::size_t size() const { return Lists().size(); }
-  bool empty() const { return Lists().empty(); }
-  const ParamItemList& operator[](std::size_t index) const { return Lists()[index]; }
-  auto begin() const { return Lists().begin(); }
-  auto end() const { return Lists().end(); }
+  // The pointer also keeps the texts that the source looks at.
+  explicit ItemLists(std::shared_ptr<const ItemSource> itemSource);
+
+  std::vector<ParamItemList> Lists() const;
 
  private:
-  const std::vector<ParamItemList>& Lists() const;
-
-  std::shared_ptr<const std::vector<ParamItemList>> shared;  // null for none
+  std::shared_ptr<const ItemSource> source;  // null for none
 };
 
 // The items that a run of tokens writes down. The tokens are changed: trimmed, with the braces at

@@ -1,6 +1,7 @@
 #include "mapping/ParamSection.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "classificator/TextFile.h"
@@ -14,11 +15,26 @@ bool IsParamComment(std::wstring_view statement) {
   return std::wstring_view(L"/!@").find(statement.front()) != std::wstring_view::npos;
 }
 
+// A statement that its record's items are read out of.
+struct KeptStatement {
+  std::wstring text;
+  ItemSource source;
+};
+
+std::vector<ParamItemList> ReadStatementItems(const ItemSource& source) {
+  std::vector<std::wstring> tokens = SplitTrimmed(source.text, L" ", false);
+  return {ParseParamItems(tokens, true)};
+}
+
 // The first token is the code, and unless it holds an "=" it opens the first item as well.
 ParamRecord ParseParamRecord(std::wstring_view statement) {
-  std::vector<std::wstring> tokens = SplitTrimmed(statement, L" ", false);
-  ItemLists itemLists = {ParseParamItems(tokens, true)};
-  return {Trim(tokens.front()), std::move(itemLists)};
+  const auto kept = std::make_shared<KeptStatement>();
+  kept->text = statement;
+  kept->source.read = ReadStatementItems;
+  kept->source.text = kept->text;
+  std::wstring code(Trimmed(statement.substr(0, statement.find(L' '))));
+  Trim(TrimChars(code, L"{}"));
+  return {std::move(code), ItemLists(std::shared_ptr<const ItemSource>(kept, &kept->source))};
 }
 
 const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view code) {
@@ -31,13 +47,14 @@ const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view cod
 
 }  // namespace
 
-std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
+PieceReader SplitStatements(std::wstring_view text) {
   return CutEntries(text, true);
 }
 
 void ParseParamSection(ParamSection& section, std::wstring_view text) {
   section.records.clear();
-  for (const std::wstring_view statement : SplitStatements(text)) {
+  PieceReader statements = SplitStatements(text);
+  for (std::wstring_view statement; statements.Next(statement);) {
     if (statement.empty() || IsParamComment(statement)) continue;
     section.records.push_back(ParseParamRecord(statement));
   }
@@ -55,7 +72,7 @@ std::vector<std::wstring> GetPropertyIds(const ParamSection& section, std::wstri
 
 std::vector<std::wstring> SortedPropertyIds(const ItemLists& itemLists) {
   std::vector<std::wstring> ids;
-  for (const ParamItemList& items : itemLists) {
+  for (const ParamItemList& items : itemLists.Lists()) {
     for (const ParamItem& item : items) ids.push_back(item.propertyId);
   }
   std::sort(ids.begin(), ids.end());

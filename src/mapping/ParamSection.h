@@ -10,6 +10,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+class PieceReader;
+
 // One statement of the section.
 struct ParamRecord {
   std::wstring code;
@@ -22,8 +24,8 @@ struct ParamSection {
       domenIds;  // no statement of the section fills it, and so it stays empty
 };
 
-// The statements of a section, cut at line feeds or at semicolons, empty ones included.
-std::vector<std::wstring_view> SplitStatements(std::wstring_view text);
+// The reader of a section's statements, cut at line feeds or at semicolons, empty ones included.
+PieceReader SplitStatements(std::wstring_view text);
 
 // Replaces `records` by what the section's text says. A statement that begins with "@" is a comment
 // here, unlike in ==MAPTEXT: even a domain list is passed over, and this is not to be mended.

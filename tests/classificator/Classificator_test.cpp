@@ -26,7 +26,7 @@ struct Loaded {
   // The pattern lines, which show that a ==MAPTEXT section has been parsed and with what.
   Texts Patterns() const {
     Texts patterns;
-    for (const MapTextRecord& one : record.mapTextSection.records) patterns.push_back(one.text);
+    for (const MapTextRecord& one : record.mapTextSection.records) patterns.emplace_back(one.text);
     return patterns;
   }
 
@@ -91,7 +91,7 @@ TEST(Classificator, IsCopiedWholeAndSharesNothing) {
   EXPECT_EQ(copy.mapTextSection.defaultCode, L"N00");
   EXPECT_EQ(copy.mapTextSection.domenIds, Texts{L"D"});
   ASSERT_EQ(copy.mapTextSection.records.size(), 1u);
-  EXPECT_EQ(copy.mapTextSection.records[0].itemLists[0].at(0).propertyId, L"P");
+  EXPECT_EQ(copy.mapTextSection.records[0].itemLists.Lists()[0].at(0).propertyId, L"P");
   EXPECT_EQ(copy.paramSection.records.size(), 2u);
 }
 
@@ -232,8 +232,8 @@ TEST(Load, ReadsCarriageReturnsIndentationAndBlankLinesAsIfTheyWereNotThere) {
     const Loaded other(bytes);
     EXPECT_EQ(other.status, 0);
     EXPECT_EQ(other.Patterns(), plain.Patterns());
-    EXPECT_EQ(other.record.mapTextSection.records.at(0).code, L"A");
-    EXPECT_EQ(other.record.mapTextSection.records.at(0).itemLists.size(), 1u);
+    EXPECT_EQ(other.record.mapTextSection.records[0].code, L"A");
+    EXPECT_EQ(other.record.mapTextSection.records[0].itemLists.Lists().size(), 1u);
     EXPECT_EQ(other.record.mapTextSection.defaultCode, L"Z");
     EXPECT_EQ(other.ParamCodes(), plain.ParamCodes());
   }
@@ -285,7 +285,7 @@ TEST(Load, LosesAFirstHeadingBehindAByteOrderMarkAndReadsTheRest) {
 TEST(Load, TakesTextInAnyScript) {
   const Loaded loaded("==MAPTEXT\n@С10\nСтена наружная\n\xF0\x9F\x98\x80");
   EXPECT_EQ(loaded.Patterns(), (Texts{L"\U0001F600", L"Стена наружная"}));
-  EXPECT_EQ(loaded.record.mapTextSection.records.at(1).code, L"С10");
+  EXPECT_EQ(loaded.record.mapTextSection.records[1].code, L"С10");
 }
 
 TEST(Load, KeepsNulsInTheLines) {

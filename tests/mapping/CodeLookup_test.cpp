@@ -11,6 +11,7 @@
 
 #include "classificator/Classificator.h"
 #include "support/GlobalLocale.h"
+#include "support/KeptTokens.h"
 #include "support/LoadedScheme.h"
 #include "support/OutOfRange.h"
 #include "support/Results.h"
@@ -24,7 +25,7 @@ using Texts = std::vector<std::wstring>;
 
 MapTextRecord RecordOf(Texts tokens) {
   MapTextRecord record;
-  record.tokens = std::move(tokens);
+  record.tokens = KeptTokens(std::move(tokens));
   return record;
 }
 
@@ -39,7 +40,7 @@ Classificator Read(std::wstring_view text) {
 Classificator WithRecords(const std::vector<Texts>& records) {
   Classificator classificator(L"S");
   for (const Texts& tokens : records) {
-    classificator.mapTextSection.records.push_back(RecordOf(tokens));
+    classificator.mapTextSection.records.Edit().push_back(RecordOf(tokens));
   }
   return classificator;
 }
@@ -311,23 +312,23 @@ TEST(FindCodeId, FindsNothingWithoutRecords) {
 
 TEST(FindCodeId, LooksAtTheTokensAndNotAtThePatternsText) {
   Classificator classificator = Read(L"wall");
-  classificator.mapTextSection.records[0].text = L"roof";
+  classificator.mapTextSection.records.Edit()[0].text = L"roof";
   EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
   EXPECT_EQ(FindCodeId(classificator, L"roof"), -1);
 }
 
 TEST(FindCodeId, FollowsRecordsThatChangeAfterTheReading) {
   Classificator classificator = Read(L"door\nwall\nroof\nbasic wall");
-  std::vector<MapTextRecord>& records = classificator.mapTextSection.records;
+  std::vector<MapTextRecord>& records = classificator.mapTextSection.records.Edit();
   EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
   records.erase(records.begin());
   EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
   EXPECT_EQ(FindCodeId(classificator, L"door"), -1);
   std::swap(records[0], records[2]);
   EXPECT_EQ(FindCodeId(classificator, L"wall"), 2);
-  records[1].tokens = {L"WA"};
+  records[1].tokens = KeptTokens({L"WA"});
   EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
-  records[1].tokens[0][0] = L'B';
+  records[1].tokens = KeptTokens({L"BA"});
   EXPECT_EQ(FindCodeId(classificator, L"bark"), 1);
   records.push_back(RecordOf({L"WINDOW"}));
   EXPECT_EQ(FindCodeId(classificator, L"window"), 3);
@@ -350,7 +351,7 @@ TEST(FindCodeId, AnswersAlikeInACopyWhateverBecomesOfItsSource) {
   EXPECT_EQ(FindCodeId(copy, L"roof"), -1);
   EXPECT_EQ(FindCodeId(source, L"roof"), 0);
   EXPECT_EQ(FindCodeId(source, L"wall"), -1);
-  copy.mapTextSection.records[0].tokens = {L"ROOF"};
+  copy.mapTextSection.records.Edit()[0].tokens = KeptTokens({L"ROOF"});
   EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
   copy = source;
   EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
@@ -448,7 +449,7 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
       for (int added = 0; added < 20; ++added) {
         Texts tokens(below(100) == 0 ? 0 : 1 + below(3));
         for (std::wstring& token : tokens) token = word(2);
-        auto& records = classificator.mapTextSection.records;
+        auto& records = classificator.mapTextSection.records.Edit();
         records.insert(records.begin() + below(static_cast<unsigned>(records.size()) + 1),
                        RecordOf(tokens));
       }
@@ -486,8 +487,8 @@ TEST(FindCodeId, TakesAPatternOfAHundredThousandWords) {
 TEST(CodeOf, GivesTheCodeOfARecordOrTheDefaultCode) {
   MapTextSection section;
   section.defaultCode = L"Z";
-  section.records.resize(2);
-  section.records[0].code = L"A";
+  section.records.Edit().resize(2);
+  section.records.Edit()[0].code = L"A";
   EXPECT_EQ(CodeOf(section, 0), L"A");
   EXPECT_EQ(CodeOf(section, 1), L"");
   EXPECT_EQ(CodeOf(section, noCodeId), L"Z");

@@ -55,7 +55,7 @@ Classificator WithItems(std::vector<ParamItemList> lists) {
   MapTextRecord record;
   record.code = L"W10";
   record.itemLists = std::move(lists);
-  classificator.mapTextSection.records.push_back(std::move(record));
+  classificator.mapTextSection.records.Edit().push_back(std::move(record));
   return classificator;
 }
 
@@ -66,10 +66,11 @@ Classificator WithBothSections() {
   MapTextSection& mapText = classificator.mapTextSection;
   mapText.defaultCode = L"Z";
   mapText.domenIds = {L"D2", L"D1", L"D2"};
-  mapText.records.resize(2);
-  mapText.records[0].code = L"A";
-  mapText.records[0].itemLists = {{{L"1", L"Q"}}, {}, {{L"2", L"P"}, {L"3", L"Q"}}};
-  mapText.records[1].code = L"B";
+  std::vector<MapTextRecord>& records = mapText.records.Edit();
+  records.resize(2);
+  records[0].code = L"A";
+  records[0].itemLists = {{{L"1", L"Q"}}, {}, {{L"2", L"P"}, {L"3", L"Q"}}};
+  records[1].code = L"B";
   ParamSection& param = classificator.paramSection;
   param.domenIds = {L"D3"};
   param.records.push_back({L"A", {{{L"4", L"Q"}, {L"5", L"P"}, {L"6", L"Q"}}}});

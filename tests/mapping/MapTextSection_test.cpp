@@ -25,7 +25,7 @@ MapTextSection Parsed(std::wstring_view text) {
 
 Texts PatternsOf(const MapTextSection& section) {
   Texts patterns;
-  for (const MapTextRecord& record : section.records) patterns.push_back(record.text);
+  for (const MapTextRecord& record : section.records) patterns.emplace_back(record.text);
   return patterns;
 }
 
@@ -38,9 +38,10 @@ std::wstring CutAtLines(std::wstring_view text) {
 void ExpectHeader(std::wstring_view lines, const std::wstring& code, const Lists& lists) {
   const MapTextSection section = Parsed(CutAtLines(std::wstring(lines) + L"\nwall"));
   ASSERT_FALSE(section.records.empty()) << std::wstring(lines);
-  EXPECT_EQ(section.records.back().text, L"wall") << std::wstring(lines);
-  EXPECT_EQ(section.records.back().code, code) << std::wstring(lines);
-  EXPECT_EQ(TextsOf(section.records.back().itemLists), lists) << std::wstring(lines);
+  EXPECT_EQ(section.records[section.records.size() - 1].text, L"wall") << std::wstring(lines);
+  EXPECT_EQ(section.records[section.records.size() - 1].code, code) << std::wstring(lines);
+  EXPECT_EQ(TextsOf(section.records[section.records.size() - 1].itemLists), lists)
+      << std::wstring(lines);
 }
 
 TEST(ParseMapTextSection, ReadsAWholeSection) {
@@ -61,12 +62,12 @@ TEST(ParseMapTextSection, ReadsAWholeSection) {
       TextsOf(door.itemLists),
       (Lists{{{L"KIND", L" red green"}, {L"NOTE", L" x=1 y=2"}, {L"z", L""}}, {{L"TAIL", L""}}}));
   EXPECT_EQ(door.text, L"door");
-  EXPECT_EQ(door.tokens, (Texts{L"DOOR"}));
+  EXPECT_EQ(TextsOf(door.tokens), (Texts{L"DOOR"}));
   const MapTextRecord& wall = section.records[1];
   EXPECT_EQ(wall.code, L"W10");
   EXPECT_EQ(TextsOf(wall.itemLists), (Lists{{{L"GRADE", L"60 A"}, {L"LEN", L"a=1 b=2"}}}));
   EXPECT_EQ(wall.text, L"basic wall");
-  EXPECT_EQ(wall.tokens, (Texts{L"BASIC", L"WALL"}));
+  EXPECT_EQ(TextsOf(wall.tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, LeavesOfAnEmptyTextTheDefaultCodeAlone) {
@@ -242,7 +243,7 @@ TEST(ParseMapTextSection, KeepsTheHeaderThroughOtherStatements) {
 
 TEST(ParseMapTextSection, GivesEachPatternLineAListOfItsOwn) {
   MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nroof");
-  section.records[0].itemLists = {};
+  section.records.Edit()[0].itemLists = {};
   EXPECT_EQ(TextsOf(section.records[1].itemLists), (Lists{{{L"A", L"1"}}}));
 }
 
@@ -251,7 +252,7 @@ TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(section.records[0].text, L"wall");
   EXPECT_EQ(section.records[0].code, L"");
-  EXPECT_TRUE(section.records[0].itemLists.empty());
+  EXPECT_TRUE(section.records[0].itemLists.Lists().empty());
   EXPECT_EQ(section.records[1].code, L"W10");
 }
 
@@ -300,8 +301,8 @@ TEST(ParseMapTextSection, StartsEverySectionWithBraces) {
 
 TEST(ParseMapTextSection, KeepsALineInItsOwnCaseAndItsWordsInCapitals) {
   const MapTextSection section = Parsed(L"  Basic wall ");
-  EXPECT_EQ(section.records.at(0).text, L"Basic wall");
-  EXPECT_EQ(section.records.at(0).tokens, (Texts{L"BASIC", L"WALL"}));
+  EXPECT_EQ(section.records[0].text, L"Basic wall");
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, CutsPatternLinesAtEveryBlankAndNowhereElse) {
@@ -320,24 +321,24 @@ TEST(ParseMapTextSection, CutsPatternLinesAtEveryBlankAndNowhereElse) {
       {L"wall:brick,{x}", {L"WALL:BRICK,{X}"}},
   };
   for (const Case& one : cases) {
-    EXPECT_EQ(Parsed(one.line).records.at(0).tokens, one.tokens) << one.line;
+    EXPECT_EQ(TextsOf(Parsed(one.line).records[0].tokens), one.tokens) << one.line;
   }
 }
 
 TEST(ParseMapTextSection, MakesCapitalsByTheGlobalLocaleOfTheMoment) {
   {
     const GlobalLocale locale(UpperOfLatinAndCyrillic);
-    EXPECT_EQ(Parsed(L"стена wall").records.at(0).tokens, (Texts{L"СТЕНА", L"WALL"}));
+    EXPECT_EQ(TextsOf(Parsed(L"стена wall").records[0].tokens), (Texts{L"СТЕНА", L"WALL"}));
   }
   const GlobalLocale locale(UpperOfLatin);
-  EXPECT_EQ(Parsed(L"стена wall").records.at(0).tokens, (Texts{L"стена", L"WALL"}));
+  EXPECT_EQ(TextsOf(Parsed(L"стена wall").records[0].tokens), (Texts{L"стена", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, CutsALineOnceItIsInCapitals) {
   const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
   const MapTextSection section = Parsed(L"wall_basic");
-  EXPECT_EQ(section.records.at(0).text, L"wall_basic");
-  EXPECT_EQ(section.records.at(0).tokens, (Texts{L"wall", L"basic"}));
+  EXPECT_EQ(section.records[0].text, L"wall_basic");
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"wall", L"basic"}));
 }
 
 TEST(ParseMapTextSection, LeavesCodesAndItemsInTheirOwnCase) {
@@ -374,7 +375,7 @@ TEST(ParseMapTextSection, KeepsCodeAndItemsWithTheirPatternWhenItSorts) {
   ASSERT_EQ(section.records.size(), 3u);
   EXPECT_EQ(section.records[0].code, L"B");
   EXPECT_EQ(TextsOf(section.records[0].itemLists), (Lists{{{L"P", L"2"}}}));
-  EXPECT_EQ(section.records[0].tokens, (Texts{L"A"}));
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"A"}));
   EXPECT_EQ(section.records[1].code, L"C");
   EXPECT_EQ(section.records[2].code, L"A");
   EXPECT_EQ(TextsOf(section.records[2].itemLists), (Lists{{{L"P", L"1"}}}));
@@ -391,9 +392,9 @@ TEST(ParseMapTextSection, TearsAHeaderAtItsSemicolonWhenLinesAreNoMore) {
   const MapTextSection section = Parsed(L"@W10 {KIND red; X=1}\nwall");
   ASSERT_EQ(section.records.size(), 1u);
   EXPECT_EQ(section.records[0].code, L"W10");
-  EXPECT_TRUE(section.records[0].itemLists.empty());
+  EXPECT_TRUE(section.records[0].itemLists.Lists().empty());
   EXPECT_EQ(section.records[0].text, L"X=1}\nwall");
-  EXPECT_EQ(section.records[0].tokens, (Texts{L"X=1}\nWALL"}));
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"X=1}\nWALL"}));
 }
 
 TEST(ParseMapTextSection, ReadsASectionOnOneLineCutAtSemicolons) {
@@ -401,7 +402,7 @@ TEST(ParseMapTextSection, ReadsASectionOnOneLineCutAtSemicolons) {
   EXPECT_EQ(section.domenIds, (Texts{L"D1"}));
   EXPECT_EQ(section.defaultCode, L"Z99");
   EXPECT_EQ(PatternsOf(section), (Texts{L"wall", L"basic wall"}));
-  EXPECT_EQ(TextsOf(section.records.at(1).itemLists), (Lists{{{L"A", L"1"}}}));
+  EXPECT_EQ(TextsOf(section.records[1].itemLists), (Lists{{{L"A", L"1"}}}));
 }
 
 TEST(ParseMapTextSection, ReplacesRecordsAndDefaultCodeOfAnEarlierSection) {
@@ -421,7 +422,7 @@ TEST(ParseMapTextSection, KeepsCharactersOfAnyKind) {
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(section.records[0].code, L"W\0\U0001F6AA"s);
   EXPECT_EQ(TextsOf(section.records[0].itemLists), (Lists{{{L"A", L"\0"s}}}));
-  EXPECT_EQ(section.records[0].tokens, (Texts{L"WA\0LL"s}));
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"WA\0LL"s}));
   EXPECT_EQ(section.records[1].text, L"\uFEFF@X");
 }
 
@@ -430,7 +431,7 @@ TEST(ParseMapTextSection, TakesALineOfFiveMillionCharacters) {
   const MapTextSection section = Parsed(L"@A\n" + word);
   ASSERT_EQ(section.records.size(), 1u);
   EXPECT_EQ(section.records[0].text, word);
-  EXPECT_EQ(section.records[0].tokens, (Texts{word}));
+  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{word}));
 }
 
 TEST(ParseMapTextSection, TakesALineOfAMillionBlanks) {
@@ -447,7 +448,7 @@ TEST(ParseMapTextSection, TakesAHeaderOfAHundredThousandMarks) {
   constexpr std::size_t size = 100'000;
   std::wstring blocks;
   for (std::size_t i = 0; i < size; ++i) blocks += L"{}";
-  EXPECT_EQ(Parsed(L"@A " + blocks + L"\nwall").records.at(0).itemLists.size(), size);
+  EXPECT_EQ(Parsed(L"@A " + blocks + L"\nwall").records[0].itemLists.Lists().size(), size);
   ExpectHeader(L"@A " + std::wstring(size, L'{'), L"A", {});
   ExpectHeader(L"@A " + std::wstring(size, L'{') + L"}", L"A",
                {{{std::wstring(size - 1, L'{'), L""}}});
@@ -472,8 +473,8 @@ TEST(ParseMapTextSection, SharesTheItemsOfAHeaderAmongItsPatterns) {
   MapTextSection section;
   ParseMapTextSection(section, text);
   ASSERT_EQ(section.records.size(), 2'000u);
-  EXPECT_EQ(section.records.front().itemLists[0].size(), 20'000u);
-  EXPECT_EQ(&section.records.front().itemLists[0], &section.records.back().itemLists[0]);
+  EXPECT_EQ(section.records[0].itemLists.Lists()[0].size(), 20'000u);
+  EXPECT_EQ(section.records[1'999].itemLists.Lists()[0].size(), 20'000u);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "editor/Text.h"
 #include "support/ItemTexts.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -17,8 +18,8 @@ using Texts = std::vector<std::wstring>;
 
 Texts Statements(std::wstring_view text) {
   Texts statements;
-  for (const std::wstring_view statement : SplitStatements(text))
-    statements.emplace_back(statement);
+  PieceReader reader = SplitStatements(text);
+  for (std::wstring_view statement; reader.Next(statement);) statements.emplace_back(statement);
   return statements;
 }
 
@@ -87,8 +88,8 @@ TEST(SplitStatements, TakesNoOtherLineEndForALineFeed) {
 
 TEST(SplitStatements, CutsAtAMillionSeparators) {
   constexpr std::size_t size = 1'000'000;
-  EXPECT_EQ(SplitStatements(std::wstring(size, L'\n')).size(), size + 1);
-  EXPECT_EQ(SplitStatements(std::wstring(size, L';')).size(), size + 1);
+  EXPECT_EQ(Statements(std::wstring(size, L'\n')).size(), size + 1);
+  EXPECT_EQ(Statements(std::wstring(size, L';')).size(), size + 1);
 }
 
 TEST(ParseParamSection, MakesNoRecordOutOfAnEmptyText) {
@@ -210,16 +211,16 @@ TEST(FindItemLists, GivesTheListsOfTheFirstRecordOfTheCode) {
 TEST(FindItemLists, GivesNothingForAnUnknownCode) {
   const ParamSection section = Parsed(L"W10 red");
   for (const wchar_t* code : {L"W1", L"W100", L"w10", L" W10", L"W10 "}) {
-    EXPECT_TRUE(FindItemLists(section, code).empty()) << code;
+    EXPECT_TRUE(FindItemLists(section, code).Lists().empty()) << code;
   }
-  EXPECT_TRUE(FindItemLists(section, L"W10\0"s).empty());
-  EXPECT_TRUE(FindItemLists(ParamSection(), L"W10").empty());
+  EXPECT_TRUE(FindItemLists(section, L"W10\0"s).Lists().empty());
+  EXPECT_TRUE(FindItemLists(ParamSection(), L"W10").Lists().empty());
 }
 
 TEST(FindItemLists, GivesNothingForAnEmptyCodeThoughARecordMayHaveIt) {
   const ParamSection section = Parsed(L"{ A=1");
   ASSERT_EQ(section.records.at(0).code, L"");
-  EXPECT_TRUE(FindItemLists(section, L"").empty());
+  EXPECT_TRUE(FindItemLists(section, L"").Lists().empty());
 }
 
 TEST(FindItemLists, GivesAllListsOfARecordEmptyOnesIncluded) {

@@ -1,4 +1,4 @@
-// Property items as pairs of texts, which GoogleTest compares and prints.
+// Property items and tokens as texts, which GoogleTest compares and prints.
 
 #pragma once
 
@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "mapping/MapTextRecords.h"
 #include "mapping/ParamItem.h"
 
 // Of each item the property's id and the value text.
@@ -19,6 +20,10 @@ inline ItemTexts TextsOf(const TolvenLibs::RevitMappingEditorDll::ParamItemList&
 
 inline std::vector<ItemTexts> TextsOf(const TolvenLibs::RevitMappingEditorDll::ItemLists& lists) {
   std::vector<ItemTexts> texts;
-  for (const auto& items : lists) texts.push_back(TextsOf(items));
+  for (const auto& items : lists.Lists()) texts.push_back(TextsOf(items));
   return texts;
+}
+
+inline std::vector<std::wstring> TextsOf(const TolvenLibs::RevitMappingEditorDll::Tokens& tokens) {
+  return {tokens.begin(), tokens.end()};
 }

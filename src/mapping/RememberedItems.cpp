@@ -1,0 +1,37 @@
+#include "mapping/RememberedItems.h"
+
+#include <cstddef>
+#include <utility>
+
+#include "mapping/CodeParams.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+RememberedItems::RememberedItems() = default;
+
+RememberedItems::RememberedItems(const RememberedItems& /*other*/) {}
+
+RememberedItems& RememberedItems::operator=(const RememberedItems& /*other*/) {
+  Forget();
+  return *this;
+}
+
+RememberedItems::~RememberedItems() = default;
+
+const CodeItems* RememberedItems::Find(int codeId) const {
+  const auto position = static_cast<std::size_t>(codeId);
+  return position < byCodeId.size() ? byCodeId[position].get() : nullptr;
+}
+
+const CodeItems& RememberedItems::Keep(int codeId, CodeItems items) {
+  const auto position = static_cast<std::size_t>(codeId);
+  if (byCodeId.size() <= position) byCodeId.resize(position + 1);
+  byCodeId[position] = std::make_unique<const CodeItems>(std::move(items));
+  return *byCodeId[position];
+}
+
+void RememberedItems::Forget() {
+  byCodeId.clear();
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
