@@ -1,6 +1,7 @@
 #include "domen/DomenProperty.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "domen/PropertyType.h"
@@ -12,21 +13,21 @@ namespace {
 using Field = std::unique_ptr<Properties::PropertyParameter>;
 
 // A new field with the starting value of its class, or null if there is no such type.
-Field MakeField(const std::wstring& name, const std::wstring& title, int valueType, bool flag) {
+Field MakeField(std::wstring name, std::wstring title, int valueType, bool flag) {
   using namespace Properties;
   switch (valueType) {
     case typeInt:
-      return std::make_unique<PropertyIntParameter>(name, title, flag);
+      return std::make_unique<PropertyIntParameter>(std::move(name), std::move(title), flag);
     case typeReal:
-      return std::make_unique<PropertyRealParameter>(name, title, flag);
+      return std::make_unique<PropertyRealParameter>(std::move(name), std::move(title), flag);
     case typeStr:
-      return std::make_unique<PropertyStrParameter>(name, title, flag);
+      return std::make_unique<PropertyStrParameter>(std::move(name), std::move(title), flag);
     case typeIList:
-      return std::make_unique<PropertyIListParameter>(name, title, flag);
+      return std::make_unique<PropertyIListParameter>(std::move(name), std::move(title), flag);
     case typeRList:
-      return std::make_unique<PropertyRListParameter>(name, title, flag);
+      return std::make_unique<PropertyRListParameter>(std::move(name), std::move(title), flag);
     case typeSList:
-      return std::make_unique<PropertySListParameter>(name, title, flag);
+      return std::make_unique<PropertySListParameter>(std::move(name), std::move(title), flag);
     default:
       return nullptr;
   }
@@ -44,10 +45,9 @@ DomenProperty::DomenProperty(std::wstring propertyId, std::wstring propertyName,
 
 DomenProperty::DomenProperty(const DomenProperty& other)
     : DomenProperty(other.id, other.name, other.objectTypes, other.unique, other.sortIndex) {
-  // As `AddValueField` does, but for the search for the name, which the source has only once.
+  fields.reserve(other.fields.size());
   for (const Field& field : other.fields) {
-    fields.push_back(MakeField(field->name, field->title, field->valueType, field->fieldFlag));
-    fields.back()->SetValue(field->GetValue());
+    AppendField(field->name, field->title, field->valueType, field->fieldFlag, field->GetValue());
   }
 }
 
@@ -60,16 +60,20 @@ bool DomenProperty::AppliesToObjectType(std::wstring_view objectType) const {
          std::find(objectTypes.begin(), objectTypes.end(), objectType) != objectTypes.end();
 }
 
-int DomenProperty::AddValueField(const std::wstring& fieldName, const std::wstring& title,
-                                 int valueType, bool fieldFlag, const std::wstring& defaultText) {
-  const bool taken = std::any_of(fields.begin(), fields.end(), [&fieldName](const Field& field) {
+int DomenProperty::AddValueField(std::wstring_view fieldName, std::wstring_view title,
+                                 int valueType, bool fieldFlag, std::wstring_view defaultText) {
+  const bool taken = std::any_of(fields.begin(), fields.end(), [fieldName](const Field& field) {
     return field->name == fieldName;
   });
-  if (taken) return -1;
-  Field field = MakeField(fieldName, title, valueType, fieldFlag);
+  return taken ? -1 : AppendField(fieldName, title, valueType, fieldFlag, defaultText);
+}
+
+int DomenProperty::AppendField(std::wstring_view fieldName, std::wstring_view title, int valueType,
+                               bool fieldFlag, std::wstring_view defaultText) {
+  Field field = MakeField(std::wstring(fieldName), std::wstring(title), valueType, fieldFlag);
   if (!field) return -2;
   fields.push_back(std::move(field));
-  fields.back()->SetValue(defaultText);
+  fields.back()->SetValue(std::wstring(defaultText));
   return 0;
 }
 

@@ -1,11 +1,15 @@
 #include "domen/DomenSection.h"
 
+#include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "classificator/TextFile.h"
 #include "domen/DomenStore.h"
+#include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "editor/Text.h"
@@ -14,27 +18,69 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
+// The pieces of an entry at blanks, the last of them being all the rest, in which one blank stands
+// where the entry may have more.
+template <std::size_t limit>
+class EntryPieces {
+ public:
+  explicit EntryPieces(std::wstring_view entry) {
+    PieceReader reader(entry, L" ", false);
+    while (count < limit && reader.Next(pieces[count])) ++count;
+    if (count < limit) return;
+    std::wstring_view further;
+    if (!reader.Next(further)) return;
+    rest = pieces[limit - 1];
+    do rest.append(L" ").append(further);
+    while (reader.Next(further));
+    pieces[limit - 1] = rest;
+  }
+  EntryPieces(const EntryPieces&) = delete;
+  EntryPieces& operator=(const EntryPieces&) = delete;
+
+  std::size_t Count() const { return count; }
+  std::wstring_view operator[](std::size_t index) const { return pieces[index]; }
+
+ private:
+  std::array<std::wstring_view, limit> pieces;
+  std::size_t count = 0;
+  std::wstring rest;
+};
+
 // What the entries of one section build on.
 class DomenSectionParser {
  public:
   explicit DomenSectionParser(DomenStore& target) : store(target) {}
 
   void ParseEntry(std::wstring_view entry) {
-    if (entry.front() == L'/' || entry.front() == L'!') return;
-    if (StartsWith(entry, L"@@@")) return OpenDomen(Trimmed(entry.substr(3)));
-    if (StartsWith(entry, L"@@")) return SetObjectTypes(entry.substr(2));
-    if (StartsWith(entry, L"@")) return AddProperty(entry.substr(1));
-    AddField(entry);
+    switch (entry.front()) {
+      case L'/':
+      case L'!':
+        return;
+      case L'@':
+        return ParseAtSign(entry);
+      default:
+        return AddField(entry);
+    }
   }
 
  private:
+  void ParseAtSign(std::wstring_view entry) {
+    if (StartsWith(entry, L"@@@")) return OpenDomen(Trimmed(entry.substr(3)));
+    if (StartsWith(entry, L"@@")) return SetObjectTypes(entry.substr(2));
+    AddProperty(entry.substr(1));
+  }
+
   // The id ends at the first blank; what stands behind it is read by nobody. The current property
   // stays: a field that follows goes to the new domain's property of the same id, if it has one.
   void OpenDomen(std::wstring_view text) {
-    domenId = text.substr(0, text.find(L' '));
-    if (domenId.empty()) return;
-    store.AddDomen(domenId, Domen(domenId, domenId));
-    store.activeDomenId = domenId;
+    const std::wstring id(text.substr(0, text.find(L' ')));
+    domen = nullptr;
+    fields.reset();
+    if (id.empty()) return;
+    domen = &store.AddDomen(id, Domen(id, id)).first->second;
+    store.activeDomenId = id;
+    const auto found = domen->properties.find(propertyId);
+    if (!propertyId.empty() && found != domen->properties.end()) fields.emplace(found->second);
   }
 
   void SetObjectTypes(std::wstring_view text) { objectTypes = SplitTrimmed(text, L" ", false); }
@@ -42,40 +88,38 @@ class DomenSectionParser {
   // Forgets the current property first, so that the fields behind a bad line go to none.
   void AddProperty(std::wstring_view text) {
     propertyId.clear();
-    Domen* domen = CurrentDomen();
+    fields.reset();
     if (!domen) return;
-    const std::vector<std::wstring> pieces = SplitTrimmed(text, L" ", false, 4);
+    const EntryPieces<4> pieces(text);
     int unique = 0;
     int sortIndex = 0;
-    if (pieces.size() < 3 || !ParseInt(pieces[1], unique) || !ParseInt(pieces[2], sortIndex))
+    if (pieces.Count() < 3 || !ParseInt(pieces[1], unique) || !ParseInt(pieces[2], sortIndex)) {
       return;
-    domen->AddProperty(
-        pieces[0], DomenProperty(pieces[0], pieces.size() > 3 ? pieces[3] : pieces[0], objectTypes,
-                                 unique == 1, sortIndex));
+    }
     propertyId = pieces[0];
+    const std::wstring_view name = pieces[pieces.Count() > 3 ? 3 : 0];
+    // Files tend to have the keys in order, so that the end is the place to look first.
+    const auto entry =
+        domen->properties.try_emplace(domen->properties.end(), propertyId, propertyId,
+                                      std::wstring(name), objectTypes, unique == 1, sortIndex);
+    fields.emplace(entry->second);
   }
 
   void AddField(std::wstring_view text) {
-    Domen* domen = CurrentDomen();
-    if (!domen || propertyId.empty()) return;
-    const std::vector<std::wstring> pieces = SplitTrimmed(text, L" ", false, 5);
-    if (pieces.size() < 4) return;
+    if (!fields) return;
+    const EntryPieces<5> pieces(text);
+    if (pieces.Count() < 4) return;
     const int valueType = ParsePropertyType(pieces[1]);
     int flag = 0;
     if (valueType == -1 || !ParseInt(pieces[2], flag)) return;
-    domen->AddPropertyField(propertyId, pieces[0], pieces.size() > 4 ? pieces[4] : pieces[0],
-                            valueType, flag != 0, pieces[3]);
-  }
-
-  Domen* CurrentDomen() {
-    const auto found = store.domens.find(domenId);
-    return domenId.empty() || found == store.domens.end() ? nullptr : &found->second;
+    fields->Add(pieces[0], pieces[pieces.Count() > 4 ? 4 : 0], valueType, flag != 0, pieces[3]);
   }
 
   DomenStore& store;
-  std::wstring domenId;
   std::vector<std::wstring> objectTypes;
-  std::wstring propertyId;
+  Domen* domen = nullptr;
+  std::wstring propertyId;           // empty if there is no current property
+  std::optional<FieldAdder> fields;  // of the property of this id in `domen`, if it has one
 };
 
 }  // namespace

@@ -115,12 +115,22 @@ std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes) {
 
 std::optional<std::string> EncodeUtf8(std::wstring_view text) {
   std::string bytes;
+  if (!AppendUtf8(bytes, text)) return std::nullopt;
+  return bytes;
+}
+
+bool AppendUtf8(std::string& bytes, std::wstring_view text) {
   while (!text.empty()) {
+    if (static_cast<std::uint32_t>(text.front()) < 0x80) {
+      bytes.push_back(static_cast<char>(text.front()));
+      text.remove_prefix(1);
+      continue;
+    }
     const std::uint32_t code = TakeUnits(text);
-    if (code == noCodePoint) return std::nullopt;
+    if (code == noCodePoint) return false;
     PutBytes(code, bytes);
   }
-  return bytes;
+  return true;
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -24,4 +24,8 @@ std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
 // surrogate without its partner, or a number above U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);
 
+// Adds the UTF-8 form of `text` to `bytes`, or gives false at the first unit that has none, with
+// the form of those ahead of it added.
+bool AppendUtf8(std::string& bytes, std::wstring_view text);
+
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -62,6 +62,11 @@ class Cursor {
 
   void Skip(std::size_t count = 1) { position += count; }
 
+  template <class Fits>
+  void SkipWhile(Fits fits) {
+    while (position < text.size() && fits(text[position])) ++position;
+  }
+
   bool SkipIf(wchar_t unit) {
     if (AtEnd() || text[position] != unit) return false;
     ++position;
@@ -99,8 +104,7 @@ class Cursor {
 
 void SkipComment(Cursor& cursor) {
   if (cursor.SkipIf(L"//")) {
-    while (!cursor.AtEnd() && !IsLineTerminator(cursor.Peek())) cursor.Skip();
-    return;
+    return cursor.SkipWhile([](wchar_t unit) { return !IsLineTerminator(unit); });
   }
   if (!cursor.SkipIf(L"/*")) cursor.Fail("a stroke that begins no comment");
   while (!cursor.SkipIf(L"*/")) {
@@ -111,13 +115,9 @@ void SkipComment(Cursor& cursor) {
 
 void SkipSpace(Cursor& cursor) {
   while (!cursor.AtEnd()) {
-    if (cursor.Peek() == L'/') {
-      SkipComment(cursor);
-    } else if (IsJson5Space(cursor.Peek())) {
-      cursor.Skip();
-    } else {
-      return;
-    }
+    cursor.SkipWhile(IsJson5Space);
+    if (cursor.Peek() != L'/') return;
+    SkipComment(cursor);
   }
 }
 
@@ -268,11 +268,11 @@ class StringReader {
  private:
   // Up to the closing mark or the next backslash.
   void SkipPlain() {
-    while (cursor.Peek() != quotationMark && cursor.Peek() != L'\\') {
-      if (cursor.AtEnd() || cursor.Peek() == L'\n' || cursor.Peek() == L'\r') {
-        cursor.Fail("a string that is not closed on its line");
-      }
-      cursor.Skip();
+    cursor.SkipWhile([this](wchar_t unit) {
+      return unit != quotationMark && unit != L'\\' && unit != L'\n' && unit != L'\r';
+    });
+    if (cursor.AtEnd() || cursor.Peek() == L'\n' || cursor.Peek() == L'\r') {
+      cursor.Fail("a string that is not closed on its line");
     }
   }
 

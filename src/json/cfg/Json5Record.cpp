@@ -22,19 +22,32 @@ Json5RecordItem& Json5Record::Item(std::wstring_view sectionName, std::wstring_v
 
 void Json5Record::Set(Json5RecordItem& item, std::wstring_view key, Json5RecordValue value,
                       std::wstring_view comment) {
+  const std::size_t keyPlace = PlaceOf(key);
+  const std::size_t commentPlace = PlaceOf(comment);
   const auto found =
       std::find_if(item.params.begin(), item.params.end(),
-                   [key](const Json5RecordParam& param) { return param.key == key; });
+                   [keyPlace](const Json5RecordParam& param) { return param.key == keyPlace; });
   if (found == item.params.end()) {
-    item.params.push_back({Intern(key), std::move(value), Intern(comment)});
+    item.params.push_back({keyPlace, std::move(value), commentPlace});
     return;
   }
   found->value = std::move(value);
-  found->comment = Intern(comment);
+  found->comment = commentPlace;
 }
 
 std::wstring_view Json5Record::Keep(std::wstring_view text) {
-  return kept.emplace_back(text);
+  constexpr std::size_t usualSize = 4096;
+  if (blockSize - blockFilled <= text.size()) {
+    const std::size_t size = std::max(usualSize, text.size() + 1);
+    kept.push_back(std::make_unique_for_overwrite<wchar_t[]>(size));
+    blockSize = size;
+    blockFilled = 0;
+  }
+  wchar_t* copy = kept.back().get() + blockFilled;
+  text.copy(copy, text.size());
+  copy[text.size()] = L'\0';
+  blockFilled += text.size() + 1;
+  return {copy, text.size()};
 }
 
 void Json5Record::Adopt(const wchar_t** texts, std::size_t count) {
@@ -50,9 +63,20 @@ void Json5Record::Adopt(const wchar_t** texts, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) owners.emplace_back(texts[i]);
 }
 
-std::wstring_view Json5Record::Intern(std::wstring_view text) {
-  const auto found = interned.find(text);
-  return found == interned.end() ? *interned.insert(Keep(text)).first : *found;
+std::size_t Json5Record::RepeatedHash::operator()(std::wstring_view text) const {
+  if (text.empty()) return 0;
+  const auto first = static_cast<std::size_t>(text.front());
+  const auto middle = static_cast<std::size_t>(text[text.size() / 2]);
+  const auto last = static_cast<std::size_t>(text.back());
+  return ((text.size() * 31 + first) * 31 + middle) * 31 + last;
+}
+
+std::size_t Json5Record::PlaceOf(std::wstring_view repeatedText) {
+  const auto found = placesInRepeated.find(repeatedText);
+  if (found != placesInRepeated.end()) return found->second;
+  repeated.push_back(Keep(repeatedText));
+  placesInRepeated.emplace(repeated.back(), repeated.size() - 1);
+  return repeated.size() - 1;
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

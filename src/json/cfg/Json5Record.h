@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <variant>
 #include <vector>
 
@@ -18,10 +17,11 @@ namespace TolvenLibs::RevitMappingEditorDll {
 using Json5RecordValue =
     std::variant<std::wstring_view, int, double, std::vector<std::wstring_view>>;
 
+// Keys and comments are requested over and over, and stand here by their place in `Repeated`.
 struct Json5RecordParam {
-  std::wstring_view key;
+  std::size_t key;
   Json5RecordValue value;
-  std::wstring_view comment;
+  std::size_t comment;
 };
 
 struct Json5RecordItem {
@@ -59,13 +59,23 @@ class Json5Record {
 
   const std::deque<Json5RecordSection>& Sections() const { return sections; }
 
+  // The keys and comments, each once.
+  const std::vector<std::wstring_view>& Repeated() const { return repeated; }
+
  private:
-  // The one copy of a text that is requested over and over.
-  std::wstring_view Intern(std::wstring_view text);
+  // By a few units: the texts are few, and long.
+  struct RepeatedHash {
+    std::size_t operator()(std::wstring_view text) const;
+  };
+
+  std::size_t PlaceOf(std::wstring_view repeatedText);
 
   std::deque<Json5RecordSection> sections;
-  std::deque<std::wstring> kept;
-  std::unordered_set<std::wstring_view> interned;
+  std::vector<std::unique_ptr<wchar_t[]>> kept;  // blocks with texts side by side
+  std::size_t blockSize = 0;                     // of the last block
+  std::size_t blockFilled = 0;
+  std::vector<std::wstring_view> repeated;
+  std::unordered_map<std::wstring_view, std::size_t, RepeatedHash> placesInRepeated;
   std::vector<std::unique_ptr<const wchar_t[]>> adopted;
 };
 

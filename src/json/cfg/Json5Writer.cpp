@@ -67,7 +67,7 @@ void AppendString(std::string& bytes, std::wstring_view text) {
       continue;
     }
     // What is plain stands for code points, and so has a form in UTF-8.
-    bytes += *EncodeUtf8(text.substr(0, plain));
+    AppendUtf8(bytes, text.substr(0, plain));
     text.remove_prefix(plain);
   }
   bytes += '"';
@@ -102,13 +102,20 @@ struct AppendValue {
   std::string& bytes;
 };
 
-void AppendComment(std::string& bytes, std::wstring_view comment) {
-  if (comment.empty()) return;
-  // A comment ends with its line, and so has none of its own.
+// A comment with what stands in front of it. It ends with its line, and so has no line end of its
+// own.
+std::string FormatComment(std::wstring_view comment) {
+  if (comment.empty()) return {};
   std::wstring line(comment);
   std::replace_if(line.begin(), line.end(), IsLineTerminator, L' ');
-  bytes += " // ";
-  bytes += EncodeUtf8(line).value_or("");
+  std::string bytes = " // ";
+  return AppendUtf8(bytes, line) ? bytes : " // ";
+}
+
+std::string FormatKey(std::wstring_view key) {
+  std::string bytes;
+  AppendString(bytes, key);
+  return bytes;
 }
 
 // The lines between the braces of an object, each an entry with a comma behind it but for the last,
@@ -117,17 +124,17 @@ class Lines {
  public:
   Lines(std::string& target, std::size_t linesDepth) : bytes(target), depth(linesDepth) {}
 
-  void Begin(std::wstring_view key) {
+  // Opens an entry. The key is one as `FormatKey` gives it.
+  void Begin(std::string_view key) {
     if (any) bytes += ',';
     bytes += pendingComment;
-    bytes.append(1, '\n').append(2 * depth, ' ');
-    AppendString(bytes, key);
-    bytes += ": ";
+    bytes.append(1, '\n').append(2 * depth, ' ').append(key).append(": ");
     any = true;
-    pendingComment.clear();
+    pendingComment = {};
   }
 
-  void Comment(std::wstring_view comment) { AppendComment(pendingComment, comment); }
+  // What stands behind the entry: a comment as `FormatComment` gives it, which outlives the lines.
+  void Comment(std::string_view comment) { pendingComment = comment; }
 
   void End() {
     bytes += pendingComment;
@@ -137,52 +144,74 @@ class Lines {
  private:
   std::string& bytes;
   std::size_t depth;
-  std::string pendingComment;
+  std::string_view pendingComment;
   bool any = false;
 };
 
-void AppendParams(Lines& lines, std::string& bytes, const Json5RecordItem& item) {
-  for (const Json5RecordParam& param : item.params) {
-    lines.Begin(param.key);
-    std::visit(AppendValue{bytes}, param.value);
-    lines.Comment(param.comment);
-  }
-}
-
-void AppendItem(std::string& bytes, const Json5RecordItem& item) {
-  bytes += '{';
-  Lines lines(bytes, 3);
-  AppendParams(lines, bytes, item);
-  lines.End();
-  bytes += '}';
-}
-
-void AppendSection(std::string& bytes, const Json5RecordSection& section) {
-  bytes += '{';
-  Lines lines(bytes, 2);
-  for (const Json5RecordItem& item : section.items) {
-    if (item.name.empty() && section.items.size() == 1) {
-      AppendParams(lines, bytes, item);
-      continue;
+// Keys and comments are put into bytes once, however often they stand in the file.
+class RecordWriter {
+ public:
+  explicit RecordWriter(const Json5Record& requests) : record(requests) {
+    for (const std::wstring_view text : record.Repeated()) {
+      keys.push_back(FormatKey(text));
+      comments.push_back(FormatComment(text));
     }
-    lines.Begin(item.name);
-    AppendItem(bytes, item);
   }
-  lines.End();
-  bytes += '}';
-}
+
+  std::string Write() {
+    bytes = "{";
+    Lines lines(bytes, 1);
+    for (const Json5RecordSection& section : record.Sections()) {
+      lines.Begin(FormatKey(section.name));
+      WriteSection(section);
+    }
+    lines.End();
+    bytes += "}\n";
+    return std::move(bytes);
+  }
+
+ private:
+  void WriteSection(const Json5RecordSection& section) {
+    bytes += '{';
+    Lines lines(bytes, 2);
+    for (const Json5RecordItem& item : section.items) {
+      if (item.name.empty() && section.items.size() == 1) {
+        WriteParams(lines, item);
+        continue;
+      }
+      lines.Begin(FormatKey(item.name));
+      WriteItem(item);
+    }
+    lines.End();
+    bytes += '}';
+  }
+
+  void WriteItem(const Json5RecordItem& item) {
+    bytes += '{';
+    Lines lines(bytes, 3);
+    WriteParams(lines, item);
+    lines.End();
+    bytes += '}';
+  }
+
+  void WriteParams(Lines& lines, const Json5RecordItem& item) {
+    for (const Json5RecordParam& param : item.params) {
+      lines.Begin(keys[param.key]);
+      std::visit(AppendValue{bytes}, param.value);
+      lines.Comment(comments[param.comment]);
+    }
+  }
+
+  const Json5Record& record;
+  std::vector<std::string> keys;
+  std::vector<std::string> comments;
+  std::string bytes;
+};
 
 }  // namespace
 
 std::string FormatJson5(const Json5Record& record) {
-  std::string bytes = "{";
-  Lines lines(bytes, 1);
-  for (const Json5RecordSection& section : record.Sections()) {
-    lines.Begin(section.name);
-    AppendSection(bytes, section);
-  }
-  lines.End();
-  return bytes + "}\n";
+  return RecordWriter(record).Write();
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
