@@ -226,10 +226,12 @@ bool IsLowSurrogate(std::uint32_t code) {
 
 // Adds a unit of UTF-16. Where units have 32 bits, the two of a pair become one.
 void AppendUtf16(std::wstring& text, std::uint32_t unit, bool behindEscapedHigh) {
-  if (sizeof(wchar_t) != 2 && behindEscapedHigh && IsLowSurrogate(unit)) {
-    const auto high = static_cast<std::uint32_t>(text.back());
-    text.back() = static_cast<wchar_t>(((high - 0xD7C0) << 10) + (unit - 0xDC00));
-    return;
+  if constexpr (sizeof(wchar_t) != 2) {
+    if (behindEscapedHigh && IsLowSurrogate(unit)) {
+      const auto high = static_cast<std::uint32_t>(text.back());
+      text.back() = static_cast<wchar_t>(((high - 0xD7C0) << 10) + (unit - 0xDC00));
+      return;
+    }
   }
   text.push_back(static_cast<wchar_t>(unit));
 }
