@@ -40,9 +40,9 @@ bool IsDigit(wchar_t unit) {
 
 // The value of a hexadecimal digit, or -1.
 int HexValue(wchar_t unit) {
-  if (IsDigit(unit)) return static_cast<int>(unit - L'0');
-  if (unit >= L'a' && unit <= L'f') return static_cast<int>(unit - L'a' + 10);
-  if (unit >= L'A' && unit <= L'F') return static_cast<int>(unit - L'A' + 10);
+  if (IsDigit(unit)) return unit - L'0';
+  if (unit >= L'a' && unit <= L'f') return unit - L'a' + 10;
+  if (unit >= L'A' && unit <= L'F') return unit - L'A' + 10;
   return -1;
 }
 

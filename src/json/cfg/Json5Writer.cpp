@@ -71,6 +71,7 @@ void AppendString(std::string& bytes, std::wstring_view text) {
       continue;
     }
     // What is plain stands for code points, and so has a form in UTF-8.
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
     bytes += *EncodeUtf8(text.substr(0, plain));
     text.remove_prefix(plain);
   }
