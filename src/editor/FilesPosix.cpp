@@ -6,11 +6,8 @@
 
 #include <cerrno>
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <ios>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,14 +39,6 @@ void Check(bool succeeded) {
   if (!succeeded) ThrowError(errno);
 }
 
-// How much to ask for at first: one byte more than the file says it holds, so that one read sees
-// its end.
-std::size_t FirstReadSize(const fs::path& path) {
-  std::error_code error;
-  const std::uintmax_t size = fs::file_size(path, error);
-  return error ? 4096 : static_cast<std::size_t>(size) + 1;
-}
-
 // An open file, closed with its scope.
 class Descriptor {
  public:
@@ -59,6 +48,22 @@ class Descriptor {
   ~Descriptor() { close(number); }
 
   int Number() const { return number; }
+
+  // How much to ask for at first: one byte more than the file says it holds, so that the second
+  // read sees its end without a larger buffer.
+  std::size_t FirstReadSize() const {
+    struct stat status = {};
+    return fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
+  }
+
+  // Reads into the buffer as much as one call gives. 0 at the end of the file, and at a failure.
+  std::size_t Read(char* buffer, std::size_t size) const {
+    ssize_t got = -1;
+    do {
+      got = read(number, buffer, size);
+    } while (got < 0 && errno == EINTR);
+    return got < 0 ? 0 : static_cast<std::size_t>(got);
+  }
 
   void Write(std::string_view bytes) const {
     while (!bytes.empty()) {
@@ -175,15 +180,16 @@ std::optional<std::string> ReadFile(const std::wstring& path) {
   const std::optional<fs::path> native = ToNativePath(path);
   std::error_code ignored;
   if (!native || fs::is_directory(*native, ignored)) return std::nullopt;
-  std::ifstream file(*native, std::ios::binary);
-  if (!file.is_open()) return std::nullopt;
+  const int opened = open(native->c_str(), O_RDONLY | O_CLOEXEC);
+  if (opened < 0) return std::nullopt;
+  const Descriptor file(opened);
 
-  std::string bytes;
+  // Not by a stream, which forgets what it has read when the next read fails.
+  std::string bytes(file.FirstReadSize(), '\0');
   std::size_t filled = 0;
-  while (file) {
-    bytes.resize(filled == 0 ? FirstReadSize(*native) : 2 * filled);
-    file.read(bytes.data() + filled, static_cast<std::streamsize>(bytes.size() - filled));
-    filled += static_cast<std::size_t>(file.gcount());
+  while (const std::size_t got = file.Read(bytes.data() + filled, bytes.size() - filled)) {
+    filled += got;
+    if (filled == bytes.size()) bytes.resize(2 * filled);
   }
   bytes.resize(filled);
   return bytes;

@@ -44,10 +44,12 @@ std::uint32_t TakeCodePoint(std::string_view& bytes) {
 }
 
 wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
-  if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
-    *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
-    *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
-    return out;
+  if constexpr (sizeof(wchar_t) == 2) {
+    if (code > 0xFFFF) {
+      *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
+      *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
+      return out;
+    }
   }
   *out++ = static_cast<wchar_t>(code);
   return out;
@@ -58,11 +60,14 @@ std::uint32_t TakeUnits(std::wstring_view& text) {
   const auto code = static_cast<std::uint32_t>(text.front());
   text.remove_prefix(1);
   if (!IsSurrogate(code)) return code <= lastCodePoint ? code : noCodePoint;
-  if (sizeof(wchar_t) != 2 || code >= 0xDC00 || text.empty()) return noCodePoint;
-  const auto low = static_cast<std::uint32_t>(text.front());
-  if (low < 0xDC00 || low > 0xDFFF) return noCodePoint;
-  text.remove_prefix(1);
-  return ((code - 0xD7C0) << 10) + (low - 0xDC00);
+  if constexpr (sizeof(wchar_t) == 2) {
+    const std::uint32_t low = text.empty() ? 0 : static_cast<std::uint32_t>(text.front());
+    if (code < 0xDC00 && low >= 0xDC00 && low <= 0xDFFF) {
+      text.remove_prefix(1);
+      return ((code - 0xD7C0) << 10) + (low - 0xDC00);
+    }
+  }
+  return noCodePoint;
 }
 
 void PutBytes(std::uint32_t code, std::string& bytes) {

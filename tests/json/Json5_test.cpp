@@ -340,6 +340,17 @@ TEST(ParseJson5, RefusesKeysThatAreNeitherIdentifiersNorStrings) {
        L"\xD801", L"\xDC00",  L"a\xD801",      L"a\xDC00",    L"\xDC00\xD801"});
 }
 
+// A pair in the text is one character, also where a unit has room for the whole of it.
+TEST(ParseJson5, TakesAPairOfSurrogatesInAKeyForTheLetterThatItStandsFor) {
+  const std::wstring letter = L"\xD801\xDC00";
+  ExpectKeys({{letter, letter}, {L"a" + letter, L"a" + letter}, {letter + L"1", letter + L"1"}});
+}
+
+// Each of these would be a letter if the numbers were put together.
+TEST(ParseJson5, TakesOnlyAHighAndALowSurrogateForAPair) {
+  ExpectNoKeys({L"\xD7FF\xDDF2", L"\xD801\xE000", L"\xD820\xDBFF"});
+}
+
 TEST(ParseJson5, EndsAnIdentifierAtWhiteSpaceOfAnyKind) {
   for (const wchar_t unit : whiteSpace) {
     EXPECT_EQ(Parsed(L"{a"s + unit + L":1}"), L"{a:1}") << static_cast<std::uint32_t>(unit);
@@ -537,6 +548,8 @@ TEST(ParseJson5, RefusesHexadecimalEscapesThatLackADigit) {
        LR"(\x-4)",   LR"(\u)",          LR"(\u0)",          LR"(\u00)",           LR"(\u004)",
        LR"(\u004g)", LR"(\u00 41)",     LR"(\ug041)",       LR"(\u{41})",         LR"(\u+041)",
        LR"(\u0x41)", LR"(\u004\u0041)", L"\\x\uFF14\uFF11", L"\\u00\u0664\u0661", L"\\u00\\\n41"});
+  ExpectNoStrings(
+      {LR"(\x0/)", LR"(\x0:)", LR"(\x0@)", LR"(\x0G)", LR"(\x0`)", LR"(\x0g)"});  // neighbours
 }
 
 TEST(ParseJson5, LeavesLineContinuationsOut) {
@@ -1086,9 +1099,34 @@ TEST(ParseJson5Error, CountsColumnsInUnits) {
 }
 
 TEST(ParseJson5Error, SaysWhatIsWrong) {
-  for (const wchar_t* text : {L"", L"[1 2]", L"'\n'", L"/*", L"01", L"{a}"}) {
-    EXPECT_NE(ErrorMessage(text), "") << text;
+  struct Case {
+    const wchar_t* text;
+    const char* message;
+  };
+  for (const Case& one : {
+           Case{L"[1", "the text ends too early"},
+           Case{L"/*", "the text ends too early"},
+           Case{L"'\\", "the text ends too early"},
+           Case{L"/1", "a stroke that begins no comment"},
+           Case{L"0xg", "a hexadecimal number without digits"},
+           Case{L"01", "a digit behind a leading 0"},
+           Case{L".x", "a point without digits"},
+           Case{L"-x", "a sign without a number"},
+           Case{L"1ex", "an exponent without digits"},
+           Case{L"'\\xg'", "an escape that lacks a hexadecimal digit"},
+           Case{L"'\n'", "a string that is not closed on its line"},
+           Case{L"'\\1'", "an escape of a digit"},
+           Case{L"{\\x61:1}", "a key with an escape other than \\u"},
+           Case{L"{\\u0020:1}", "an escape of what can't stand in a key"},
+           Case{L"{1:1}", "a key is expected"},
+           Case{L"{a}", "a colon is expected behind a key"},
+           Case{L"[,]", "a value is expected"},
+           Case{L"[1 2]", "neither a comma nor the end of an array or object"},
+           Case{L"1 2", "something behind the value"},
+       }) {
+    EXPECT_EQ(ErrorMessage(one.text), one.message) << one.text;
   }
+  EXPECT_EQ(ErrorMessage(std::wstring(1001, L'[')), "arrays and objects too deep in each other");
 }
 
 // Huge texts: each takes a time that grows with its length only.

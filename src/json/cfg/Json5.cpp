@@ -40,9 +40,9 @@ bool IsDigit(wchar_t unit) {
 
 // The value of a hexadecimal digit, or -1.
 int HexValue(wchar_t unit) {
-  if (IsDigit(unit)) return static_cast<int>(unit - L'0');
-  if (unit >= L'a' && unit <= L'f') return static_cast<int>(unit - L'a' + 10);
-  if (unit >= L'A' && unit <= L'F') return static_cast<int>(unit - L'A' + 10);
+  if (IsDigit(unit)) return unit - L'0';
+  if (unit >= L'a' && unit <= L'f') return unit - L'a' + 10;
+  if (unit >= L'A' && unit <= L'F') return unit - L'A' + 10;
   return -1;
 }
 
@@ -226,10 +226,12 @@ bool IsLowSurrogate(std::uint32_t code) {
 
 // Adds a unit of UTF-16. Where units have 32 bits, the two of a pair become one.
 void AppendUtf16(std::wstring& text, std::uint32_t unit, bool behindEscapedHigh) {
-  if (sizeof(wchar_t) != 2 && behindEscapedHigh && IsLowSurrogate(unit)) {
-    const auto high = static_cast<std::uint32_t>(text.back());
-    text.back() = static_cast<wchar_t>(((high - 0xD7C0) << 10) + (unit - 0xDC00));
-    return;
+  if constexpr (sizeof(wchar_t) != 2) {
+    if (behindEscapedHigh && IsLowSurrogate(unit)) {
+      const auto high = static_cast<std::uint32_t>(text.back());
+      text.back() = static_cast<wchar_t>(((high - 0xD7C0) << 10) + (unit - 0xDC00));
+      return;
+    }
   }
   text.push_back(static_cast<wchar_t>(unit));
 }

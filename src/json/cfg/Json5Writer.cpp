@@ -43,8 +43,12 @@ std::size_t PlainLength(std::wstring_view text) {
 // Whether two units at the head of `text` make one code point. Where units have 32 bits none do,
 // and surrogates are written as escapes.
 bool IsPair(std::wstring_view text) {
-  return sizeof(wchar_t) == 2 && text.size() >= 2 && text[0] >= 0xD800 && text[0] <= 0xDBFF &&
-         text[1] >= 0xDC00 && text[1] <= 0xDFFF;
+  if constexpr (sizeof(wchar_t) == 2) {
+    return text.size() >= 2 && text[0] >= 0xD800 && text[0] <= 0xDBFF && text[1] >= 0xDC00 &&
+           text[1] <= 0xDFFF;
+  } else {
+    return false;
+  }
 }
 
 // The characters of a string that can't stand for themselves.

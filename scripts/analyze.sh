@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Looks for faults in the library's sources without running them: clang-tidy with the checks of
+# .clang-tidy, cppcheck, and the analyzer of g++. Fails on any finding.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/setup.sh clang-tidy-19 cppcheck
+
+build=build/analyze
+cmake -S . -B "$build" -G Ninja -D CMAKE_BUILD_TYPE=Release -D CMAKE_EXPORT_COMPILE_COMMANDS=ON \
+  -D REVIT_MAPPING_EDITOR_TESTS=OFF -D REVIT_MAPPING_EDITOR_TOOLS=OFF >/dev/null
+# The sources that are built here.
+mapfile -t sources < <(find src -name '*.cpp' ! -name '*Windows.cpp' | sort)
+
+failed=0
+echo "clang-tidy over ${#sources[@]} sources"
+printf '%s\n' "${sources[@]}" |
+  xargs -P "$(nproc)" -n 1 clang-tidy-19 -p "$build" --quiet \
+    --extra-arg=-Wno-unknown-warning-option 2>"$build/tidy.log" || failed=1
+
+# Left out: that a loop could be an algorithm, that a list of items may come of its items alone, and
+# two parts that cppcheck doesn't see being used or changed through a pointer.
+echo "cppcheck"
+cppcheck --std=c++20 --enable=warning,style,performance,portability --quiet --error-exitcode=1 \
+  --suppress=useStlAlgorithm \
+  --suppress=noExplicitConstructor:src/mapping/ParamItem.h \
+  --suppress=unusedStructMember:src/json/cfg/Json5.cpp \
+  --suppress=constParameter:src/mapping/CodeParams.cpp \
+  -I include -I src -I src/json/cfg src || failed=1
+
+# It doesn't know yet that `new` never gives null, nor how an exception unwinds, nor what the
+# standard library initialises; what it says of these is left out. Doubly freed, used behind its
+# end, left open, jumped out of: that remains.
+echo "g++ -fanalyzer"
+for source in "${sources[@]}"; do
+  g++ -std=c++20 -O1 -fanalyzer -Werror -Wno-analyzer-use-of-uninitialized-value \
+    -Wno-analyzer-null-dereference -Wno-analyzer-possible-null-dereference \
+    -Wno-analyzer-malloc-leak -I include -I src -I src/json/cfg -c "$source" -o /dev/null ||
+    failed=1
+done
+exit "$failed"
