@@ -19,6 +19,7 @@
 #include "support/Patterns.h"
 #include "support/Peers.h"
 #include "support/Run.h"
+#include "support/Schemes.h"
 #include "support/TempFolder.h"
 #include "support/Words.h"
 
@@ -66,7 +67,8 @@ class Floor {
 // What the cases of one scheme share.
 struct Size {
   Size(LookupData made, const TempFolder& folder)
-      : data(std::move(made)), file(folder.Write(data.name + ".txt", MakeScheme(data.patterns))) {
+      : data(std::move(made)),
+        file(folder.Write(data.name + ".txt", MakeScheme(data.patterns, Headers::codes))) {
     for (const Tokens& tokens : data.records) expressions.push_back(MakeExpression(tokens));
     for (const std::wstring& text : data.texts) subjects.push_back(MakeSubject(text));
     warmTexts.assign(data.texts.begin(), data.texts.begin() + warmTextCount);
@@ -134,7 +136,7 @@ void AddBuild(const std::string& who, const Size& size, Build build) {
 
 // Parsing the section is more than making the index, and so a bound on it.
 void AddOwnBuild(const Size& size) {
-  const std::wstring text = library::DecodeUtf8(MakeMapText(size.data.patterns));
+  const std::wstring text = library::DecodeUtf8(MakeMapText(size.data.patterns, Headers::codes));
   AddBuild("ours", size, [text] {
     library::MapTextSection section;
     library::ParseMapTextSection(section, text);

@@ -2,29 +2,16 @@
 
 #include <algorithm>
 #include <fstream>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
 #include "editor/Utf8.h"
-#include "support/Random.h"
-#include "support/Vocabulary.h"
 
 namespace fs = std::filesystem;
 using TolvenLibs::RevitMappingEditorDll::DecodeUtf8;
-using TolvenLibs::RevitMappingEditorDll::EncodeUtf8;
 
 namespace {
-
-// Two patterns in a hundred have one word, and that may be a rare one: with the frequent words
-// alone, they would be the answer to nearly every description.
-std::wstring MakePattern(const Vocabulary& vocabulary, Random& random) {
-  const std::size_t kind = random.Below(100);
-  if (kind < 2) return vocabulary.Any(random);
-  const int words = kind < 35 ? 2 : kind < 70 ? 3 : 4;
-  std::wstring pattern = vocabulary.Frequent(random);
-  for (int i = 1; i < words; ++i) pattern += L" " + vocabulary.Frequent(random);
-  return pattern;
-}
 
 std::vector<std::wstring> MakePatterns(const Vocabulary& vocabulary, std::size_t count,
                                        Random& random) {
@@ -122,6 +109,17 @@ std::vector<std::wstring> ReadSecondColumn(const fs::path& folder) {
 
 }  // namespace
 
+// Two patterns in a hundred have one word, and that may be a rare one: with the frequent words
+// alone, they would be the answer to nearly every description.
+std::wstring MakePattern(const Vocabulary& vocabulary, Random& random) {
+  const std::size_t kind = random.Below(100);
+  if (kind < 2) return vocabulary.Any(random);
+  const int words = kind < 35 ? 2 : kind < 70 ? 3 : 4;
+  std::wstring pattern = vocabulary.Frequent(random);
+  for (int i = 1; i < words; ++i) pattern += L" " + vocabulary.Frequent(random);
+  return pattern;
+}
+
 LookupData MakeLookupData(std::size_t count, std::size_t textCount) {
   Random random(count);
   const Vocabulary vocabulary;
@@ -141,17 +139,4 @@ LookupData ReadLookupData(const fs::path& folder) {
   data.records = MakeRecords(data.patterns);
   data.texts = ReadSecondColumn(folder / "models");
   return data;
-}
-
-std::string MakeMapText(const std::vector<std::wstring>& patterns) {
-  std::string text;
-  for (std::size_t i = 0; i < patterns.size(); ++i) {
-    if (i % 8 == 0) text += "@C" + std::to_string(i / 8) + "\n";
-    text += EncodeUtf8(patterns[i]).value() + "\n";
-  }
-  return text;
-}
-
-std::string MakeScheme(const std::vector<std::wstring>& patterns) {
-  return "==MAPTEXT\n" + MakeMapText(patterns);
 }

@@ -6,9 +6,10 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "support/Random.h"
+#include "support/Vocabulary.h"
 #include "support/Words.h"
 
 // A scheme and the texts that are looked up in it.
@@ -19,15 +20,13 @@ struct LookupData {
   std::vector<std::wstring> texts;
 };
 
-// `count` different patterns of one to four words, and descriptions of 20 to 80 characters, half of
+// A pattern of one to four words.
+std::wstring MakePattern(const Vocabulary& vocabulary, Random& random);
+
+// `count` different patterns, and descriptions of 20 to 80 characters, half of
 // which match. No two descriptions are equal.
 LookupData MakeLookupData(std::size_t count, std::size_t textCount);
 
 // The titles of the classification tables in `folder` as patterns, the names of elements in its
 // models as descriptions, as they stand. Empty if there is no such folder.
 LookupData ReadLookupData(const std::filesystem::path& folder);
-
-// The text of a ==MAPTEXT section with these patterns, eight below each header, and of a file that
-// holds it.
-std::string MakeMapText(const std::vector<std::wstring>& patterns);
-std::string MakeScheme(const std::vector<std::wstring>& patterns);
