@@ -130,8 +130,9 @@ void AddContestant(const std::string& who, const Size& size, const std::vector<i
 }
 
 template <class Build>
-void AddBuild(const std::string& who, const Size& size, Build build) {
-  AddCase(CaseName("lookup_build", who, size.data.name), build)->Unit(benchmark::kMillisecond);
+benchmark::internal::Benchmark* AddBuild(const std::string& who, const Size& size, Build build) {
+  return AddCase(CaseName("lookup_build", who, size.data.name), build)
+      ->Unit(benchmark::kMillisecond);
 }
 
 // Parsing the section is more than making the index, and so a bound on it.
@@ -144,36 +145,52 @@ void AddOwnBuild(const Size& size) {
   });
 }
 
-void AddCases(const Size& size) {
-  const LookupData& data = size.data;
-  const auto makeEditor = [&size] { return Editor(size.file); };
-  Editor editor = makeEditor();
-  const std::vector<int> expected = Answers(editor, data.texts);
-
-  Walker walker(data.records);
-  const std::vector<int> warmExpected(expected.begin(), expected.begin() + warmTextCount);
-  Require(Answers(walker, size.warmTexts) == warmExpected, "the walk over " + data.name);
-  AddWarm(CaseName("lookup_warm", "walk", data.name), std::make_shared<Walker>(walker),
-          size.warmTexts);
-
-  AddContestant("ours", size, expected, makeEditor, data.texts, size.warmTexts);
-  AddContestant(
-      "re2", size, expected, [&size] { return Re2Peer(size.expressions); }, size.subjects,
-      size.warmSubjects);
-  if (data.patterns.size() <= mostForHyperscan) {
-    AddContestant(
-        "hyperscan", size, expected, [&size] { return HyperscanPeer(size.expressions); },
-        size.subjects, size.warmSubjects);
-  }
-  AddWarm(CaseName("lookup_warm", "floor", data.name), std::make_shared<Floor>(), size.warmTexts);
-  AddFirstPass(
-      CaseName("lookup_first", "floor", data.name), [] { return Floor(); }, data.texts);
-
+void AddOurs(const Size& size, const std::vector<int>& expected) {
+  const auto make = [&size] { return Editor(size.file); };
+  AddContestant("ours", size, expected, make, size.data.texts, size.warmTexts);
   AddOwnBuild(size);
-  AddBuild("re2", size, [&size] { Re2Peer peer(size.expressions); });
-  if (data.patterns.size() <= mostForHyperscan) {
-    AddBuild("hyperscan", size, [&size] { HyperscanPeer peer(size.expressions); });
-  }
+}
+
+void AddRe2(const Size& size, const std::vector<int>& expected) {
+  const auto make = [&size] { return Re2Peer(size.expressions); };
+  AddContestant("re2", size, expected, make, size.subjects, size.warmSubjects);
+  AddBuild("re2", size, [make] { make(); });
+}
+
+// Timed once each, as they take so long.
+void AddHyperscan(const Size& size, const std::vector<int>& expected) {
+  if (size.expressions.size() > mostForHyperscan) return;
+  const HyperscanPeer peer(size.expressions);
+  const auto copy = [peer] { return peer; };
+  AddContestant("hyperscan", size, expected, copy, size.subjects, size.warmSubjects);
+  AddBuild("hyperscan", size, [&size] { HyperscanPeer built(size.expressions); })
+      ->Iterations(1)
+      ->Repetitions(1);
+}
+
+// The walk is slow among many patterns, and asked for the warm texts only.
+void AddWalk(const Size& size, const std::vector<int>& expected) {
+  const auto walker = std::make_shared<Walker>(size.data.records);
+  const std::vector<int> warmExpected(expected.begin(), expected.begin() + warmTextCount);
+  Require(Answers(*walker, size.warmTexts) == warmExpected, "the walk over " + size.data.name);
+  AddWarm(CaseName("lookup_warm", "walk", size.data.name), walker, size.warmTexts);
+}
+
+void AddFloor(const Size& size) {
+  AddWarm(CaseName("lookup_warm", "floor", size.data.name), std::make_shared<Floor>(),
+          size.warmTexts);
+  AddFirstPass(
+      CaseName("lookup_first", "floor", size.data.name), [] { return Floor(); }, size.data.texts);
+}
+
+void AddCases(const Size& size) {
+  Editor editor(size.file);
+  const std::vector<int> expected = Answers(editor, size.data.texts);
+  AddWalk(size, expected);
+  AddOurs(size, expected);
+  AddRe2(size, expected);
+  AddHyperscan(size, expected);
+  AddFloor(size);
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ struct Results {
 
   ~Results() {
     for (const wchar_t** column : strings) {
-      for (int i = 0; i < count; ++i) delete[] column[i];
+      for (int i = 0; column != nullptr && i < count; ++i) delete[] column[i];
       delete[] column;
     }
     for (const int* column : numbers) delete[] column;

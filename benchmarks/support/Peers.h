@@ -31,6 +31,7 @@ class Re2Peer {
   std::vector<int> matches;
 };
 
+// Copies share what was compiled. It doesn't change in a search, so that a copy is as good as new.
 class HyperscanPeer {
  public:
   explicit HyperscanPeer(const std::vector<std::string>& expressions);
@@ -39,6 +40,6 @@ class HyperscanPeer {
   int Find(const std::string& subject) const;
 
  private:
-  std::unique_ptr<hs_database_t, decltype(&hs_free_database)> database;
-  std::unique_ptr<hs_scratch_t, decltype(&hs_free_scratch)> scratch;
+  std::shared_ptr<hs_database_t> database;
+  std::shared_ptr<hs_scratch_t> scratch;
 };
