@@ -1,0 +1,211 @@
+// GetClaccificatorCodeId beside its floor, the plain walk, RE2::Set and Hyperscan.
+//
+//   lookup_warm/WHO/SIZE   a lookup of one of 1,000 texts, each of which was looked up before
+//   lookup_first/WHO/SIZE  a lookup of one of many texts, each for the first time, by a contestant
+//                          that was made anew, with nothing in the processor's caches
+//   lookup_build/WHO/SIZE  from patterns to the readiness for lookups
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "RevitMappingEditorDll.h"
+#include "editor/Utf8.h"
+#include "mapping/MapTextSection.h"
+#include "support/Patterns.h"
+#include "support/Peers.h"
+#include "support/Run.h"
+#include "support/Schemes.h"
+#include "support/TempFolder.h"
+#include "support/Words.h"
+
+namespace library = TolvenLibs::RevitMappingEditorDll;
+
+namespace {
+
+constexpr std::size_t textCount = 10'000;
+constexpr std::size_t warmTextCount = 1'000;
+
+// Hyperscan takes a quarter of a minute to get ready for as many, and more than linearly longer
+// for more.
+constexpr std::size_t mostForHyperscan = 10'000;
+
+class Editor {
+ public:
+  explicit Editor(const std::wstring& file) : editor(L"", L"") {
+    Require(editor.CreateClassificator(L"S", L"", L"", file.c_str()) == 0, "the scheme's load");
+    editor.SetActiveClassificator(L"S");
+  }
+
+  int Find(const std::wstring& text) { return editor.GetClaccificatorCodeId(text.c_str()); }
+
+ private:
+  library::RevitMappingEditorDll editor;
+};
+
+class Walker {
+ public:
+  explicit Walker(const std::vector<Tokens>& newRecords) : records(newRecords) {}
+  int Find(const std::wstring& text) { return Walk(records, text); }
+
+ private:
+  const std::vector<Tokens>& records;
+};
+
+class Floor {
+ public:
+  std::size_t Find(const std::wstring& text) { return words.Cut(text).size(); }
+
+ private:
+  UpperWords words;
+};
+
+// What the cases of one scheme share.
+struct Size {
+  Size(LookupData made, const TempFolder& folder)
+      : data(std::move(made)),
+        file(folder.Write(data.name + ".txt", MakeScheme(data.patterns, Headers::codes))) {
+    for (const Tokens& tokens : data.records) expressions.push_back(MakeExpression(tokens));
+    for (const std::wstring& text : data.texts) subjects.push_back(MakeSubject(text));
+    warmTexts.assign(data.texts.begin(), data.texts.begin() + warmTextCount);
+    warmSubjects.assign(subjects.begin(), subjects.begin() + warmTextCount);
+  }
+
+  LookupData data;
+  std::wstring file;
+  std::vector<std::string> expressions;
+  std::vector<std::string> subjects;
+  std::vector<std::wstring> warmTexts;
+  std::vector<std::string> warmSubjects;
+};
+
+// Writes to twice as much memory as a last-level cache has.
+void EvictCaches() {
+  static std::vector<char> other(std::size_t{64} << 20);
+  for (std::size_t i = 0; i < other.size(); i += 64) ++other[i];
+  benchmark::ClobberMemory();
+}
+
+template <class Contestant, class Text>
+std::vector<int> Answers(Contestant& contestant, const std::vector<Text>& texts) {
+  std::vector<int> answers;
+  for (const Text& text : texts) answers.push_back(contestant.Find(text));
+  return answers;
+}
+
+template <class Contestant, class Text>
+void AddWarm(const std::string& name, std::shared_ptr<Contestant> contestant,
+             const std::vector<Text>& texts) {
+  AddCase(name, [contestant = std::move(contestant), &texts, next = std::size_t{0}]() mutable {
+    benchmark::DoNotOptimize(contestant->Find(texts[next]));
+    next = next + 1 == texts.size() ? 0 : next + 1;
+  });
+}
+
+template <class Make, class Text>
+void AddFirstPass(const std::string& name, Make make, const std::vector<Text>& texts) {
+  AddTimedCase(name, [make, &texts] {
+    auto contestant = make();
+    EvictCaches();
+    const double seconds = Seconds([&contestant, &texts] {
+      for (const Text& text : texts) benchmark::DoNotOptimize(contestant.Find(text));
+    });
+    return seconds / static_cast<double>(texts.size());
+  })->Iterations(1);
+}
+
+// The cases of a contestant that gives answers, once these are the expected ones.
+template <class Make, class Text>
+void AddContestant(const std::string& who, const Size& size, const std::vector<int>& expected,
+                   Make make, const std::vector<Text>& texts, const std::vector<Text>& warmTexts) {
+  using Contestant = decltype(make());
+  std::shared_ptr<Contestant> contestant(new Contestant(make()));
+  Require(Answers(*contestant, texts) == expected, who + " among " + size.data.name + " patterns");
+  AddWarm(CaseName("lookup_warm", who, size.data.name), contestant, warmTexts);
+  AddFirstPass(CaseName("lookup_first", who, size.data.name), make, texts);
+}
+
+template <class Build>
+benchmark::internal::Benchmark* AddBuild(const std::string& who, const Size& size, Build build) {
+  return AddCase(CaseName("lookup_build", who, size.data.name), build)
+      ->Unit(benchmark::kMillisecond);
+}
+
+// Parsing the section is more than making the index, and so a bound on it.
+void AddOwnBuild(const Size& size) {
+  const std::wstring text = library::DecodeUtf8(MakeMapText(size.data.patterns, Headers::codes));
+  AddBuild("ours", size, [text] {
+    library::MapTextSection section;
+    library::ParseMapTextSection(section, text);
+    benchmark::DoNotOptimize(section.records.data());
+  });
+}
+
+void AddOurs(const Size& size, const std::vector<int>& expected) {
+  const auto make = [&size] { return Editor(size.file); };
+  AddContestant("ours", size, expected, make, size.data.texts, size.warmTexts);
+  AddOwnBuild(size);
+}
+
+void AddRe2(const Size& size, const std::vector<int>& expected) {
+  const auto make = [&size] { return Re2Peer(size.expressions); };
+  AddContestant("re2", size, expected, make, size.subjects, size.warmSubjects);
+  AddBuild("re2", size, [make] { make(); });
+}
+
+// Timed once each, as they take so long.
+void AddHyperscan(const Size& size, const std::vector<int>& expected) {
+  if (size.expressions.size() > mostForHyperscan) return;
+  const HyperscanPeer peer(size.expressions);
+  const auto copy = [peer] { return peer; };
+  AddContestant("hyperscan", size, expected, copy, size.subjects, size.warmSubjects);
+  AddBuild("hyperscan", size, [&size] { HyperscanPeer built(size.expressions); })
+      ->Iterations(1)
+      ->Repetitions(1);
+}
+
+// The walk is slow among many patterns, and asked for the warm texts only.
+void AddWalk(const Size& size, const std::vector<int>& expected) {
+  const auto walker = std::make_shared<Walker>(size.data.records);
+  const std::vector<int> warmExpected(expected.begin(), expected.begin() + warmTextCount);
+  Require(Answers(*walker, size.warmTexts) == warmExpected, "the walk over " + size.data.name);
+  AddWarm(CaseName("lookup_warm", "walk", size.data.name), walker, size.warmTexts);
+}
+
+void AddFloor(const Size& size) {
+  AddWarm(CaseName("lookup_warm", "floor", size.data.name), std::make_shared<Floor>(),
+          size.warmTexts);
+  AddFirstPass(
+      CaseName("lookup_first", "floor", size.data.name), [] { return Floor(); }, size.data.texts);
+}
+
+void AddCases(const Size& size) {
+  Editor editor(size.file);
+  const std::vector<int> expected = Answers(editor, size.data.texts);
+  AddWalk(size, expected);
+  AddOurs(size, expected);
+  AddRe2(size, expected);
+  AddHyperscan(size, expected);
+  AddFloor(size);
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  const bool brief = TakeBrief(argumentCount, arguments);
+  const TempFolder folder;
+  std::vector<std::unique_ptr<Size>> sizes;
+  for (const std::size_t count : {100, 1'000, 10'000, 100'000}) {
+    if (brief && count > 100) break;
+    sizes.push_back(std::make_unique<Size>(MakeLookupData(count, textCount), folder));
+  }
+  if (LookupData real = ReadLookupData(SHARED_DATA); !brief && !real.name.empty()) {
+    sizes.push_back(std::make_unique<Size>(std::move(real), folder));
+  }
+  for (const std::unique_ptr<Size>& size : sizes) AddCases(*size);
+  return RunCases(argumentCount, arguments);
+}

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Measures the library beside the least work that could give the same results, and beside what a
+# user would pick instead.
+#
+#   scripts/bench.sh          measures, prints what was reached, and writes it into docs/
+#   scripts/bench.sh --check  measures and prints, and fails if a ratio is not reached
+#   scripts/bench.sh --brief  runs everything once at its smallest size, for the answers alone
+set -euo pipefail
+cd "$(dirname "$0")/.."
+mode=${1:-}
+windows=()
+[ "$mode" = --brief ] || windows=(g++-mingw-w64-x86-64-posix wine64)
+. scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev nlohmann-json3-dev python3 \
+  "${windows[@]}"
+
+benchmarks=(lookup mapping_string colors loads json queries copy)
+build=build/bench
+results=$build/results
+files=$build/files
+rm -rf "$results" "$files"
+mkdir -p "$results" "$files"
+trap 'rm -rf "$files"' EXIT
+
+build_for() {
+  cmake --preset "$1" -B "$2" -D REVIT_MAPPING_EDITOR_BENCHMARKS=ON \
+    -D REVIT_MAPPING_EDITOR_TESTS=OFF -D REVIT_MAPPING_EDITOR_TOOLS=OFF >/dev/null
+  cmake --build "$2"
+}
+
+# The growth of memory in a load of each file, beside its size: measure_memory OUTPUT COMMAND…
+measure_memory() {
+  local output=$1
+  shift
+  for file in "$files"/*; do
+    echo "$(basename "$file") $("$@" "$file" | tr -d '\r')"
+  done >"$output"
+}
+
+build_for linux-release "$build"
+if [ "$mode" = --brief ]; then
+  for name in "${benchmarks[@]}"; do
+    "$build/benchmarks/bench_$name" --brief --benchmark_min_time=0.001 >/dev/null 2>&1 ||
+      { echo "bench_$name fails" >&2; exit 1; }
+  done
+  "$build/benchmarks/bench_memory_files" "$files" --brief
+  measure_memory "$results/memory_linux" "$build/benchmarks/bench_memory"
+  exit
+fi
+
+for name in "${benchmarks[@]}"; do
+  echo "Measuring $name"
+  "$build/benchmarks/bench_$name" --benchmark_min_time=0.1 --benchmark_repetitions=5 \
+    --benchmark_enable_random_interleaving=true \
+    --benchmark_out="$results/$name.json" --benchmark_out_format=json >/dev/null
+done
+
+build_for windows-mingw "$build-windows"
+wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
+"$build/benchmarks/bench_memory_files" "$files"
+measure_memory "$results/memory_linux" "$build/benchmarks/bench_memory"
+measure_memory "$results/memory_windows" env WINEPREFIX="$PWD/$build-windows/wine" WINEDEBUG=-all \
+  "$wine" "$build-windows/bin/bench_memory.exe"
+
+python3 benchmarks/report.py "$build" "$mode"
