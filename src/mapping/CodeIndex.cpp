@@ -38,6 +38,15 @@ std::uint64_t HashUnit(wchar_t unit, std::size_t place) {
   return factors[place] * static_cast<std::uint64_t>(unit);
 }
 
+// First words are many, and of all lengths. What their first few units are says which lengths are
+// worth a look.
+constexpr std::size_t guideLength = 3;
+constexpr int guideBits = 12;
+
+std::size_t GuideOf(std::uint64_t guideHash) {
+  return static_cast<std::size_t>(guideHash >> (64 - guideBits));
+}
+
 // The hash of the beginning that has one more word.
 std::uint64_t Extend(std::uint64_t beginning, std::uint64_t wordHash, std::size_t length) {
   std::uint64_t hash = (beginning + wordHash) * oddNumber + length;
@@ -95,7 +104,8 @@ bool BeginWords(const Tokens& tokens, std::wstring_view text, const UpperTable& 
 
 }  // namespace
 
-CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records) {
+CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records)
+    : guides(std::size_t{1} << guideBits) {
   std::size_t tokenCount = 0;
   for (const MapTextRecord& record : records) tokenCount += record.tokens.size();
   entries.resize(2 * tokenCount + 1);
@@ -110,36 +120,52 @@ CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records) {
 
 std::optional<int> CodeIndex::Find(const MapTextRecords& records, std::wstring_view text) const {
   if (entries.empty()) return std::nullopt;
-  Beginnings steps[2];
-  steps[0].all[0] = {0, firstLengths};
-  steps[0].count = 1;
   CapitalWords words(text, upper);
-  std::size_t from = 0;
-  for (std::wstring_view word; steps[from].count != 0 && words.Next(word); from = 1 - from) {
+  std::wstring_view word;
+  words.Next(word);
+  Beginnings steps[2];
+  steps[0].all[0] = {0, FirstLengths(word)};
+  steps[0].count = steps[0].all[0].nextLengths == 0 ? 0 : 1;
+  for (std::size_t from = 0; steps[from].count != 0; from = 1 - from) {
     std::uint32_t record = noRecord;
     if (!Step(steps[from], word, steps[1 - from], record)) return std::nullopt;
     // All patterns of more words stand behind.
     if (record != noRecord) return Checked(records, record, text);
+    if (!words.Next(word)) break;
   }
   return noCodeId;
 }
 
 bool CodeIndex::Add(const MapTextRecord& record, std::uint32_t position) {
   std::uint64_t hash = 0;
-  Lengths* lengths = &firstLengths;
   Entry* entry = nullptr;
   for (const std::wstring_view token : record.tokens) {
     const std::size_t length = std::min(token.size(), maxLength);
     std::uint64_t wordHash = 0;
-    for (std::size_t i = 0; i < length; ++i) wordHash += HashUnit(upper.Upper(token[i]), i);
-    *lengths |= Lengths{1} << length;
+    std::uint64_t guideHash = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+      if (i == guideLength) guideHash = wordHash;
+      wordHash += HashUnit(upper.Upper(token[i]), i);
+    }
+    if (length == guideLength) guideHash = wordHash;
+    Lengths& first = length < guideLength ? shortLengths : guides[GuideOf(guideHash)];
+    (entry ? entry->nextLengths : first) |= Lengths{1} << length;
     hash = Extend(hash, wordHash, length);
     entry = FindOrInsert(hash);
     if (!entry) return false;
-    lengths = &entry->nextLengths;
   }
   entry->record = std::min(entry->record, position);
   return true;
+}
+
+// The lengths that are worth a look in the first word of a text.
+CodeIndex::Lengths CodeIndex::FirstLengths(std::wstring_view word) const {
+  if (word.size() < guideLength) return shortLengths;
+  std::uint64_t guideHash = 0;
+  for (std::size_t i = 0; i < guideLength; ++i) {
+    guideHash += HashUnit(UpperTwice(word[i], upper), i);
+  }
+  return shortLengths | guides[GuideOf(guideHash)];
 }
 
 // Takes one more word: each beginning goes on by each beginning of the word that a pattern has

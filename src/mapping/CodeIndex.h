@@ -57,6 +57,7 @@ class CodeIndex {
   };
 
   bool Add(const MapTextRecord& record, std::uint32_t position);
+  Lengths FirstLengths(std::wstring_view word) const;
   bool Step(const Beginnings& from, std::wstring_view word, Beginnings& to,
             std::uint32_t& record) const;
   std::optional<int> Checked(const MapTextRecords& records, std::uint32_t record,
@@ -66,8 +67,9 @@ class CodeIndex {
   const Entry* FindEntry(std::uint64_t hash) const;
 
   UpperTable upper;
-  std::vector<Entry> entries;  // none if they would crowd
-  Lengths firstLengths = 0;
+  std::vector<Entry> entries;   // none if they would crowd
+  Lengths shortLengths = 0;     // of the first words that are too short for a guide
+  std::vector<Lengths> guides;  // of those that begin alike, by the hash of how they begin
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
