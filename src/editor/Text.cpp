@@ -1,7 +1,5 @@
 #include "editor/Text.h"
 
-#include <algorithm>
-
 namespace TolvenLibs::RevitMappingEditorDll {
 
 bool IsSpaceOutsideAscii(wchar_t unit) {
@@ -72,11 +70,16 @@ bool PieceReader::Next(std::wstring_view& piece) {
 }
 
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty) {
-  if (keepEmpty && separator.size() == 1) {
-    return static_cast<std::size_t>(std::count(text.begin(), text.end(), separator.front())) + 1;
+  std::size_t count = 0;
+  if (keepEmpty) {
+    // Each piece but the last ends at a separator, whatever is in it.
+    for (std::size_t end = FindSeparator(text, separator); end != text.npos; ++count) {
+      text.remove_prefix(end + separator.size());
+      end = FindSeparator(text, separator);
+    }
+    return count + 1;
   }
   PieceReader reader(text, separator, keepEmpty);
-  std::size_t count = 0;
   for (std::wstring_view piece; reader.Next(piece);) ++count;
   return count;
 }

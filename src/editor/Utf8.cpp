@@ -1,7 +1,9 @@
 #include "editor/Utf8.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -86,12 +88,25 @@ void PutBytes(std::uint32_t code, std::string& bytes) {
   put(0x80 | (code & 0x3F));
 }
 
+// Most of a file is, and eight bytes at a time are faster than each alone.
+bool StartsWithEightOfAscii(std::string_view bytes) {
+  std::uint64_t eight = 0;
+  if (bytes.size() < sizeof eight) return false;
+  std::memcpy(&eight, bytes.data(), sizeof eight);
+  return (eight & 0x8080808080808080) == 0;
+}
+
 // Decodes what can be decoded, which `bytes` loses.
 std::wstring TakeText(std::string_view& bytes) {
   // No form has more units than bytes.
   std::wstring text(bytes.size(), L'\0');
   wchar_t* out = text.data();
   while (!bytes.empty()) {
+    while (StartsWithEightOfAscii(bytes)) {
+      out = std::copy_n(bytes.data(), 8, out);
+      bytes.remove_prefix(8);
+    }
+    if (bytes.empty()) break;
     const auto first = static_cast<unsigned char>(bytes.front());
     if (first < 0x80) {
       *out++ = static_cast<wchar_t>(first);

@@ -81,8 +81,8 @@ TEST(ReadTextFile, GivesNothingForWhatCannotBeOpened) {
 TEST(ReadTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThem) {
   const TempFolder folder;
   EXPECT_EQ(*ReadTextFile(folder.Write("a.txt",
-                                      "==A\nab \xFF"
-                                      "cd\nef")),
+                                       "==A\nab \xFF"
+                                       "cd\nef")),
             L"==A\nab");
   EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "==A\nab\xD1")), L"==A\nab");
   EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "==A\n\xD1\nab")), L"==A");
