@@ -402,6 +402,11 @@ def shown(text, mutant):
   return tuple(" ".join(part.split()) for part in (text[first:last], after))
 
 
+def columns(source, mutant):
+  """How a mutant stands in the tables, behind what became of it."""
+  return (f"{mutant.file}:{mutant.line}", mutant.kind, *shown(source.text, mutant))
+
+
 # ---- The whole run ----
 
 
@@ -412,6 +417,8 @@ def parse_arguments():
   parser.add_argument("--jobs", type=int, default=2, help="copies of the tree to work in (2)")
   parser.add_argument("--only", nargs="+", default=[], metavar="TEXT",
                       help="only sources with one of these in their names")
+  parser.add_argument("--again", action="store_true",
+                      help="only what lived the last time, to see whether new tests kill it")
   parser.add_argument("--list", action="store_true", help="list what is possible and stop")
   return parser.parse_args()
 
@@ -450,8 +457,7 @@ def main():
   if options.list:
     for name, found in mutants.items():
       for mutant in found:
-        print(f"{name}:{mutant.line}\t{mutant.kind}\t" +
-              "\t".join(shown(sources[name].text, mutant)))
+        print("\t".join(columns(sources[name], mutant)))
     return 0
 
   WORK.mkdir(parents=True, exist_ok=True)
@@ -463,12 +469,18 @@ def main():
   lock = threading.Lock()
 
   def report(source, mutant, outcome):
-    row = (outcome, f"{mutant.file}:{mutant.line}", mutant.kind, *shown(source.text, mutant))
+    row = (outcome, *columns(source, mutant))
     with lock:
       rows.append(row)
       print("\t".join(row), flush=True)
 
-  share = quotas(mutants, options.count)
+  if options.again:
+    lived = set((WORK / "survivors.tsv").read_text(encoding="utf-8").splitlines())
+    for name, found in mutants.items():
+      mutants[name] = [m for m in found if "\t".join(columns(sources[name], m)) in lived]
+    share = {name: len(found) for name, found in mutants.items() if found}
+  else:
+    share = quotas(mutants, options.count)
   with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
     futures = []
     for name in sorted(share, key=share.get, reverse=True):

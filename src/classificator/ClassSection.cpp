@@ -41,7 +41,8 @@ int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
     if (!inBrackets) continue;
     PieceReader words(*inBrackets, L" ", true);
     std::wstring_view word;
-    if (words.Next(word)) classFirstWord = word;
+    words.Next(word);
+    classFirstWord = word;
     if (words.Next(word)) classSecondWord = word;
   }
   return 0;

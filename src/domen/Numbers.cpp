@@ -42,9 +42,9 @@ bool ParseChars(const std::string& chars, Number& number) {
 
 template <class Number>
 std::wstring Format(Number number) {
-  char chars[32];
-  const auto [end, error] = std::to_chars(std::begin(chars), std::end(chars), number);
-  return std::wstring(std::begin(chars), error == std::errc() ? end : std::begin(chars));
+  char chars[32];  // no number is longer
+  char* const end = std::to_chars(std::begin(chars), std::end(chars), number).ptr;
+  return std::wstring(std::begin(chars), end);
 }
 
 }  // namespace

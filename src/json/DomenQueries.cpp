@@ -88,7 +88,9 @@ std::map<std::wstring, int> DomenStore::SortIndexes(const std::wstring& domenId)
 
 std::vector<const DomenProperty*> DomenStore::PropertiesOfType(
     const std::wstring& domenId, const std::wstring& objectType) const {
-  return PropertiesOfTypes(domenId, {objectType});
+  const Domen* domen = FindDomen(*this, domenId);
+  if (!domen) return {};
+  return domen->FilterByObjType(objectType);
 }
 
 std::vector<const DomenProperty*> DomenStore::PropertiesOfTypes(

@@ -20,7 +20,7 @@ using WordHashes = std::array<std::uint64_t, maxLength + 1>;
 constexpr std::uint64_t oddNumber = 0x9E3779B97F4A7C15;
 
 // A number without a pattern for each number.
-constexpr std::uint64_t Scramble(std::uint64_t number) {
+consteval std::uint64_t Scramble(std::uint64_t number) {
   number = (number ^ (number >> 30)) * 0xBF58476D1CE4E5B9;
   number = (number ^ (number >> 27)) * 0x94D049BB133111EB;
   return number ^ (number >> 31);
@@ -28,11 +28,13 @@ constexpr std::uint64_t Scramble(std::uint64_t number) {
 
 // What the unit at each place of a word is multiplied by. The products don't depend on each other,
 // so that a processor works at several at once.
-constexpr std::array<std::uint64_t, maxLength> factors = [] {
+consteval std::array<std::uint64_t, maxLength> MakeFactors() {
   std::array<std::uint64_t, maxLength> numbers{};
   for (std::size_t i = 0; i < maxLength; ++i) numbers[i] = Scramble((i + 1) * oddNumber) | 1;
   return numbers;
-}();
+}
+
+constexpr std::array<std::uint64_t, maxLength> factors = MakeFactors();
 
 std::uint64_t HashUnit(wchar_t unit, std::size_t place) {
   return factors[place] * static_cast<std::uint64_t>(unit);

@@ -11,11 +11,6 @@ RememberedItems::RememberedItems() = default;
 
 RememberedItems::RememberedItems(const RememberedItems& /*other*/) {}
 
-RememberedItems& RememberedItems::operator=(const RememberedItems& /*other*/) {
-  Forget();
-  return *this;
-}
-
 RememberedItems::~RememberedItems() = default;
 
 const CodeItems* RememberedItems::Find(int codeId) const {

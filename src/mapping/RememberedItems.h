@@ -13,7 +13,7 @@ class RememberedItems {
  public:
   RememberedItems();
   RememberedItems(const RememberedItems& other);
-  RememberedItems& operator=(const RememberedItems& other);
+  RememberedItems& operator=(const RememberedItems& other) = delete;
   ~RememberedItems();
 
   // Null for a code that isn't remembered.
