@@ -52,7 +52,33 @@ std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
   return separator.size() == 1 ? text.find(separator.front()) : text.find(separator);
 }
 
+// For each beginning of the text the length of the longest shorter one that it ends in.
+std::vector<std::size_t> Borders(std::wstring_view text) {
+  std::vector<std::size_t> borders(text.size());
+  std::size_t border = 0;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    while (border > 0 && text[i] != text[border]) border = borders[border - 1];
+    if (text[i] == text[border]) ++border;
+    borders[i] = border;
+  }
+  return borders;
+}
+
 }  // namespace
+
+std::size_t FindText(std::wstring_view text, std::wstring_view what, std::size_t from) {
+  // A short one costs no more by the plain search.
+  if (what.size() <= 4) return text.find(what, from);
+  if (from > text.size() || text.size() - from < what.size()) return text.npos;
+  const std::vector<std::size_t> borders = Borders(what);
+  std::size_t matched = 0;
+  for (std::size_t i = from; i < text.size(); ++i) {
+    while (matched > 0 && text[i] != what[matched]) matched = borders[matched - 1];
+    if (text[i] == what[matched]) ++matched;
+    if (matched == what.size()) return i + 1 - matched;
+  }
+  return text.npos;
+}
 
 PieceReader::PieceReader(std::wstring_view text, std::wstring_view pieceSeparator,
                          bool keepEmptyPieces)

@@ -36,6 +36,10 @@ std::wstring_view Trimmed(std::wstring_view text);
 // Whether `text` begins with `prefix`, unit by unit. An empty prefix begins nothing, on purpose.
 bool StartsWith(std::wstring_view text, std::wstring_view prefix);
 
+// Where `what` stands in `text` at `from` or behind it, in a time that doesn't grow with the
+// product of their lengths, whatever they are. An empty text stands everywhere.
+std::size_t FindText(std::wstring_view text, std::wstring_view what, std::size_t from);
+
 // Cuts a text at each occurrence of a literal separator and gives the pieces one by one, trimmed,
 // as views into the text. Pieces that are empty after trimming are passed over unless `keepEmpty`
 // is set; what stands behind the last separator is always a piece. The text must outlive the views.

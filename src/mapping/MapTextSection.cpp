@@ -45,14 +45,15 @@ std::wstring_view FirstWord(std::wstring_view text) {
 std::vector<ParamItemList> ReadItemBlocks(const ItemSource& header) {
   std::vector<ParamItemList> lists;
   for (std::size_t open = 0; open != header.text.npos;) {
-    const std::size_t close = header.text.find(header.closeMark, open + header.openMark.size());
+    const std::size_t close =
+        FindText(header.text, header.closeMark, open + header.openMark.size());
     if (close == header.text.npos) break;
     // From one unit behind the mark's start: the rest of a longer mark stays in the block, and has
     // to.
     std::vector<std::wstring> tokens =
         SplitTrimmed(header.text.substr(open + 1, close - open - 1), L" ", false);
     lists.push_back(ParseParamItems(tokens, false));
-    open = header.text.find(header.openMark, close + header.closeMark.size());
+    open = FindText(header.text, header.openMark, close + header.closeMark.size());
   }
   return lists;
 }
@@ -108,7 +109,7 @@ class MapTextParser {
   void SetDefaultCode(std::wstring_view text) { section.defaultCode = FirstWord(text); }
 
   void AddHeader(std::wstring_view header) {
-    const std::size_t open = std::min(header.find(openMark), header.size());
+    const std::size_t open = std::min(FindText(header, openMark, 0), header.size());
     texts.headers.push_back({FirstWord(header.substr(0, open)),
                              {ReadItemBlocks, header.substr(open), openMark, closeMark, {}}});
   }

@@ -119,6 +119,39 @@ TEST(TrimChars, IsDoneWithFiveMillionUnitsOfTheSetAtOnce) {
   EXPECT_EQ(TrimChars(text, L";"), L"");
 }
 
+// All texts of the letters a and b that have this length.
+std::vector<std::wstring> TextsOfTwoLetters(std::size_t length) {
+  std::vector<std::wstring> texts = {L""};
+  for (std::size_t i = 0; i < length; ++i) {
+    std::vector<std::wstring> longer;
+    for (const std::wstring& text : texts) {
+      longer.push_back(text + L'a');
+      longer.push_back(text + L'b');
+    }
+    texts = longer;
+  }
+  return texts;
+}
+
+TEST(FindText, FindsWhatThePlainSearchFinds) {
+  for (std::size_t length = 0; length <= 7; ++length) {
+    for (const std::wstring& what : TextsOfTwoLetters(length)) {
+      for (const std::wstring& text : TextsOfTwoLetters(10)) {
+        for (const std::size_t from : {0u, 1u, 5u, 10u, 11u}) {
+          ASSERT_EQ(FindText(text, what, from), text.find(what, from)) << text << " " << what;
+        }
+      }
+    }
+  }
+}
+
+TEST(FindText, IsNoSlowerForATextThatRepeatsTheBeginningOfWhatIsSought) {
+  const std::wstring text(2'000'000, L'a');
+  const std::wstring what = std::wstring(1'000'000, L'a') + L'b';
+  EXPECT_EQ(FindText(text, what, 0), std::wstring::npos);
+  EXPECT_EQ(FindText(text + L'b', what, 0), 1'000'000u);
+}
+
 TEST(StartsWith, ComparesUnitByUnitAndNeverMatchesAnEmptyPrefix) {
   struct Case {
     std::wstring text;
