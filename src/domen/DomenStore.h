@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -70,7 +71,8 @@ struct DomenStore {
   int SelectDomenById(const std::wstring& domenId);
   int SelectDomenByName(const std::wstring& domenName);
 
-  std::map<std::wstring, int> SortIndexes(const std::wstring& domenId) const;
+  // Of each property its key, as a view into the domain, and its sort index.
+  std::vector<std::pair<std::wstring_view, int>> SortIndexes(const std::wstring& domenId) const;
 
   // See `Domen::FilterByObjType`.
   std::vector<const DomenProperty*> PropertiesOfType(const std::wstring& domenId,

@@ -50,7 +50,7 @@ const ColorEntry& ActiveColor(const Classificator& classificator, const wchar_t*
   return CheckedAt(CheckedAt(classificator.colorats, classificator.activeColoratId), text);
 }
 
-constexpr auto keyOf = [](const auto& entry) -> const std::wstring& { return entry.first; };
+constexpr auto keyOf = [](const auto& entry) -> std::wstring_view { return entry.first; };
 
 void HandOutProperties(const std::vector<const DomenProperty*>& properties, int& count,
                        const wchar_t**& ids, const wchar_t**& names, int*& sortIndexes) {

@@ -1,8 +1,9 @@
 // The queries of `Domen` and `DomenStore`. None of them looks at the active domain.
 
 #include <algorithm>
-#include <map>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "domen/DomenStore.h"
@@ -76,12 +77,14 @@ int DomenStore::SelectDomenByName(const std::wstring& domenName) {
   return statusDone;
 }
 
-std::map<std::wstring, int> DomenStore::SortIndexes(const std::wstring& domenId) const {
-  std::map<std::wstring, int> indexes;
+std::vector<std::pair<std::wstring_view, int>> DomenStore::SortIndexes(
+    const std::wstring& domenId) const {
+  std::vector<std::pair<std::wstring_view, int>> indexes;
   const Domen* domen = FindDomen(*this, domenId);
   if (!domen) return indexes;
+  indexes.reserve(domen->properties.size());
   for (const auto& [key, property] : domen->properties) {
-    indexes.emplace_hint(indexes.end(), key, property.sortIndex);
+    indexes.emplace_back(key, property.sortIndex);
   }
   return indexes;
 }

@@ -16,6 +16,7 @@ endif()
 set(flags -std=c++20 -fsyntax-only -Werror -Weverything)
 list(APPEND flags
   -Wno-c++98-compat-pedantic    # the library is written in C++20
+  -Wno-c++20-compat
   -Wno-deprecated-declarations  # a sort of the standard library calls what that library deprecates
   -Wno-padded                   # no one counts the bytes between members
   -Wno-unsafe-buffer-usage)     # plain pointers are the library's boundary, and that of the system

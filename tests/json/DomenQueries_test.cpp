@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <map>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -541,7 +540,8 @@ DomenStore StoreWithKeyAndId() {
 }
 
 TEST(SortIndexes, GivesTheKeyAndNotTheId) {
-  EXPECT_EQ(StoreWithKeyAndId().SortIndexes(L"D"), (std::map<std::wstring, int>{{L"key", 3}}));
+  const DomenStore store = StoreWithKeyAndId();
+  EXPECT_EQ(store.SortIndexes(L"D"), (std::vector<std::pair<std::wstring_view, int>>{{L"key", 3}}));
 }
 
 TEST(CheckInfos, GivesTheKeyAndNotTheId) {

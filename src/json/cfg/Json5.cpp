@@ -220,7 +220,7 @@ bool IsHighSurrogate(std::uint32_t code) {
   return code >= 0xD800 && code <= 0xDBFF;
 }
 
-bool IsLowSurrogate(std::uint32_t code) {
+[[maybe_unused]] bool IsLowSurrogate(std::uint32_t code) {
   return code >= 0xDC00 && code <= 0xDFFF;
 }
 
