@@ -40,6 +40,7 @@ struct Heap {
   long arrayBlocks = 0;        // those of them that the array forms have taken
   std::size_t arrayBytes = 0;  // that the array forms have ever been asked for
   long failIn = 0;             // which allocation that may throw fails from now on; 0 for none
+  bool refuses = false;        // whether all fail that may not throw
 };
 
 constinit thread_local Heap heap;
@@ -80,14 +81,19 @@ void FreeAligned(void* place, bool array) noexcept {
   if (place) Free(static_cast<void**>(place)[-1], array);
 }
 
-// What the forms that may throw do. Those that may not never fail on demand: whoever calls them,
-// like a sort that seeks a buffer, goes on without the block.
+// What the forms that may throw do.
 template <class... Arguments>
 void* AllocateOrThrow(Arguments... arguments) {
   if (heap.failIn != 0 && --heap.failIn == 0) throw std::bad_alloc();
   void* const block = Allocate(arguments...);
   if (!block) throw std::bad_alloc();
   return block;
+}
+
+// What the others do: whoever calls them, like a sort that seeks a buffer, goes on without a block.
+template <class... Arguments>
+void* AllocateOrNot(Arguments... arguments) noexcept {
+  return heap.refuses ? nullptr : Allocate(arguments...);
 }
 
 }  // namespace
@@ -99,10 +105,10 @@ void* operator new[](std::size_t size) {
   return AllocateOrThrow(size, true);
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size, false);
+  return AllocateOrNot(size, false);
 }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size, true);
+  return AllocateOrNot(size, true);
 }
 void* operator new(std::size_t size, std::align_val_t alignment) {
   return AllocateOrThrow(size, alignment, false);
@@ -111,10 +117,10 @@ void* operator new[](std::size_t size, std::align_val_t alignment) {
   return AllocateOrThrow(size, alignment, true);
 }
 void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-  return Allocate(size, alignment, false);
+  return AllocateOrNot(size, alignment, false);
 }
 void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-  return Allocate(size, alignment, true);
+  return AllocateOrNot(size, alignment, true);
 }
 
 void operator delete(void* block) noexcept {
@@ -434,16 +440,105 @@ constexpr const char* firstFile =
 constexpr const char* secondFile =
     "==MAPTEXT\n@C-doors\ninner door\n==COLORAT\n@doors Doors\nD1 1 2 3 4\n";
 
-// All that an editor says about itself.
-std::wstring Answers(Editor& editor) {
+// Every section, and of each more than one step of growth takes.
+std::string RichFile() {
+  std::string file =
+      "==CLASS\n@@@ A scheme with all sections (Rich Scheme)\n"
+      "==MAPTEXT\n@@ (Zones Rooms)\n$ N99-anything-else\n";
+  std::string params = "==PARAM\n";
+  std::string colors = "==COLORAT\n@main_colours Main colours\n";
+  std::string domens = "==DOMEN\n@@@ Zones\n@@ Rooms_of_some_kind Doors_of_some_kind\n";
+  for (int i = 0; i < 6; ++i) {
+    const std::string number = std::to_string(i);
+    file += "@N-" + number + "-some-code {Property" + number + "=1,2.5,text} {Many f1=7 f2=8}\n";
+    file += "new thing of kind " + number + "\nnew other thing " + number + "\n";
+    params += "N-" + number + " Property" + number + "=1 Many f1=7;\n";
+    colors += "KeyTextNumber" + number + " 1 2 3 4\n";
+    domens += "@ Property" + number + " 1 " + number + " Title of property " + number +
+              "\nInteger int 0 30 An integer\nReal real 1 0.5 A real\nText str 0 \"A_text\"\n" +
+              "Integers ilist 1 12 Some integers\nReals rlist 0 1e3 Some reals\n" +
+              "Words slist 1 main Words\n";
+  }
+  domens += "@ Many 0 30 A property of many fields\n";
+  for (int i = 0; i < 40; ++i) domens += "f" + std::to_string(i) + " int 0 1 One of many fields\n";
+  return file + params + colors + domens + "@@@ Rooms\n@ Room 0 1 A room\nName slist 0 \"a\"\n";
+}
+
+// All that an editor says to these questions. A question that it can't answer is answered so.
+template <class Calls>
+std::wstring AnswersTo(const Calls& calls, Editor& editor) {
   std::wstring answers;
-  for (const Call& query : AllQueries()) {
+  for (const Call& call : calls) {
     Results results;
-    query.run(editor, results);
-    answers += results.Take() + L"\n";
+    try {
+      call.run(editor, results);
+      answers += results.Take() + L"\n";
+    } catch (const std::out_of_range&) {
+      answers += L"out of range\n";
+    }
   }
   return answers;
 }
+
+// All that an editor says about itself.
+std::wstring Answers(Editor& editor) {
+  return AnswersTo(AllQueries(), editor);
+}
+
+// The same, without what every load adds to.
+std::wstring AnswersAboutTheFirst(Editor& editor) {
+  std::vector<Call> calls = AllQueries();
+  std::erase_if(calls, [](const Call& call) {
+    const std::string_view name = call.name;
+    return name == "GetClassificatorsNames" || name == "GetDomensIds" || name == "GetDomensNames" ||
+           name == "GetActiveDomenId";
+  });
+  return AnswersTo(calls, editor);
+}
+
+// What an editor says about the rich file.
+const Call richQueries[] = {
+    {"GetActiveDomenId", [](Editor& editor, Results& to) { to.text = editor.GetActiveDomenId(); }},
+    {"GetActiveClassificatorParamName",
+     [](Editor& editor, Results& to) { to.text = editor.GetActiveClassificatorParamName(); }},
+    {"GetClaccificatorCode",
+     [](Editor& editor, Results& to) { to.text = editor.GetClaccificatorCode(11); }},
+    {"GetColoratsIds",
+     [](Editor& editor, Results& to) { editor.GetColoratsIds(to.count, to.texts[0].array); }},
+    {"GetColor",
+     [](Editor& editor, Results& to) {
+       editor.GetColor(L"KeyTextNumber5", to.values[0], to.values[1], to.values[2], to.values[3],
+                       to.values[4]);
+     }},
+    {"GetDefaultClaccificatorCode",
+     [](Editor& editor, Results& to) { to.text = editor.GetDefaultClaccificatorCode(); }},
+    {"GetDomenPropertiesCheckInfo",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertiesCheckInfo(L"Zones", to.count, to.texts[0].array, to.flags[0].array,
+                                          to.numbers.array, to.flags[1].array);
+     }},
+    {"GetDomenPropertysByObjType",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertysByObjType(L"Zones", L"Doors_of_some_kind", to.count,
+                                         to.texts[0].array, to.texts[1].array, to.numbers.array);
+     }},
+    {"GetMappingStr of ==PARAM",
+     [](Editor& editor, Results& to) { to.text = editor.GetMappingStr(L"new other", 2, L"="); }},
+};
+
+// What it says about the values of the properties in it.
+const Call richValueQueries[] = {
+    {"GetDomenPropertyFieldsValues",
+     [](Editor& editor, Results& to) {
+       editor.GetDomenPropertyFieldsValues(L"Zones", L"Property5", to.count, to.texts[0].array,
+                                           to.texts[1].array, to.numbers.array, to.flags[0].array,
+                                           to.texts[2].array);
+     }},
+    {"GetMappingStr",
+     [](Editor& editor, Results& to) {
+       to.text = editor.GetMappingStr(L"New Thing of Kind 5 and more", 1, L"=");
+     }},
+};
 
 // An editor with two classificators, two colorats in the active one, two domains, all marks and
 // selections.
@@ -466,6 +561,13 @@ class Ownership : public testing::Test {
     if (!reached) {
       GTEST_SKIP() << "the operators of a program don't reach into libraries on this platform";
     }
+  }
+
+  // An editor of the same, that hasn't been asked anything.
+  Editor Unasked() const {
+    Editor unasked(folder.Wide().c_str(), L"a configuration text");
+    Fill(unasked);
+    return unasked;
   }
 
   static void Fill(Editor& editor) {
@@ -850,6 +952,70 @@ TEST_F(Ownership, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositionFails)
   }
 }
 
+// What an editor remembers of its first answers must not show, nor what it failed to remember.
+TEST_F(Ownership, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) {
+  const std::wstring answers = Answers(*editor);
+  for (const Call& query : AllQueries()) {
+    SCOPED_TRACE(query.name);
+    Results full;
+    query.run(*editor, full);
+    const std::wstring fullText = full.text ? full.text : L"";
+    const std::wstring all = full.Take();
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      const long before = heap.blocks;
+      {
+        Editor unasked = Unasked();
+        const long loaded = heap.blocks;
+        Results results;
+        const Attempt attempt = RunFailing(n, [&] { query.run(unasked, results); });
+        complete = !attempt.failed;
+        if (attempt.raised) {
+          EXPECT_FALSE(results.ArraysWritten()) << n;
+          EXPECT_EQ(results.text, nullptr) << n;
+        } else if (results.text && !complete) {
+          const std::size_t head =
+              fullText.find(L"ClassCode") == fullText.npos ? 0 : fullText.find(L';') + 1;
+          EXPECT_TRUE(IsWithoutItems(results.text, fullText, fullText.substr(0, head))) << n;
+        } else {
+          EXPECT_EQ(results.Take(), all) << n;
+        }
+        ASSERT_GE(heap.blocks, loaded) << n;
+        ASSERT_EQ(Answers(unasked), answers) << n;
+      }
+      ASSERT_EQ(heap.blocks, before) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
+TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
+  const std::wstring answers = AnswersAboutTheFirst(*editor);
+  for (const Call& change : changes) {
+    SCOPED_TRACE(change.name);
+    Results undisturbed;
+    change.run(*editor, undisturbed);
+    AnswersAboutTheFirst(*editor);
+    long n = 1;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      Results results;
+      const long before = heap.blocks;
+      const Attempt attempt = RunFailing(n, [&] { change.run(*editor, results); });
+      complete = !attempt.failed;
+      if (!attempt.raised && results.values[0] != 3) {
+        EXPECT_EQ(results.values[0], undisturbed.values[0]) << n;
+      }
+      ASSERT_EQ(AnswersAboutTheFirst(*editor), answers) << n;
+      // Again, so that each way through the call ends alike.
+      change.run(*editor, results);
+      EXPECT_EQ(results.values[0], undisturbed.values[0]) << n;
+      AnswersAboutTheFirst(*editor);
+      ASSERT_EQ(heap.blocks, before) << n;
+    }
+    EXPECT_LT(n, enough);
+  }
+}
+
 TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
   const Call changing[] = {
       {"SetActiveClassificator",
@@ -911,18 +1077,22 @@ TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
   EXPECT_EQ(Answers(*editor), answers);
 }
 
-// A failure inside a reader is its status 3, one outside leaves the call; either way the editor can
-// be asked and loaded further.
+// A failure inside a reader is its status 3, one outside leaves the call; either way the editor
+// answers what it did, can be asked about what was read, and takes the file the next time.
 TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
-  folder.Write("more.txt",
-               "==MAPTEXT\n@N {P=1}\nnew thing\n==COLORAT\n@m M\nA 1 2 3 4\n"
-               "==DOMEN\n@@@ Zones\n@ P 1 2 Title of it\nF slist 0 word\n");
-  const std::wstring marks = Take(editor->GetStartMark()) + Take(editor->GetEndMark());
-  const ClassificatorNames names = ListClassificators(*editor);
-  int domenCount = 0;
-  const wchar_t** domenIds = editor->GetDomensIds(domenCount);
-  const std::vector<std::wstring> domens = TakeAll(domenCount, domenIds);
-  ASSERT_FALSE(domens.empty());
+  folder.Write("rich.txt", RichFile());
+  const auto load = [](Editor& one, const wchar_t* id) {
+    return one.CreateClassificator(id, L"A new name", L"RichCode", L"rich.txt");
+  };
+  Editor undisturbed(*editor);
+  ASSERT_EQ(load(undisturbed, L"a new id"), 0);
+  ASSERT_EQ(undisturbed.SetActiveClassificator(L"a new id"), 0);
+  const std::wstring richAnswers = AnswersTo(richQueries, undisturbed);
+  const std::wstring richValues = AnswersTo(richValueQueries, undisturbed);
+  ASSERT_EQ((richAnswers + richValues).find(L"out of range"), richAnswers.npos);
+
+  const std::wstring answers = AnswersAboutTheFirst(*editor);
+  const std::size_t count = ListClassificators(*editor).size();
   for (const bool classificator : {true, false}) {
     SCOPED_TRACE(classificator ? "CreateClassificator" : "CreateDomen");
     long n = 1;
@@ -932,30 +1102,30 @@ TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
         Editor copy(*editor);
         int status = -1;
         const Attempt attempt = RunFailing(n, [&] {
-          status = classificator
-                       ? copy.CreateClassificator(L"new id", L"new name", L"", L"more.txt")
-                       : copy.CreateDomen(L"more.txt");
+          status = classificator ? load(copy, L"a new id") : copy.CreateDomen(L"rich.txt");
         });
         complete = !attempt.failed;
-        if (complete) {
-          EXPECT_EQ(status, 0);
-        } else if (!attempt.raised) {
-          EXPECT_EQ(status, 3) << n;
+        if (!attempt.raised) {
+          EXPECT_EQ(status, complete ? 0 : 3) << n;
         }
         const std::size_t added = classificator && !attempt.raised ? 1 : 0;
-        EXPECT_EQ(ListClassificators(copy).size(), names.size() + added) << n;
-        EXPECT_EQ(Take(copy.GetStartMark()) + Take(copy.GetEndMark()), marks);
-        // What was there before stays, whatever the load came to.
-        int count = 0;
-        const wchar_t** ids = copy.GetDomensIds(count);
-        const std::vector<std::wstring> kept = TakeAll(count, ids);
-        EXPECT_TRUE(std::includes(kept.begin(), kept.end(), domens.begin(), domens.end())) << n;
-        EXPECT_EQ(copy.CreateDomen(L"more.txt"), 0) << n;
-        EXPECT_EQ(Take(copy.GetActiveDomenId()), L"Zones") << n;
-        Results sortIndexes;
-        copy.GetPropertiesSortIndex(L"Zones", sortIndexes.count, sortIndexes.texts[0].array,
-                                    sortIndexes.numbers.array);
-        EXPECT_EQ(sortIndexes.count, 1) << n;
+        ASSERT_EQ(ListClassificators(copy).size(), count + added) << n;
+        ASSERT_EQ(AnswersAboutTheFirst(copy), answers) << n;
+        // As far as it was read.
+        if (added != 0) {
+          EXPECT_EQ(copy.SetActiveClassificator(L"a new id"), 0);
+          AnswersTo(richQueries, copy);
+          AnswersTo(richValueQueries, copy);
+        }
+        const bool untouched = copy.SetActiveDomenId(L"Zones") == -1;
+        EXPECT_EQ(load(copy, L"once more"), 0) << n;
+        EXPECT_EQ(copy.SetActiveClassificator(L"once more"), 0) << n;
+        ASSERT_EQ(AnswersTo(richQueries, copy), richAnswers) << n;
+        // A field that was there already keeps the value that it had, and that may be the one
+        // before its default.
+        if (untouched) {
+          ASSERT_EQ(AnswersTo(richValueQueries, copy), richValues) << n;
+        }
       }
       ASSERT_EQ(heap.blocks, before) << n;
     }
@@ -965,11 +1135,23 @@ TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
 
 // The reader gives status 3 and adds nothing, or the failure leaves the call.
 TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
-  const std::wstring file = folder.Write("zones.json", R"({
-    "Domen": {"sName": "Zones of the model", "asFuncsNames": ["ZoneKind"]},
-    "Properties": {"ZoneKind": {"asObjectTypes": ["Room of some kind"], "iSortId": 10,
-                                "sName": "Kind of zone", "asFuncsNames": ["Kind"]}},
-    "ArrayValueFields": {"Kind": {"sType": "s", "sDefault": "A text of some length"}}})");
+  const std::wstring file = folder.Write("Zones.json", R"({
+    // every kind of value, and of way to write one
+    "Domen": {"sName": "Zones \u006ff the model", asFuncsNames: ['Property5', "Limits",]},
+    "Properties": {
+      "Property5": {"asObjectTypes": ["Doors_of_some_kind", "Room of some kind"], "iSortId": 0xA,
+                     "sName": "Kind of zone", "asFuncsNames": ["Kind", "Marks"]},
+      "Limits": {"iUnique": 1, "asFuncsNames": ["Lower", "Upper", "Count", "Counts"]}},
+    "ArrayValueFields": {
+      "Kind": {"sType": "s", "sDefault": "A text of some length"},
+      "Marks": {"sType": "as", "sDefault": "some marks of a zone"},
+      "Lower": {"sName": "The lower limit", "sType": "r", "rDefault": -1.5e3},
+      "Upper": {"sType": "ar", "rDefault": 2}, "Count": {"sType": "i", "iDefault": 3},
+      "Counts": {"sType": "ai"}}})");
+  Editor undisturbed(*editor);
+  ASSERT_EQ(undisturbed.CreateDomen(file.c_str()), 0);
+  const std::wstring jsonAnswers = AnswersTo(richValueQueries, undisturbed);
+  ASSERT_NE(jsonAnswers.find(L"A text of some length"), jsonAnswers.npos);
   const std::wstring answers = Answers(*editor);
   long n = 1;
   for (bool complete = false; !complete && n < enough; ++n) {
@@ -985,7 +1167,9 @@ TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
       } else {
         EXPECT_TRUE(attempt.raised || status == 3) << n << ": " << status;
         EXPECT_EQ(Answers(copy), answers) << n;
+        EXPECT_EQ(copy.CreateDomen(file.c_str()), 0) << n;
       }
+      EXPECT_EQ(AnswersTo(richValueQueries, copy), jsonAnswers) << n;
     }
     ASSERT_EQ(heap.blocks, before) << n;
   }
@@ -1013,14 +1197,37 @@ TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
     ASSERT_EQ(heap.blocks, before) << n;
     ASSERT_EQ(filesThere(), 1) << n;
     const auto size = std::filesystem::file_size(path);
+    if (attempt.raised) {
+      EXPECT_EQ(size, 0u) << n << ": only copies of the arguments can do that";
+    }
     if (complete) {
       EXPECT_EQ(size, fullSize);
     } else {
       EXPECT_TRUE(size == 0 || size == fullSize) << n << ": " << size;
     }
+    editor->ExportJson(L"Openings", target.c_str());
+    EXPECT_EQ(std::filesystem::file_size(path), fullSize) << n;
   }
   EXPECT_LT(n, enough);
   EXPECT_EQ(Answers(*editor), answers);
+}
+
+// A sort that can't have a buffer takes longer and gives the same.
+TEST_F(Ownership, IsTheSameWhereNoBlockIsGivenThatMayBeRefused) {
+  folder.Write("rich.txt", RichFile());
+  const auto answersOf = [this](bool refuses) {
+    heap.refuses = refuses;
+    Editor one(folder.Wide().c_str(), L"");
+    EXPECT_EQ(one.CreateClassificator(L"id", L"", L"", L"rich.txt"), 0);
+    EXPECT_EQ(one.CreateDomen(L"order.json"), 0);
+    EXPECT_EQ(one.SetActiveClassificator(L"id"), 0);
+    const std::wstring answers = AnswersTo(richQueries, one) + AnswersTo(richValueQueries, one);
+    heap.refuses = false;
+    return answers;
+  };
+  folder.Write("order.json", R"({Domen: {sName: "Z", asFuncsNames: ["d", "c", "b", "a"]},
+      Properties: {d: {iSortId: 1}, c: {iSortId: 2}, b: {iSortId: 3}, c: {iSortId: 4}}})");
+  EXPECT_EQ(answersOf(true), answersOf(false));
 }
 
 }  // namespace
