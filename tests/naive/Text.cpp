@@ -63,8 +63,9 @@ Texts SplitTrimmed(std::wstring text, std::wstring separator, bool keepEmpty, in
 }
 
 std::wstring ToUpper(std::wstring text) {
-  const std::locale locale;
-  for (wchar_t& unit : text) unit = std::use_facet<std::ctype<wchar_t>>(locale).toupper(unit);
+  const std::locale global;
+  const auto& facet = std::use_facet<std::ctype<wchar_t>>(global);
+  for (wchar_t& unit : text) unit = facet.toupper(unit);
   return text;
 }
 

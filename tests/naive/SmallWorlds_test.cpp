@@ -1,0 +1,219 @@
+// Every text up to a length through the parsers, held against their naive forms. Two kinds of
+// world: the texts over the units that the grammars know, and the texts over whole tokens, which
+// reach states that short texts of single units don't.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "classificator/ColoratSection.h"
+#include "editor/Text.h"
+#include "mapping/MapTextSection.h"
+#include "mapping/ParamItem.h"
+#include "mapping/ParamSection.h"
+#include "naive/ColoratSection.h"
+#include "naive/MapTextSection.h"
+#include "naive/ParamSection.h"
+#include "naive/Rows.h"
+#include "naive/Text.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+using testing::PrintToString;
+using Texts = std::vector<std::wstring>;
+
+// All texts of at most `length` tokens, or of one less where code runs slowly.
+struct World {
+  Texts tokens;
+  int length;
+};
+
+const World units = {{L"@", L"{", L"}", L"=", L":", L";", L",", L" ", L"\n", L"a", L"b"}, 6};
+
+template <class Visit>
+void VisitFrom(std::wstring& text, const Texts& tokens, int length, const Visit& visit) {
+  visit(text);
+  if (length == 0 || testing::Test::HasFatalFailure()) return;
+  const std::size_t size = text.size();
+  for (const std::wstring& token : tokens) {
+    text += token;
+    VisitFrom(text, tokens, length - 1, visit);
+    text.resize(size);
+  }
+}
+
+// Up to the first failure.
+template <class Visit>
+void ForEachText(const World& world, const Visit& visit) {
+  std::wstring text;
+  VisitFrom(text, world.tokens, SLOW_BUILD ? world.length - 1 : world.length, visit);
+}
+
+void SplitsAgree(const std::wstring& text, const std::wstring& separator) {
+  for (const bool keepEmpty : {false, true}) {
+    for (const int limit : {0, 1, 2, 3}) {
+      ASSERT_EQ(SplitTrimmed(text, separator, keepEmpty, limit),
+                Naive::SplitTrimmed(text, separator, keepEmpty, limit))
+          << PrintToString(text) << " at " << PrintToString(separator) << ", " << keepEmpty << ", "
+          << limit;
+    }
+  }
+}
+
+void StatementsAgree(const std::wstring& text) {
+  const auto statements = SplitStatements(text);
+  ASSERT_EQ(Texts(statements.begin(), statements.end()), Naive::SplitStatements(text))
+      << PrintToString(text);
+}
+
+void ItemsAgree(const Texts& tokens) {
+  for (const bool stripBraces : {false, true}) {
+    Texts left = tokens;
+    Texts right = tokens;
+    ASSERT_EQ(TextsOf(ParseParamItems(left, stripBraces)),
+              TextsOf(Naive::ParseParamItems(right, stripBraces)))
+        << PrintToString(tokens) << ", " << stripBraces;
+    ASSERT_EQ(left, right) << "behind " << PrintToString(tokens) << ", " << stripBraces;
+  }
+}
+
+void ParamSectionsAgree(const std::wstring& text) {
+  ParamSection section;
+  ParamSection naive;
+  section.records.resize(1);
+  naive.records.resize(1);
+  section.domenIds = naive.domenIds = {L"old"};
+  ParseParamSection(section, text);
+  Naive::ParseParamSection(naive, text);
+  ASSERT_EQ(Naive::RowsOf(section), Naive::RowsOf(naive)) << PrintToString(text);
+  ASSERT_EQ(section.domenIds, naive.domenIds) << PrintToString(text);
+  for (const wchar_t* code : {L"", L"a", L"b"}) {
+    ASSERT_EQ(TextsOf(FindItemLists(section, code)), TextsOf(Naive::FindItemLists(naive, code)))
+        << code << " of " << PrintToString(text);
+    ASSERT_EQ(GetPropertyIds(section, code), Naive::GetPropertyIds(naive, code))
+        << code << " of " << PrintToString(text);
+  }
+}
+
+void MapTextSectionsAgree(const std::wstring& text) {
+  MapTextSection section;
+  MapTextSection naive;
+  section.records.resize(1);
+  naive.records.resize(1);
+  section.domenIds = naive.domenIds = {L"old"};
+  ParseMapTextSection(section, text);
+  Naive::ParseMapTextSection(naive, text);
+  ASSERT_EQ(Naive::RowsOf(section), Naive::RowsOf(naive)) << PrintToString(text);
+  ASSERT_EQ(section.defaultCode, naive.defaultCode) << PrintToString(text);
+  ASSERT_EQ(section.domenIds, naive.domenIds) << PrintToString(text);
+}
+
+void ColoratSectionsAgree(const std::wstring& text) {
+  Colorats colorats = {{L"old", {}}};
+  Colorats naive = colorats;
+  std::wstring active = L"old";
+  std::wstring naiveActive = active;
+  ASSERT_EQ(ParseColoratSection({colorats, active}, text),
+            Naive::ParseColoratSection({naive, naiveActive}, text))
+      << PrintToString(text);
+  ASSERT_EQ(Naive::RowsOf(colorats), Naive::RowsOf(naive)) << PrintToString(text);
+  ASSERT_EQ(active, naiveActive) << PrintToString(text);
+}
+
+TEST(SplitTrimmed, AgreesWithItsNaiveFormOnEverySmallText) {
+  ForEachText({units.tokens, 5}, [](const std::wstring& text) { SplitsAgree(text, L";"); });
+  const World few = {{L";", L" ", L"\n", L"a", L"b"}, 6};
+  for (const wchar_t* separator : {L" ", L"\n", L"a", L"ab", L"aa", L"a;a", L"  ", L"; "}) {
+    ForEachText(few, [&](const std::wstring& text) { SplitsAgree(text, separator); });
+  }
+}
+
+TEST(SplitStatements, AgreesWithItsNaiveFormOnEverySmallText) {
+  ForEachText(units, StatementsAgree);
+  ForEachText({{L";", L" ", L"\n", L"a"}, 9}, StatementsAgree);
+}
+
+TEST(ParseParamItems, AgreesWithItsNaiveFormOnTheTokensOfEverySmallText) {
+  const auto visit = [](const std::wstring& text) {
+    ItemsAgree(Naive::SplitTrimmed(text, L" ", false));
+  };
+  ForEachText({units.tokens, 5}, visit);
+  ForEachText({{L"{", L"}", L"=", L":", L";", L",", L" ", L"a"}, 6}, visit);
+  // Tokens end at blanks, so that each of these can be one or a part of one.
+  const World tokens = {
+      {L" ", L" a", L" b=1", L" a=b=c", L":", L"=", L";", L",", L"{", L" }", L"\t", L" ;x;"}, 5};
+  ForEachText(tokens, visit);
+}
+
+TEST(ParseParamItems, AgreesWithItsNaiveFormOnTokensOfAnyKind) {
+  const Texts kinds = {L"", L" ", L"a", L"\ta=1 ", L"{b}", L"{ }", L"x y;z", L"a\t;b", L"=;{"};
+  std::vector<Texts> lists = {{}};
+  for (std::size_t i = 0; i < lists.size(); ++i) {
+    ItemsAgree(lists[i]);
+    if (HasFatalFailure() || lists[i].size() == 4) continue;
+    for (const std::wstring& kind : kinds) {
+      lists.push_back(lists[i]);
+      lists.back().push_back(kind);
+    }
+  }
+}
+
+TEST(ParseParamSection, AgreesWithItsNaiveFormOnEverySmallText) {
+  ForEachText({units.tokens, 5}, ParamSectionsAgree);
+  ForEachText({{L"a", L" b", L"=1", L"{", L"}", L" ", L"\n", L";", L"!", L"@", L"/", L"\t"}, 5},
+              ParamSectionsAgree);
+}
+
+TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallText) {
+  ForEachText(units, MapTextSectionsAgree);
+}
+
+TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
+  const World worlds[] = {
+      // all kinds of statements
+      {{L"@", L"@@", L"@$ [ ]\n", L"$", L"/",  L"!",  L"{",  L"}", L"A", L"=",
+        L":", L",",  L";",        L" ", L"\n", L"\t", L"@(", L")", L"[", L"]"},
+       4},
+      // headers with items, and patterns below them
+      {{L"\n@A", L"{", L"}", L" a", L"=1", L",", L";", L"\n", L" ", L"\nB"}, 5},
+      // block marks
+      {{L"\n@$ [[ ]", L"\n@$ < >>", L"\n@$ [", L"\n@", L"[", L"]", L"<", L">", L"{a}", L" ",
+        L"\nw"},
+       5},
+      // domain lists and default codes
+      {{L"\n@@", L"\n$", L"(", L")", L"A", L" B", L"\t", L"\n", L";"}, 5},
+      // patterns of many lengths, to be sorted
+      {{L"a", L" ", L"\n", L"\nb ", L"\n\u00E9\t", L"\n@C"}, 6},
+  };
+  for (const World& world : worlds) ForEachText(world, MapTextSectionsAgree);
+}
+
+TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallText) {
+  ForEachText(units, ColoratSectionsAgree);
+}
+
+TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
+  const World blocks = {{L"@", L"m ", L" ", L"\n", L";", L"\t", L"5", L"\nA 1 2 3 4", L"\n@m M\n",
+                         L"B 300 -5 x 150;", L"@n N;"},
+                        5};
+  ForEachText(blocks, ColoratSectionsAgree);
+  // Colour lines, in a block that is one.
+  const World lines = {{L"\nA", L" 1", L" 20", L" +256x", L" ", L"-7", L"\t", L";"}, 6};
+  ForEachText(lines,
+              [](const std::wstring& text) { ColoratSectionsAgree(L"@m M\nA 1 2 3 4" + text); });
+}
+
+TEST(ReadLeadingInt, AgreesWithItsNaiveFormOnEverySmallText) {
+  const World world = {{L"-", L"+", L"0", L"7", L"214748364", L"8", L"99999999999999999999", L"x",
+                        L".", L"\u0665", L"\uFF19", L"\u0BE7"},
+                       5};
+  ForEachText(world, [](const std::wstring& text) {
+    ASSERT_EQ(ReadLeadingInt(text), Naive::ReadLeadingInt(text)) << PrintToString(text);
+  });
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll
