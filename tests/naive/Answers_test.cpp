@@ -80,13 +80,16 @@ struct Twins {
 };
 
 const Lines domenIds = {"D", "E", "J", "K"};
-const Lines propertyIds = {"P", "P", "Q", "R"};
+const Lines propertyIds = {"P", "P", "P", "Q"};
 const Lines fieldNames = {"a", "ab", "b", "c"};
 const Lines textTypes = {"int", "real", "str", "str", "ilist", "rlist", "slist", "slist"};
 const Lines jsonTypes = {"i", "r", "s", "s", "ai", "ar", "as", "as"};
 
 // Words without a blank. The white space in some of them is none that separates words.
 const Lines words = {"1",
+                     "12",
+                     "30",
+                     "0.25",
                      "2.5",
                      "-7",
                      "x",
@@ -127,6 +130,7 @@ class Round {
     for (Twins& twins : editors) {
       twins.CreateClassificator(L"S0", random.OneOf(classificatorFiles));
       twins.SetActiveClassificator(L"S0");
+      twins.CreateDomen(random.OneOf(domenFiles));
     }
   }
 
@@ -175,7 +179,7 @@ class Round {
 
   std::string Header() {
     std::string header = "@C" + std::to_string(random.Below(4));
-    for (std::size_t count = random.Below(3); count > 0; --count) {
+    for (std::size_t count = random.OneIn(5) ? 0 : 1 + random.Below(2); count > 0; --count) {
       header += " {" + Item();
       if (random.OneIn(2)) header += Item();
       header += "}";
@@ -185,13 +189,13 @@ class Round {
 
   std::string MapText() {
     std::string text = "@@ (";
-    for (std::size_t count = random.Below(4); count > 0; --count) {
+    for (std::size_t count = random.OneIn(8) ? 0 : 1 + random.Below(4); count > 0; --count) {
       text += random.OneOf(domenIds);
       text += " ";
     }
     text += ")\n";
     if (random.OneIn(2)) text += "$ C0\n";
-    for (std::size_t count = random.Below(5); count > 0; --count) {
+    for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
       text += Header();
       text += random.OneOf(patterns) + "\n";
     }
@@ -213,9 +217,9 @@ class Round {
     std::string text;
     for (std::size_t domens = 1 + random.Below(2); domens > 0; --domens) {
       text += "@@@ " + random.OneOf(domenIds) + "\n";
-      for (std::size_t properties = random.Below(4); properties > 0; --properties) {
+      for (std::size_t properties = 1 + random.Below(3); properties > 0; --properties) {
         text += "@ " + random.OneOf(propertyIds) + " 0 1\n";
-        for (std::size_t fields = random.Below(4); fields > 0; --fields) text += TextField();
+        for (std::size_t fields = random.Below(5); fields > 0; --fields) text += TextField();
       }
     }
     for (int i = 0; i < 20; ++i) text += "!\n";
@@ -230,7 +234,7 @@ class Round {
 
   std::string JsonNames(const Lines& names) {
     std::string list;
-    for (std::size_t count = random.Below(4); count > 0; --count) {
+    for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
       list += "'" + random.OneOf(names) + "',";
     }
     return "asFuncsNames: [" + list + "]";
@@ -238,7 +242,7 @@ class Round {
 
   std::string JsonDomen() {
     std::string text = "{Domen: {" + JsonNames(propertyIds) + "},\nProperties: {\n";
-    for (const char* id : {"P", "Q", "R"}) {
+    for (const char* id : {"P", "Q"}) {
       text += id;
       text += ": {" + JsonNames(fieldNames) + "},\n";
     }
