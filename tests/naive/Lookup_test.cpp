@@ -329,7 +329,7 @@ class Round {
 };
 
 TEST(FindCodeId, AgreesWithTheWalkOverRecordsThatChangeUnderLocalesThatChange) {
-  const unsigned rounds = SLOW_BUILD ? 150 : 1500;
+  const unsigned rounds = SLOW_BUILD ? 300 : 1500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Round(seed).Run();
