@@ -158,7 +158,8 @@ class Round {
 
   std::wstring Patterns() {
     std::wstring lines;
-    const std::size_t count = random.OneIn(10) ? 100 : 1 + random.Below(12);
+    std::size_t count = 1 + random.Below(12);
+    if (random.OneIn(10)) count = random.OneIn(40) ? 1000 : 100;
     for (std::size_t i = 0; i < count; ++i) lines += Pattern() + L"\n";
     return lines;
   }

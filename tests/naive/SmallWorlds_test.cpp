@@ -25,31 +25,31 @@ namespace {
 using testing::PrintToString;
 using Texts = std::vector<std::wstring>;
 
-// All texts of at most `length` tokens, or of one less where code runs slowly.
+// All texts of at most `length` tokens, or of one less where code runs slowly, between a head and a
+// tail that all have.
 struct World {
   Texts tokens;
   int length;
+  std::wstring head = L"";
+  std::wstring tail = L"";
 };
 
 const World units = {{L"@", L"{", L"}", L"=", L":", L";", L",", L" ", L"\n", L"a", L"b"}, 6};
 
 template <class Visit>
-void VisitFrom(std::wstring& text, const Texts& tokens, int length, const Visit& visit) {
-  visit(text);
-  if (length == 0 || testing::Test::HasFatalFailure()) return;
-  const std::size_t size = text.size();
-  for (const std::wstring& token : tokens) {
-    text += token;
-    VisitFrom(text, tokens, length - 1, visit);
-    text.resize(size);
+void VisitFrom(const std::wstring& text, const World& world, int length, const Visit& visit) {
+  visit(text + world.tail);
+  if (length == 0) return;
+  for (const std::wstring& token : world.tokens) {
+    if (testing::Test::HasFatalFailure()) return;
+    VisitFrom(text + token, world, length - 1, visit);
   }
 }
 
 // Up to the first failure.
 template <class Visit>
 void ForEachText(const World& world, const Visit& visit) {
-  std::wstring text;
-  VisitFrom(text, world.tokens, SLOW_BUILD ? world.length - 1 : world.length, visit);
+  VisitFrom(world.head, world, SLOW_BUILD ? world.length - 1 : world.length, visit);
 }
 
 void SplitsAgree(const std::wstring& text, const std::wstring& separator) {
@@ -131,6 +131,13 @@ TEST(SplitTrimmed, AgreesWithItsNaiveFormOnEverySmallText) {
   }
 }
 
+TEST(SplitTrimmed, AgreesWithItsNaiveFormOnWhatIsWhiteSpace) {
+  for (int unit = 0; unit <= 0xFFFF && !HasFatalFailure(); ++unit) {
+    const auto wide = static_cast<wchar_t>(unit);
+    SplitsAgree({wide, L'a', wide, L'b', wide, L';', wide}, L";");
+  }
+}
+
 TEST(SplitStatements, AgreesWithItsNaiveFormOnEverySmallText) {
   ForEachText(units, StatementsAgree);
   ForEachText({{L";", L" ", L"\n", L"a"}, 9}, StatementsAgree);
@@ -177,18 +184,26 @@ TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
       {{L"@", L"@@", L"@$ [ ]\n", L"$", L"/",  L"!",  L"{",  L"}", L"A", L"=",
         L":", L",",  L";",        L" ", L"\n", L"\t", L"@(", L")", L"[", L"]"},
        4},
-      // headers with items, and patterns below them
-      {{L"\n@A", L"{", L"}", L" a", L"=1", L",", L";", L"\n", L" ", L"\nB"}, 5},
-      // block marks
-      {{L"\n@$ [[ ]", L"\n@$ < >>", L"\n@$ [", L"\n@", L"[", L"]", L"<", L">", L"{a}", L" ",
-        L"\nw"},
-       5},
+      // headers and patterns
+      {{L"\n@A", L"{", L"}", L" a", L"=1", L";", L"\n", L" ", L"\nB", L"\t"}, 5},
       // domain lists and default codes
       {{L"\n@@", L"\n$", L"(", L")", L"A", L" B", L"\t", L"\n", L";"}, 5},
       // patterns of many lengths, to be sorted
       {{L"a", L" ", L"\n", L"\nb ", L"\n\u00E9\t", L"\n@C"}, 6},
   };
   for (const World& world : worlds) ForEachText(world, MapTextSectionsAgree);
+}
+
+// One header with the pattern that shows what became of it, cut at line feeds.
+TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallHeader) {
+  const std::wstring tail = L"\nw\n\n\n\n\n\n";
+  ForEachText({{L"A", L" B", L"{", L"}", L"=1", L":", L",", L";", L"\t"}, 5, L"@", tail},
+              MapTextSectionsAgree);
+  for (const wchar_t* marks :
+       {L"[ ]", L"[[ ]]", L"[[ ]", L"[] ]", L"[ []", L"| |", L"a ba", L"["}) {
+    const std::wstring head = std::wstring(L"@$ ") + marks + L"\n@";
+    ForEachText({{L"[", L"]", L"{", L"|", L"a", L"b", L" "}, 5, head, tail}, MapTextSectionsAgree);
+  }
 }
 
 TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallText) {
@@ -201,9 +216,9 @@ TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
                         5};
   ForEachText(blocks, ColoratSectionsAgree);
   // Colour lines, in a block that is one.
-  const World lines = {{L"\nA", L" 1", L" 20", L" +256x", L" ", L"-7", L"\t", L";"}, 6};
-  ForEachText(lines,
-              [](const std::wstring& text) { ColoratSectionsAgree(L"@m M\nA 1 2 3 4" + text); });
+  const World lines = {
+      {L"\nA", L" 1", L" 20", L" +256x", L" ", L"-7", L"\t", L";"}, 6, L"@m M\nA 1 2 3 4"};
+  ForEachText(lines, ColoratSectionsAgree);
 }
 
 TEST(ReadLeadingInt, AgreesWithItsNaiveFormOnEverySmallText) {
