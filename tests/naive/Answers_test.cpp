@@ -12,11 +12,13 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
-#include "classificator/Classificator.h"
+#include "classificator/TextFile.h"
 #include "domen/DomenStore.h"
+#include "naive/ClassificatorText.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"
 #include "naive/Random.h"
+#include "naive/Records.h"
 #include "support/GlobalLocale.h"
 #include "support/OutOfRange.h"
 #include "support/Results.h"
@@ -37,10 +39,12 @@ struct Twins {
   Twins& operator=(const Twins& other) = default;
 
   void CreateClassificator(const std::wstring& id, const std::wstring& file) {
-    Classificator classificator(id);
+    const SharedText text = ReadTextFile(file);
+    ASSERT_TRUE(text);
+    Naive::Classificator classificator = Naive::ParseClassificator(*text);
     classificator.paramName = L"Param" + std::to_wstring(classificators.size());
-    ASSERT_EQ(classificator.Load(file), 0);
     classificators.push_back(classificator);
+    ids.push_back(id);
     const wchar_t* paramName = classificator.paramName.c_str();
     ASSERT_EQ(editor.CreateClassificator(id.c_str(), L"", paramName, file.c_str()),
               store.LoadDomen(file, L""));
@@ -53,8 +57,8 @@ struct Twins {
   // Of equal ids the first is meant.
   void SetActiveClassificator(const std::wstring& id) {
     const int status = editor.SetActiveClassificator(id.c_str());
-    for (std::size_t i = 0; i < classificators.size(); ++i) {
-      if (classificators[i].classificatorId != id) continue;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+      if (ids[i] != id) continue;
       ASSERT_EQ(status, 0);
       active = i;
       return;
@@ -69,10 +73,11 @@ struct Twins {
     editor.SetEndMark(end.c_str());
   }
 
-  const Classificator& Active() const { return classificators[active]; }
+  const Naive::Classificator& Active() const { return classificators[active]; }
 
   RevitMappingEditorDll editor;
-  std::vector<Classificator> classificators;
+  std::vector<std::wstring> ids;  // of the classificators
+  std::vector<Naive::Classificator> classificators;
   std::size_t active = 0;
   DomenStore store;
   std::wstring startMark;
@@ -309,7 +314,7 @@ class Round {
                                    text, sourceKind, suffix))
         << testing::PrintToString(text) << ", " << sourceKind;
     EXPECT_EQ(twins.editor.GetClaccificatorCodeId(text.c_str()),
-              Naive::FindCodeId(twins.Active(), text));
+              Naive::FindCodeId(twins.Active().mapTextSection, text));
   }
 
   void CompareCode(Twins& twins, int codeId, int sourceKind) {

@@ -18,10 +18,9 @@ bool Matches(const MapTextRecord& record, std::wstring text) {
   return true;
 }
 
-int FindCodeId(const Classificator& classificator, std::wstring text) {
-  const auto& records = classificator.mapTextSection.records;
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    if (Matches(records[i], text)) return static_cast<int>(i);
+int FindCodeId(const MapTextSection& section, std::wstring text) {
+  for (std::size_t i = 0; i < section.records.size(); ++i) {
+    if (Matches(section.records[i], text)) return static_cast<int>(i);
   }
   return -1;
 }

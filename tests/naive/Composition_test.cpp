@@ -13,6 +13,7 @@
 #include "mapping/CodeParams.h"
 #include "naive/MappingString.h"
 #include "naive/Random.h"
+#include "naive/Records.h"
 #include "support/DescribeDomens.h"
 #include "support/OutOfRange.h"
 
@@ -86,7 +87,7 @@ struct Round {
       MapTextRecord record;
       record.code = random.OneOf(propertyIds);
       record.itemLists = Lists();
-      classificator.mapTextSection.records.push_back(record);
+      classificator.mapTextSection.records.Edit().push_back(record);
       ParamRecord param;
       param.code = random.OneOf(propertyIds);
       param.itemLists = Lists();
@@ -149,16 +150,16 @@ TEST(GetCodePropertyIds, AgreesWithItsNaiveForm) {
   for (unsigned seed = 0; seed < (SLOW_BUILD ? 200 : 2000) && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     const Classificator classificator = Round(seed).MadeClassificator();
+    const Naive::Classificator naive = Naive::CopyOf(classificator);
     for (const int sourceKind : {1, 2, 0, 3, -1}) {
       EXPECT_EQ(GetCodeDomenIds(classificator, sourceKind),
-                Naive::GetCodeDomenIds(classificator, sourceKind));
+                Naive::GetCodeDomenIds(naive, sourceKind));
       for (int codeId = -3; codeId < 5; ++codeId) {
         Texts ids;
         Texts naiveIds;
         EXPECT_EQ(
             OutOfRangeOf([&] { ids = GetCodePropertyIds(classificator, codeId, sourceKind); }),
-            OutOfRangeOf(
-                [&] { naiveIds = Naive::GetCodePropertyIds(classificator, codeId, sourceKind); }))
+            OutOfRangeOf([&] { naiveIds = Naive::GetCodePropertyIds(naive, codeId, sourceKind); }))
             << codeId << ", " << sourceKind;
         EXPECT_EQ(ids, naiveIds) << codeId << ", " << sourceKind;
       }
@@ -171,6 +172,7 @@ TEST(ComposeCodeParams, AgreesWithItsNaiveForm) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Round round(seed);
     const Classificator classificator = round.MadeClassificator();
+    const Naive::Classificator naive = Naive::CopyOf(classificator);
     const DomenProperties properties =
         Naive::CollectProperties(round.MadeStore(), domenIds, propertyIds);
     for (const int sourceKind : {1, 2, 0}) {
@@ -179,8 +181,7 @@ TEST(ComposeCodeParams, AgreesWithItsNaiveForm) {
                     return ComposeCodeParams(classificator, codeId, sourceKind, L"=", properties);
                   }),
                   OutcomeOf([&] {
-                    return Naive::ComposeCodeParams(classificator, codeId, sourceKind, L"=",
-                                                    properties);
+                    return Naive::ComposeCodeParams(naive, codeId, sourceKind, L"=", properties);
                   }))
             << codeId << ", " << sourceKind;
       }

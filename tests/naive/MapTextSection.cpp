@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
 
 #include "naive/ParamSection.h"
 #include "naive/Text.h"
@@ -15,7 +14,7 @@ struct Context {
   std::wstring openMark = L"{";
   std::wstring closeMark = L"}";
   std::wstring currentCode;
-  std::vector<ParamItemList> currentLists;
+  ItemLists currentLists;
 };
 
 void TakeDomainList(MapTextSection& section, std::wstring rest) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "mapping/MapTextSection.h"
+#include "naive/Records.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 

@@ -29,7 +29,7 @@ ItemLists ListsOf(const Classificator& classificator, int codeId, int sourceKind
     return RecordAt(classificator, codeId).itemLists;
   }
   if (sourceKind == 2) {
-    return Naive::FindItemLists(classificator.paramSection, CodeOf(classificator, codeId));
+    return FindItemLists(classificator.paramSection, CodeOf(classificator, codeId));
   }
   return {};
 }
@@ -78,10 +78,10 @@ Texts GetCodeDomenIds(const Classificator& classificator, int sourceKind) {
 Texts GetCodePropertyIds(const Classificator& classificator, int codeId, int sourceKind) {
   if (sourceKind == 1) {
     if (!IsCodeId(classificator, codeId)) return {};
-    return Naive::SortedPropertyIds(RecordAt(classificator, codeId).itemLists);
+    return SortedPropertyIds(RecordAt(classificator, codeId).itemLists);
   }
   if (sourceKind == 2) {
-    return Naive::GetPropertyIds(classificator.paramSection, CodeOf(classificator, codeId));
+    return GetPropertyIds(classificator.paramSection, CodeOf(classificator, codeId));
   }
   return {};
 }
@@ -126,7 +126,7 @@ std::wstring GetClaccificatorCodeParams(const Classificator& classificator, cons
 std::wstring GetMappingStr(const Classificator& classificator, const DomenStore& store,
                            std::wstring startMark, std::wstring endMark, std::wstring text,
                            int sourceKind, std::wstring nameSuffix) {
-  const int codeId = FindCodeId(classificator, text);
+  const int codeId = FindCodeId(classificator.mapTextSection, text);
   const std::wstring code = CodeOf(classificator, codeId);
   const std::wstring items =
       GetClaccificatorCodeParams(classificator, store, codeId, sourceKind, nameSuffix);

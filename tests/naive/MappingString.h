@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "classificator/Classificator.h"
 #include "domen/DomenStore.h"
+#include "naive/Records.h"
 #include "naive/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {

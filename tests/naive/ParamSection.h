@@ -5,7 +5,7 @@
 #include <string>
 
 #include "mapping/ParamItem.h"
-#include "mapping/ParamSection.h"
+#include "naive/Records.h"
 #include "naive/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {

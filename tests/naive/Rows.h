@@ -10,29 +10,34 @@
 #include <vector>
 
 #include "classificator/ColoratSection.h"
-#include "mapping/MapTextSection.h"
-#include "mapping/ParamSection.h"
+#include "naive/Records.h"
 #include "support/ItemTexts.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
+
+inline std::vector<ItemTexts> RowsOf(const ItemLists& lists) {
+  std::vector<ItemTexts> rows;
+  for (const ParamItemList& list : lists) rows.push_back(TextsOf(list));
+  return rows;
+}
 
 using ParamRows = std::vector<std::tuple<std::wstring, std::vector<ItemTexts>>>;
 
 inline ParamRows RowsOf(const ParamSection& section) {
   ParamRows rows;
   for (const ParamRecord& record : section.records) {
-    rows.emplace_back(record.code, ::TextsOf(record.itemLists));
+    rows.emplace_back(record.code, RowsOf(record.itemLists));
   }
   return rows;
 }
 
-using MapTextRows = std::vector<
-    std::tuple<std::wstring, std::vector<ItemTexts>, std::wstring, std::vector<std::wstring>>>;
+using MapTextRows =
+    std::vector<std::tuple<std::wstring, std::vector<ItemTexts>, std::wstring, Texts>>;
 
 inline MapTextRows RowsOf(const MapTextSection& section) {
   MapTextRows rows;
   for (const MapTextRecord& record : section.records) {
-    rows.emplace_back(record.code, ::TextsOf(record.itemLists), record.text, record.tokens);
+    rows.emplace_back(record.code, RowsOf(record.itemLists), record.text, record.tokens);
   }
   return rows;
 }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "classificator/ColoratSection.h"
@@ -16,6 +17,7 @@
 #include "naive/ColoratSection.h"
 #include "naive/MapTextSection.h"
 #include "naive/ParamSection.h"
+#include "naive/Records.h"
 #include "naive/Rows.h"
 #include "naive/Text.h"
 
@@ -64,9 +66,10 @@ void SplitsAgree(const std::wstring& text, const std::wstring& separator) {
 }
 
 void StatementsAgree(const std::wstring& text) {
-  const auto statements = SplitStatements(text);
-  ASSERT_EQ(Texts(statements.begin(), statements.end()), Naive::SplitStatements(text))
-      << PrintToString(text);
+  Texts statements;
+  PieceReader reader = SplitStatements(text);
+  for (std::wstring_view statement; reader.Next(statement);) statements.emplace_back(statement);
+  ASSERT_EQ(statements, Naive::SplitStatements(text)) << PrintToString(text);
 }
 
 void ItemsAgree(const Texts& tokens) {
@@ -82,16 +85,17 @@ void ItemsAgree(const Texts& tokens) {
 
 void ParamSectionsAgree(const std::wstring& text) {
   ParamSection section;
-  ParamSection naive;
+  Naive::ParamSection naive;
   section.records.resize(1);
   naive.records.resize(1);
   section.domenIds = naive.domenIds = {L"old"};
   ParseParamSection(section, text);
   Naive::ParseParamSection(naive, text);
-  ASSERT_EQ(Naive::RowsOf(section), Naive::RowsOf(naive)) << PrintToString(text);
+  ASSERT_EQ(Naive::RowsOf(Naive::CopyOf(section)), Naive::RowsOf(naive)) << PrintToString(text);
   ASSERT_EQ(section.domenIds, naive.domenIds) << PrintToString(text);
   for (const wchar_t* code : {L"", L"a", L"b"}) {
-    ASSERT_EQ(TextsOf(FindItemLists(section, code)), TextsOf(Naive::FindItemLists(naive, code)))
+    ASSERT_EQ(TextsOf(FindItemLists(section, code)),
+              Naive::RowsOf(Naive::FindItemLists(naive, code)))
         << code << " of " << PrintToString(text);
     ASSERT_EQ(GetPropertyIds(section, code), Naive::GetPropertyIds(naive, code))
         << code << " of " << PrintToString(text);
@@ -100,13 +104,13 @@ void ParamSectionsAgree(const std::wstring& text) {
 
 void MapTextSectionsAgree(const std::wstring& text) {
   MapTextSection section;
-  MapTextSection naive;
-  section.records.resize(1);
+  Naive::MapTextSection naive;
+  section.records.Edit().resize(1);
   naive.records.resize(1);
   section.domenIds = naive.domenIds = {L"old"};
   ParseMapTextSection(section, text);
   Naive::ParseMapTextSection(naive, text);
-  ASSERT_EQ(Naive::RowsOf(section), Naive::RowsOf(naive)) << PrintToString(text);
+  ASSERT_EQ(Naive::RowsOf(Naive::CopyOf(section)), Naive::RowsOf(naive)) << PrintToString(text);
   ASSERT_EQ(section.defaultCode, naive.defaultCode) << PrintToString(text);
   ASSERT_EQ(section.domenIds, naive.domenIds) << PrintToString(text);
 }
