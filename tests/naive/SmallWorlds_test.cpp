@@ -179,7 +179,8 @@ TEST(ParseParamSection, AgreesWithItsNaiveFormOnEverySmallText) {
 }
 
 TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallText) {
-  ForEachText(units, MapTextSectionsAgree);
+  ForEachText({units.tokens, 5}, MapTextSectionsAgree);
+  ForEachText({{L"@", L"{", L"}", L"=", L";", L" ", L"\n", L"a"}, 6}, MapTextSectionsAgree);
 }
 
 TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
