@@ -43,8 +43,14 @@ class Row:
             return self.ratio() >= self.faster
         return self.at_most is None or self.ratio() <= self.at_most
 
+    def ratio_text(self):
+        if not self.faster:
+            return f"{self.ratio():.3g} times"
+        if self.ratio() >= 1:
+            return f"{self.ratio():.3g} times faster"
+        return f"{1 / self.ratio():.3g} times slower"
+
     def cells(self):
-        ratio = f"{self.ratio():.3g}" + (" times faster" if self.faster else " times")
         aim, verdict = "shown", ""
         if self.faster:
             aim = "faster" if self.faster == 1 else f"{self.faster:g} times faster"
@@ -53,7 +59,7 @@ class Row:
         if aim != "shown":
             verdict = "yes" if self.reached() else "**no**"
         return [self.what, self.against, quantity(self.ours, self.unit),
-                quantity(self.other, self.unit), ratio, aim, verdict]
+                quantity(self.other, self.unit), self.ratio_text(), aim, verdict]
 
 
 def quantity(value, unit):
@@ -125,7 +131,7 @@ def lookup_rows(times):
                       at_most=1)
     for size in sizes_of(times, "lookup_build"):
         other, name = best(times, "lookup_build", size)
-        yield Row(f"its index, with the parsing of the section, {among(size)}", name + ", built",
+        yield Row(f"its index, with all that a load makes of the section, {among(size)}", name + ", built",
                   times[f"lookup_build/ours/{size}"], other, faster=20)
 
 

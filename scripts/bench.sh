@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mode=${1:-}
+case $mode in '' | --check | --brief) ;; *) echo "scripts/bench.sh [--check | --brief]" >&2; exit 2 ;; esac
 windows=()
 [ "$mode" = --brief ] || windows=(g++-mingw-w64-x86-64-posix wine64)
 . scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev nlohmann-json3-dev python3 \
@@ -36,27 +37,34 @@ measure_memory() {
   done >"$output"
 }
 
+# Runs a program, and shows what it has to say only if it fails: run NAME ARGUMENTS…
+run() {
+  local name=$1 log=$results/$1.log
+  shift
+  "$build/benchmarks/bench_$name" "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+}
+
 build_for linux-release "$build"
 if [ "$mode" = --brief ]; then
   for name in "${benchmarks[@]}"; do
-    "$build/benchmarks/bench_$name" --brief --benchmark_min_time=0.001 >/dev/null 2>&1 ||
-      { echo "bench_$name fails" >&2; exit 1; }
+    run "$name" --brief --benchmark_min_time=0.001
   done
-  "$build/benchmarks/bench_memory_files" "$files" --brief
+  run memory_files "$files" --brief
   measure_memory "$results/memory_linux" "$build/benchmarks/bench_memory"
+  echo "All benchmarks run, and all answers agree"
   exit
 fi
 
 for name in "${benchmarks[@]}"; do
   echo "Measuring $name"
-  "$build/benchmarks/bench_$name" --benchmark_min_time=0.1 --benchmark_repetitions=5 \
+  run "$name" --benchmark_min_time=0.1 --benchmark_repetitions=5 \
     --benchmark_enable_random_interleaving=true \
-    --benchmark_out="$results/$name.json" --benchmark_out_format=json >/dev/null
+    --benchmark_out="$results/$name.json" --benchmark_out_format=json
 done
 
 build_for windows-mingw "$build-windows"
 wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
-"$build/benchmarks/bench_memory_files" "$files"
+run memory_files "$files"
 measure_memory "$results/memory_linux" "$build/benchmarks/bench_memory"
 measure_memory "$results/memory_windows" env WINEPREFIX="$PWD/$build-windows/wine" WINEDEBUG=-all \
   "$wine" "$build-windows/bin/bench_memory.exe"

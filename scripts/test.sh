@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks the formatting, then builds and tests everything: with sanitizers, for Windows under Wine,
-# and as released.
+# and as released. At last it runs each benchmark once, so that none falls behind the library.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 node=()
@@ -12,7 +12,7 @@ command -v npm >/dev/null || node=(nodejs npm)
 locale -a | grep -qix 'de_DE\.utf-\?8' ||
   "${as_root[@]}" localedef -i de_DE -f UTF-8 de_DE.UTF-8
 
-find include src tests tools examples -name '*.h' -o -name '*.cpp' |
+find include src tests tools examples benchmarks -name '*.h' -o -name '*.cpp' |
   xargs clang-format --dry-run --Werror
 
 # The reference tools that JSON5 files are held against, at the versions that their locks name.
@@ -27,3 +27,5 @@ for preset in linux-sanitize windows-mingw linux-release; do
   cmake --build --preset "$preset"
   ctest --preset "$preset" --parallel "$(nproc)"
 done
+
+scripts/bench.sh --brief
