@@ -131,7 +131,7 @@ def lookup_rows(times):
                       at_most=1)
     for size in sizes_of(times, "lookup_build"):
         other, name = best(times, "lookup_build", size)
-        yield Row(f"its index, with all that a load makes of the section, {among(size)}", name + ", built",
+        yield Row(f"its index, with the parsing of the section, {among(size)}", name + ", built",
                   times[f"lookup_build/ours/{size}"], other, faster=20)
 
 
