@@ -72,9 +72,9 @@ std::uint32_t TakeUnits(std::wstring_view& text) {
   return noCodePoint;
 }
 
+// For what lies outside ASCII.
 void PutBytes(std::uint32_t code, std::string& bytes) {
   const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
-  if (code < 0x80) return put(code);
   if (code < 0x800) {
     put(0xC0 | (code >> 6));
   } else if (code < 0x10000) {

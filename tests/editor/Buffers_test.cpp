@@ -49,6 +49,26 @@ TEST(NewString, HoldsFiveMillionUnits) {
   EXPECT_TRUE(Take(NewString(text)) == text);
 }
 
+// What `NewJoined` makes of these pieces.
+std::wstring Joined(const std::vector<std::wstring>& pieces) {
+  return Take(NewJoined([&pieces](const auto& put) {
+    for (const std::wstring& piece : pieces) put(piece);
+  }));
+}
+
+TEST(NewJoined, HoldsAllPiecesOneBehindTheOther) {
+  EXPECT_EQ(Joined({L"ab", L"", L"c", L"\U0001F600"}), L"abc\U0001F600");
+  EXPECT_EQ(Joined({L"", L""}), L"");
+  EXPECT_EQ(Joined({}), L"");
+}
+
+TEST(NewJoined, EndsAtTheFirstNulOfAnyPiece) {
+  EXPECT_EQ(Joined({L"ab", L"c\0d"s, L"ef"}), L"abc");
+  EXPECT_EQ(Joined({L"ab", L"\0"s, L"ef", L"g\0h"s}), L"ab");
+  EXPECT_EQ(Joined({L"\0ab"s, L"c"}), L"");
+  EXPECT_EQ(Joined({L"a", L"b\0"s}), L"ab");
+}
+
 // A result of a query, as far as these tests go.
 struct Result {
   std::wstring name;

@@ -158,6 +158,22 @@ TEST(ReplaceWholeFile, MakesNothingInAFolderThatMayNotBeWritten) {
   EXPECT_EQ(ReadBytes(closed / "old"), "old");
 }
 
+TEST(ReplaceWholeFile, LeavesAFileThatMayNotBeWritten) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", "old");
+  fs::permissions(folder.Path(), fs::perms::all);
+  fs::permissions(folder.Path() / "a", fs::perms{0444});
+  std::optional<PlainUser> plainUser(std::in_place);
+  const bool refused = access((folder.Path() / "a").c_str(), W_OK) != 0;
+  if (refused) {
+    EXPECT_THROW(ReplaceWholeFile(file, "new"), std::system_error);
+  }
+  plainUser.reset();
+  if (!refused) GTEST_SKIP() << "no file is closed to this user";
+  EXPECT_EQ(ReadBytes(folder.Path() / "a"), "old");
+  EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
+}
+
 const std::string oldBytes(1'000'000, 'a');
 const std::string newBytes(1'000'003, 'b');
 

@@ -291,6 +291,13 @@ TEST(FormatJson5, WritesEveryUnitSoThatItReadsAsItself) {
   }
 }
 
+TEST(FormatJson5, WritesAFileThatCanBeReadWhateverNumberAUnitIs) {
+  if (sizeof(wchar_t) == 2) GTEST_SKIP() << "every unit is one of UTF-16";
+  const std::wstring value = {L'a', static_cast<wchar_t>(0x110041), static_cast<wchar_t>(-1)};
+  EXPECT_EQ(ReadBack(value), L"aA\xFFFF");
+  EXPECT_EQ(ReadBack(L"\U0010FFFF"), L"\U0010FFFF");
+}
+
 // Comments
 
 TEST(FormatJson5, WritesACommentBehindItsValueAndTheComma) {

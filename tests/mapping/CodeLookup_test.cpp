@@ -462,6 +462,38 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
   }
 }
 
+// Words of any number of beginnings, each of which goes on in as many ways: more than are followed
+// at once.
+TEST(FindCodeId, FindsAMatchAmongHoweverManyBeginningsThatFit) {
+  std::wstring section = L"@C\n";
+  for (std::size_t i = 1; i <= 12; ++i) {
+    for (std::size_t j = 1; j <= 12; ++j) {
+      section +=
+          std::wstring(i, L'a') + L' ' + std::wstring(j, L'b') + L" c" + std::to_wstring(j) + L"\n";
+    }
+  }
+  const Classificator classificator = Read(section);
+  const std::wstring words = std::wstring(12, L'A') + L' ' + std::wstring(12, L'B');
+  EXPECT_EQ(FindCodeId(classificator, words + L" C7"), 6);
+  EXPECT_EQ(FindCodeId(classificator, words + L" C12"), 0);  // by its "c1"
+  EXPECT_EQ(FindCodeId(classificator, words + L" D"), -1);
+  EXPECT_EQ(FindCodeId(classificator, words), -1);
+}
+
+TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
+  for (const std::size_t length : {30, 31, 32, 33, 64}) {
+    const std::wstring start(length, L'x');
+    const Classificator classificator =
+        Read(L"@C\n" + start + L"y\n" + start + L"z\n" + start + L"zz 1\nx" + start + L"x 2\n");
+    EXPECT_EQ(FindCodeId(classificator, start + L"y"), 0) << length;
+    EXPECT_EQ(FindCodeId(classificator, start + L"z"), 1) << length;
+    EXPECT_EQ(FindCodeId(classificator, start + L"zz 1"), 1) << length;
+    EXPECT_EQ(FindCodeId(classificator, start + L"xx 2"), 3) << length;
+    EXPECT_EQ(FindCodeId(classificator, start), -1) << length;
+    EXPECT_EQ(FindCodeId(classificator, start + L"a"), -1) << length;
+  }
+}
+
 TEST(FindCodeId, TakesATextOfFiveMillionCharacters) {
   const std::wstring word(5'000'000, L'w');
   EXPECT_EQ(FindCodeId(Read(L"www"), word), 0);
