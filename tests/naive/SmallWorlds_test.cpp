@@ -142,6 +142,17 @@ TEST(SplitTrimmed, AgreesWithItsNaiveFormOnWhatIsWhiteSpace) {
   }
 }
 
+TEST(FindText, FindsWhatThePlainSearchFinds) {
+  ForEachText({{L"a", L"b"}, 7}, [](const std::wstring& what) {
+    ForEachText({{L"a", L"b"}, 8}, [&](const std::wstring& text) {
+      for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+        ASSERT_EQ(FindText(text, what, from), text.find(what, from))
+            << PrintToString(what) << " in " << PrintToString(text) << " from " << from;
+      }
+    });
+  });
+}
+
 TEST(SplitStatements, AgreesWithItsNaiveFormOnEverySmallText) {
   ForEachText(units, StatementsAgree);
   ForEachText({{L";", L" ", L"\n", L"a"}, 9}, StatementsAgree);
