@@ -82,6 +82,14 @@ std::wstring FieldTexts(const DomenProperty& property) {
   return texts;
 }
 
+// Room for so much more, and for as much again as there is: a growth by each item alone would copy
+// all others for each of them.
+template <class Container>
+void MakeRoom(Container& container, std::size_t more) {
+  const std::size_t size = container.size() + more;
+  if (size > container.capacity()) container.reserve(std::max(size, 2 * container.capacity()));
+}
+
 void AppendItem(CodeItems& items, const ParamItem& item, const DomenProperties& properties) {
   const auto found = properties.find(item.propertyId);
   if (found == properties.end()) return;
@@ -89,8 +97,8 @@ void AppendItem(CodeItems& items, const ParamItem& item, const DomenProperties& 
   FillFields(property, item.valueText);
   const std::wstring fieldTexts = FieldTexts(property);
   // All that can fail comes first, so that an item is there as a whole or not at all.
-  items.suffixPlaces.reserve(items.suffixPlaces.size() + 1);
-  items.text.reserve(items.text.size() + item.propertyId.size() + fieldTexts.size() + 2);
+  MakeRoom(items.suffixPlaces, 1);
+  MakeRoom(items.text, item.propertyId.size() + fieldTexts.size() + 2);
   items.text += item.propertyId;
   items.suffixPlaces.push_back(items.text.size());
   items.text.append(L" ").append(fieldTexts).append(L";");
