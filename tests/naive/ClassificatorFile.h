@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "classificator/ColoratSection.h"
+#include "naive/Records.h"
+
+namespace TolvenLibs::RevitMappingEditorDll::Naive {
+
+// All that a classificator file says.
+struct ClassificatorFile {
+  std::wstring classTitle;
+  std::wstring classFirstWord;
+  std::wstring classSecondWord;
+  MapTextSection mapTextSection;
+  ParamSection paramSection;
+  Colorats colorats;
+  std::wstring activeColoratId;
+};
+
+void ParseClassSection(ClassificatorFile& file, std::wstring text);
+
+ClassificatorFile ReadClassificator(std::string bytes);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll::Naive

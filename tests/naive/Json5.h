@@ -1,0 +1,32 @@
+// JSON5, read by one function for each rule of its grammar.
+
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "json/cfg/Json5.h"
+
+namespace TolvenLibs::RevitMappingEditorDll::Naive {
+
+struct Json5 {
+  Json5Value::Kind kind = Json5Value::Kind::null;
+  bool boolean = false;
+  double number = 0;
+  std::wstring text;
+  std::vector<Json5> elements;            // of an array
+  std::map<std::wstring, Json5> members;  // of an object
+};
+
+// Nothing for a malformed text.
+std::optional<Json5> ParseJson5(std::wstring text);
+
+// The tree as a text that is different for different trees.
+std::wstring Describe(const Json5& value);
+
+// The same of a tree of the library.
+std::wstring Describe(const Json5Tree& tree, const Json5Value& value);
+
+}  // namespace TolvenLibs::RevitMappingEditorDll::Naive
