@@ -4,7 +4,7 @@
 #include <array>
 #include <bit>
 
-#include "editor/Text.h"
+#include "mapping/CapitalWords.h"
 #include "mapping/CodeLookup.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -56,71 +56,64 @@ std::uint64_t Extend(std::uint64_t beginning, std::uint64_t wordHash, std::size_
   return hash == 0 ? 1 : hash;
 }
 
-// The words of a text as its capitals are cut, one by one. No more of the text is looked at than
-// the words that are asked for.
-class CapitalWords {
- public:
-  CapitalWords(std::wstring_view wholeText, const UpperTable& capitals)
-      : rest(wholeText), upper(capitals) {}
-
-  // Puts the next word into `word`, in its own case, or gives false.
-  bool Next(std::wstring_view& word) {
-    if (atEnd) return false;
-    std::size_t end = 0;
-    while (end < rest.size() && upper.Upper(rest[end]) != L' ') ++end;
-    word = rest.substr(0, end);
-    while (!word.empty() && IsSpace(upper.Upper(word.back()))) word.remove_suffix(1);
-    while (!word.empty() && IsSpace(upper.Upper(word.front()))) word.remove_prefix(1);
-    atEnd = end == rest.size();
-    if (!atEnd) rest.remove_prefix(end + 1);
-    return true;
-  }
-
- private:
-  std::wstring_view rest;
-  const UpperTable& upper;
-  bool atEnd = false;
+// What is known of a pattern's word by its hash.
+struct HashedWord {
+  std::uint64_t hash = 0;
+  std::uint64_t guideHash = 0;
+  std::size_t length = 0;  // as far as it is told apart
 };
 
-// The capitals of a word's unit. Words go through the facet once more after they were cut out of
-// capitals, as the tokens of a pattern do: a capital can have a capital of its own.
-wchar_t UpperTwice(wchar_t unit, const UpperTable& upper) {
-  return upper.Upper(upper.Upper(unit));
+HashedWord HashWord(std::wstring_view token, const UpperTable& upper) {
+  HashedWord word;
+  word.length = std::min(token.size(), maxLength);
+  for (std::size_t i = 0; i < word.length; ++i) {
+    if (i == guideLength) word.guideHash = word.hash;
+    word.hash += HashUnit(upper.Upper(token[i]), i);
+  }
+  if (word.length == guideLength) word.guideHash = word.hash;
+  return word;
 }
 
-bool Begins(std::wstring_view token, std::wstring_view word, const UpperTable& upper) {
-  if (token.size() > word.size()) return false;
-  return std::equal(token.begin(), token.end(), word.begin(),
-                    [&upper](wchar_t left, wchar_t right) {
-                      return upper.Upper(left) == UpperTwice(right, upper);
+bool IsBeginning(const Tokens& tokens, const Tokens& ofTokens, const UpperTable& upper) {
+  return std::equal(tokens.begin(), tokens.end(), ofTokens.begin(),
+                    [&upper](std::wstring_view left, std::wstring_view right) {
+                      return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                                        [&upper](wchar_t a, wchar_t b) {
+                                          return upper.Upper(a) == upper.Upper(b);
+                                        });
                     });
 }
 
-bool BeginWords(const Tokens& tokens, std::wstring_view text, const UpperTable& upper) {
-  CapitalWords words(text, upper);
-  std::wstring_view word;
-  return std::all_of(tokens.begin(), tokens.end(), [&](std::wstring_view token) {
-    return words.Next(word) && Begins(token, word, upper);
-  });
+// The rooms of a table for so many entries.
+std::size_t RoomsFor(std::size_t count) {
+  return count + count / 2 + 1;
 }
+
+// Whether so many entries are too many for a table of this size.
+bool Crowd(std::size_t count, std::size_t rooms) {
+  return count > rooms - rooms / 4;
+}
+
+// Looking farther than this from where an entry should be would cost more than a walk.
+constexpr std::size_t maxTries = 1000;
+
+// So many patterns, which agree in as many units as words are told apart by, may stand at one
+// entry.
+constexpr std::size_t maxListed = 32;
 
 }  // namespace
 
-CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records)
-    : guides(std::size_t{1} << guideBits) {
-  std::size_t tokenCount = 0;
-  for (const MapTextRecord& record : records) tokenCount += record.tokens.size();
-  entries.resize(2 * tokenCount + 1);
-  std::uint32_t position = 0;
-  for (const MapTextRecord& record : records) {
-    if (!Add(record, position++)) {
+CodeIndex::CodeIndex(const Records& records)
+    : entries(RoomsFor(records.size())), guides(std::size_t{1} << guideBits) {
+  for (std::uint32_t position = 0; position < records.size(); ++position) {
+    if (!Add(records, position)) {
       entries.clear();
       return;
     }
   }
 }
 
-std::optional<int> CodeIndex::Find(const MapTextRecords& records, std::wstring_view text) const {
+std::optional<int> CodeIndex::Find(std::wstring_view text) const {
   if (entries.empty()) return std::nullopt;
   CapitalWords words(text, upper);
   std::wstring_view word;
@@ -128,35 +121,74 @@ std::optional<int> CodeIndex::Find(const MapTextRecords& records, std::wstring_v
   Beginnings steps[2];
   steps[0].all[0] = {0, FirstLengths(word)};
   steps[0].count = steps[0].all[0].nextLengths == 0 ? 0 : 1;
-  for (std::size_t from = 0; steps[from].count != 0; from = 1 - from) {
-    std::uint32_t record = noRecord;
-    if (!Step(steps[from], word, steps[1 - from], record)) return std::nullopt;
-    // All patterns of more words stand behind.
-    if (record != noRecord) return Checked(records, record, text);
-    if (!words.Next(word)) break;
+  Match match;
+  // Patterns that stand at longer beginnings have more words than these.
+  for (std::size_t count = 0; steps[count % 2].count != 0 && match.wordCount > count; ++count) {
+    if (count > 0 && !words.Next(word)) break;
+    if (!Step(steps[count % 2], word, text, steps[(count + 1) % 2], match)) return std::nullopt;
   }
-  return noCodeId;
+  return match.position == noMatch ? noCodeId : static_cast<int>(match.position);
 }
 
-bool CodeIndex::Add(const MapTextRecord& record, std::uint32_t position) {
+// False if the index can't hold it.
+bool CodeIndex::Add(const Records& records, std::uint32_t position) {
+  const MapTextRecord& record = records[position];
+  // One entry for each word, and one for a pattern that is pushed on.
+  if (!MakeRoom(record.tokens.size() + 1)) return false;
   std::uint64_t hash = 0;
   Entry* entry = nullptr;
+  std::size_t wordCount = 0;
   for (const std::wstring_view token : record.tokens) {
-    const std::size_t length = std::min(token.size(), maxLength);
-    std::uint64_t wordHash = 0;
-    std::uint64_t guideHash = 0;
-    for (std::size_t i = 0; i < length; ++i) {
-      if (i == guideLength) guideHash = wordHash;
-      wordHash += HashUnit(upper.Upper(token[i]), i);
-    }
-    if (length == guideLength) guideHash = wordHash;
-    Lengths& first = length < guideLength ? shortLengths : guides[GuideOf(guideHash)];
-    (entry ? entry->nextLengths : first) |= Lengths{1} << length;
-    hash = Extend(hash, wordHash, length);
+    if (entry && !PushOn(*entry, records, wordCount)) return false;
+    const HashedWord word = HashWord(token, upper);
+    Lengths& first = word.length < guideLength ? shortLengths : guides[GuideOf(word.guideHash)];
+    (entry ? entry->nextLengths : first) |= Lengths{1} << word.length;
+    hash = Extend(hash, word.hash, word.length);
     entry = FindOrInsert(hash);
     if (!entry) return false;
+    ++wordCount;
+    if (entry->pattern == CapitalPatterns::none && entry->nextLengths == 0) break;
+    if (IsCovered(records, record, wordCount, entry->pattern)) return true;
   }
-  entry->record = std::min(entry->record, position);
+  return AddToList(*entry, record, position);
+}
+
+// Whether one of these patterns ends here and fits whatever the record fits.
+bool CodeIndex::IsCovered(const Records& records, const MapTextRecord& record,
+                          std::size_t wordCount, Place list) const {
+  for (Place place = list; place != CapitalPatterns::none;) {
+    const CapitalPatterns::Pattern pattern = patterns[place];
+    if (pattern.wordCount <= wordCount &&
+        IsBeginning(records[pattern.position].tokens, record.tokens, upper)) {
+      return true;
+    }
+    place = pattern.next;
+  }
+  return false;
+}
+
+bool CodeIndex::AddToList(Entry& entry, const MapTextRecord& record, std::uint32_t position) {
+  std::size_t listed = 0;
+  for (Place place = entry.pattern; place != CapitalPatterns::none; place = patterns[place].next) {
+    if (++listed == maxListed) return false;
+  }
+  entry.pattern = patterns.Add(record, position, entry.pattern, upper);
+  return entry.pattern != CapitalPatterns::none;
+}
+
+// Makes the beginning one that patterns go on from: a pattern that stands here and has more words
+// goes to the entry of its next one. False if that is taken: hashes that are equal by intention are
+// more than the index is made for.
+bool CodeIndex::PushOn(Entry& entry, const Records& records, std::size_t wordCount) {
+  if (entry.pattern == CapitalPatterns::none) return true;
+  const CapitalPatterns::Pattern pattern = patterns[entry.pattern];
+  if (pattern.wordCount <= wordCount) return true;
+  const HashedWord word = HashWord(records[pattern.position].tokens[wordCount], upper);
+  Entry* next = FindOrInsert(Extend(entry.hash, word.hash, word.length));
+  if (!next || next->pattern != CapitalPatterns::none || next->nextLengths != 0) return false;
+  next->pattern = entry.pattern;
+  entry.pattern = CapitalPatterns::none;
+  entry.nextLengths = Lengths{1} << word.length;
   return true;
 }
 
@@ -165,15 +197,16 @@ CodeIndex::Lengths CodeIndex::FirstLengths(std::wstring_view word) const {
   if (word.size() < guideLength) return shortLengths;
   std::uint64_t guideHash = 0;
   for (std::size_t i = 0; i < guideLength; ++i) {
-    guideHash += HashUnit(UpperTwice(word[i], upper), i);
+    guideHash += HashUnit(upper.UpperTwice(word[i]), i);
   }
   return shortLengths | guides[GuideOf(guideHash)];
 }
 
 // Takes one more word: each beginning goes on by each beginning of the word that a pattern has
-// there. `record` becomes the first of the records that end there. False if there are too many.
-bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, Beginnings& to,
-                     std::uint32_t& record) const {
+// there. `match` becomes the first of the patterns found there that fit. False if there are too
+// many beginnings.
+bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, std::wstring_view text,
+                     Beginnings& to, Match& match) const {
   Lengths wanted = 0;
   for (std::size_t i = 0; i < from.count; ++i) wanted |= from.all[i].nextLengths;
   const std::size_t longest = std::min<std::size_t>(word.size(), std::bit_width(wanted) - 1U);
@@ -182,7 +215,7 @@ bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, Beginnings&
   WordHashes hashes;
   hashes[0] = 0;
   for (std::size_t i = 0; i < longest; ++i) {
-    hashes[i + 1] = hashes[i] + HashUnit(UpperTwice(word[i], upper), i);
+    hashes[i + 1] = hashes[i] + HashUnit(upper.UpperTwice(word[i]), i);
   }
 
   to.count = 0;
@@ -193,7 +226,7 @@ bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, Beginnings&
       const std::uint64_t hash = Extend(beginning.hash, hashes[length], length);
       const Entry* entry = FindEntry(hash);
       if (!entry) continue;
-      record = std::min(record, entry->record);
+      Compare(entry->pattern, text, match);
       if (entry->nextLengths == 0) continue;
       if (to.count == Beginnings::capacity) return false;
       to.all[to.count++] = {hash, entry->nextLengths};
@@ -202,10 +235,30 @@ bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, Beginnings&
   return true;
 }
 
-std::optional<int> CodeIndex::Checked(const MapTextRecords& records, std::uint32_t record,
-                                      std::wstring_view text) const {
-  if (!BeginWords(records[record].tokens, text, upper)) return std::nullopt;
-  return static_cast<int>(record);
+// Looks for a better match among the patterns that stand at one entry.
+void CodeIndex::Compare(Place list, std::wstring_view text, Match& match) const {
+  for (Place place = list; place != CapitalPatterns::none;) {
+    const CapitalPatterns::Pattern pattern = patterns[place];
+    if (pattern.position < match.position && Fits(pattern, text, upper)) {
+      match = {pattern.position, pattern.wordCount};
+    }
+    place = pattern.next;
+  }
+}
+
+// Room for so many more entries. False if there are too many for it.
+bool CodeIndex::MakeRoom(std::size_t count) {
+  const std::size_t wanted = usedEntries + count;
+  if (!Crowd(wanted, entries.size())) return true;
+  std::vector<Entry> old(2 * RoomsFor(wanted));
+  old.swap(entries);
+  usedEntries = 0;
+  return std::all_of(old.begin(), old.end(), [this](const Entry& entry) {
+    if (entry.hash == 0) return true;
+    Entry* moved = FindOrInsert(entry.hash);
+    if (moved) *moved = entry;
+    return moved != nullptr;
+  });
 }
 
 // Where an entry stands unless others were there before it.
@@ -213,15 +266,17 @@ std::size_t CodeIndex::HomeOf(std::uint64_t hash) const {
   return static_cast<std::size_t>((hash >> 32) * entries.size() >> 32);
 }
 
-// The entry of this hash, a new one if there is none. Null if too many others stand in its way:
-// that is no chance, and looking through them would cost more than a walk.
+// The entry of this hash, a new one if there is none. Null if too many others stand in its way.
 CodeIndex::Entry* CodeIndex::FindOrInsert(std::uint64_t hash) {
-  constexpr std::size_t maxTries = 1000;
   std::size_t place = HomeOf(hash);
   for (std::size_t tries = 0; tries < maxTries; ++tries) {
     Entry& entry = entries[place];
-    if (entry.hash == 0) entry.hash = hash;
     if (entry.hash == hash) return &entry;
+    if (entry.hash == 0) {
+      ++usedEntries;
+      entry.hash = hash;
+      return &entry;
+    }
     if (++place == entries.size()) place = 0;
   }
   return nullptr;

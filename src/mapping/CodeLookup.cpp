@@ -62,7 +62,7 @@ int FindCodeId(const Classificator& classificator, std::wstring_view text) {
   const MapTextRecords& records = classificator.mapTextSection.records;
   if (records.empty()) return noCodeId;
   if (const CodeIndex* index = records.Index()) {
-    if (const std::optional<int> codeId = index->Find(records, text)) return *codeId;
+    if (const std::optional<int> codeId = index->Find(text)) return *codeId;
   }
   const InputWords words(text);
   const auto found = std::find_if(

@@ -3,12 +3,14 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 UpperTable::UpperTable() : facet(&std::use_facet<std::ctype<wchar_t>>(locale)) {
-  for (std::size_t unit = 0; unit < remembered.size(); ++unit) {
-    try {
+  try {
+    for (std::size_t unit = 0; unit < behindCyrillic; ++unit) {
       remembered[unit] = facet->toupper(static_cast<wchar_t>(unit));
-    } catch (...) {
-      remembered[unit] = unknown;
+      rememberedTwice[unit] = facet->toupper(remembered[unit]);
     }
+    rememberedCount = behindCyrillic;
+  } catch (...) {
+    rememberedCount = 0;
   }
 }
 

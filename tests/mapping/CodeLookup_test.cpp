@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <initializer_list>
 #include <locale>
 #include <random>
 #include <string>
@@ -468,16 +469,81 @@ TEST(FindCodeId, FindsAMatchAmongHoweverManyBeginningsThatFit) {
   std::wstring section = L"@C\n";
   for (std::size_t i = 1; i <= 12; ++i) {
     for (std::size_t j = 1; j <= 12; ++j) {
-      section +=
-          std::wstring(i, L'a') + L' ' + std::wstring(j, L'b') + L" c" + std::to_wstring(j) + L"\n";
+      const std::wstring beginning = std::wstring(i, L'a') + L' ' + std::wstring(j, L'b');
+      section += beginning + L" c" + std::to_wstring(j) + L"\n" + beginning + L" e\n";
     }
   }
   const Classificator classificator = Read(section);
   const std::wstring words = std::wstring(12, L'A') + L' ' + std::wstring(12, L'B');
-  EXPECT_EQ(FindCodeId(classificator, words + L" C7"), 6);
+  EXPECT_EQ(FindCodeId(classificator, words + L" C7"), 12);
   EXPECT_EQ(FindCodeId(classificator, words + L" C12"), 0);  // by its "c1"
+  EXPECT_EQ(FindCodeId(classificator, words + L" E"), 1);
   EXPECT_EQ(FindCodeId(classificator, words + L" D"), -1);
   EXPECT_EQ(FindCodeId(classificator, words), -1);
+}
+
+TEST(FindCodeId, NeverReachesAPatternThatBeginsWithAnEarlierOne) {
+  const Classificator classificator =
+      Read(L"@C\nwall outer left\nwall outer\nwall outer right\nwall inner 1\nwall inner 1\n");
+  EXPECT_EQ(FindCodeId(classificator, L"wall outer left"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"wall outer right"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"wall inner 1"), 3);
+  EXPECT_EQ(FindCodeId(classificator, L"wall inner"), -1);
+}
+
+// The texts of a word's units, which have no case, are these plus `times` these differences.
+std::wstring WordOf(std::initializer_list<int> differences, int times) {
+  std::wstring word;
+  for (const int difference : differences) {
+    word += static_cast<wchar_t>(0x7000 + times * difference);
+  }
+  return word;
+}
+
+// The index hashes words to 64 bits. These words have one hash.
+TEST(FindCodeId, TellsWordsOfOneHashApart) {
+  const auto word = [](int times) {
+    return WordOf({5, -15, -18, -19, 24, -21, -4, 42, -41, 7}, times);
+  };
+  for (const int count : {2, 32, 33, 40}) {
+    std::wstring section = L"@C\n";
+    for (int i = 0; i < count; ++i) section += word(i) + L"\n";
+    for (int i = 0; i < count; ++i)
+      section += word(count + i) + L" a\n" + word(count + i) + L" b\n";
+    const Classificator classificator = Read(section);
+    for (int i = 0; i < count; ++i) {
+      EXPECT_EQ(FindCodeId(classificator, word(i) + L" b"), i) << count;
+      EXPECT_EQ(FindCodeId(classificator, word(count + i) + L" b"), count + 2 * i + 1) << count;
+    }
+    EXPECT_EQ(FindCodeId(classificator, word(2 * count)), -1) << count;
+    EXPECT_EQ(FindCodeId(classificator, word(2 * count) + L" a"), -1) << count;
+  }
+}
+
+// "p" with the first word has the hash that "q" with the second has.
+TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
+  const std::wstring p = L"p " + WordOf({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 1);
+  const std::wstring q = L"q " + WordOf({10, -12, -18, -15, 3, -16, 32, -4, 7, 8, -1, -5}, 1);
+  const std::vector<Texts> sections = {
+      {p, L"p x", q, L"q x"},
+      {q, L"q x", p, L"p x"},
+      {L"p x", L"p y", p, L"q x", L"q y", q},
+      {L"p x", L"q x", p + L" a", q + L" b"},
+      {L"p x", L"q x", p + L" a", q + L" a", p + L" b", q + L" c"},
+      {p + L" a", q + L" b", p + L" c", q + L" d"},
+      {p, L"p x", q + L" a", L"q x a", q + L" b"},
+  };
+  for (const Texts& lines : sections) {
+    std::wstring section = L"@C\n";
+    for (const std::wstring& line : lines) section += line + L"\n";
+    const Classificator classificator = Read(section);
+    for (const wchar_t* end : {L"", L" a", L" b", L" c", L" d"}) {
+      for (const std::wstring& beginning : {p, q}) {
+        const std::wstring text = beginning + end;
+        EXPECT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text)) << text;
+      }
+    }
+  }
 }
 
 TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
