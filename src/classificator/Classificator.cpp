@@ -16,14 +16,15 @@ namespace {
 // A heading is known by its beginning: whatever follows the keyword changes nothing. A section of
 // any other heading, ==DOMEN among them, is not this reader's.
 void ParseSection(Classificator& classificator, const TextSection& section,
-                  const SharedText& file) {
+                  const std::shared_ptr<const TextFile>& file) {
   if (StartsWith(section.heading, L"==CLASS")) {
     ParseClassSection(classificator.classTitle, classificator.classFirstWord,
                       classificator.classSecondWord, section.body);
   } else if (StartsWith(section.heading, L"==MAPTEXT")) {
     ParseMapTextSection(classificator.mapTextSection, section.body, file);
   } else if (StartsWith(section.heading, L"==COLORAT")) {
-    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body);
+    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body,
+                        file);
   } else if (StartsWith(section.heading, L"==PARAM")) {
     ParseParamSection(classificator.paramSection, section.body);
   }
@@ -33,13 +34,13 @@ void ParseSection(Classificator& classificator, const TextSection& section,
 
 Classificator::Classificator(std::wstring id) : classificatorId(std::move(id)) {}
 
-int Classificator::Load(const std::wstring& path, std::shared_ptr<const std::wstring>* text) {
+int Classificator::Load(const std::wstring& path, std::shared_ptr<const TextFile>* file) {
   try {
     filePath = path;
-    const SharedText lines = ReadTextFile(path);
-    if (!lines) return statusNotOpened;
-    if (text) *text = lines;
-    for (const TextSection& section : CutSections(*lines)) ParseSection(*this, section, lines);
+    const std::shared_ptr<const TextFile> read = ReadTextFile(path);
+    if (!read) return statusNotOpened;
+    if (file) *file = read;
+    for (const TextSection& section : read->sections) ParseSection(*this, section, read);
     return statusDone;
   } catch (...) {
     return statusException;

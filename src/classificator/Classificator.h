@@ -9,6 +9,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct TextFile;
+
 // One classification scheme, as a classificator file gives it. A plain value: a copy shares nothing
 // with its source.
 struct Classificator {
@@ -17,9 +19,8 @@ struct Classificator {
   // Fills the record from the file at `path`. Gives 0 when the file was read to its end, 2 when it
   // can't be opened, and 3 when an exception ended the reading; the exception goes no further, and
   // what had been filled in until then stays. Sections that occur twice are parsed twice, in the
-  // order of the file. `text` receives the text of the file, for whoever reads it on: its lines
-  // without the white space around them and without the blank ones.
-  int Load(const std::wstring& path, std::shared_ptr<const std::wstring>* text = nullptr);
+  // order of the file. `file` receives the file's sections, for whoever reads them on.
+  int Load(const std::wstring& path, std::shared_ptr<const TextFile>* file = nullptr);
 
   // What the ==CLASS section declares. Nothing reads it.
   std::wstring classTitle;

@@ -51,9 +51,8 @@ void AddColors(ColorMap& colors, PieceReader lines) {
     if (!pieces) continue;
     const auto& [key, channel1, channel2, channel3, percent] = *pieces;
     ++number;
-    colors.try_emplace(std::wstring(key),
-                       ColorEntry{number, ReadClamped(channel1, 255), ReadClamped(channel2, 255),
-                                  ReadClamped(channel3, 255), ReadClamped(percent, 100)});
+    colors.Add(key, {number, ReadClamped(channel1, 255), ReadClamped(channel2, 255),
+                     ReadClamped(channel3, 255), ReadClamped(percent, 100)});
   }
 }
 
@@ -73,7 +72,34 @@ int ReadLeadingInt(std::wstring_view text) {
   return static_cast<int>(negative ? -magnitude : std::min(magnitude, beyond - 1));
 }
 
-int ParseColoratSection(ColoratTable table, std::wstring_view text) {
+void ColorMap::Add(std::wstring_view key, const ColorEntry& entry) {
+  colors.emplace_back(key, entry);
+  ordered = false;
+}
+
+std::vector<ColorMap::Color>::const_iterator ColorMap::find(std::wstring_view key) const {
+  const std::vector<Color>& all = Ordered();
+  const auto found = std::lower_bound(
+      all.begin(), all.end(), key,
+      [](const Color& color, std::wstring_view text) { return color.first < text; });
+  return found != all.end() && found->first == key ? found : all.end();
+}
+
+const std::vector<ColorMap::Color>& ColorMap::Ordered() const {
+  if (ordered) return colors;
+  std::stable_sort(colors.begin(), colors.end(),
+                   [](const Color& left, const Color& right) { return left.first < right.first; });
+  const auto repeated =
+      std::unique(colors.begin(), colors.end(),
+                  [](const Color& left, const Color& right) { return left.first == right.first; });
+  colors.erase(repeated, colors.end());
+  ordered = true;
+  return colors;
+}
+
+int ParseColoratSection(ColoratTable table, std::wstring_view text,
+                        std::shared_ptr<const void> owner) {
+  if (!owner) owner = KeepCopy(text);
   table.colorats.clear();
   PieceReader blocks(text, L"@", true);
   for (std::wstring_view block; blocks.Next(block);) {
@@ -85,7 +111,7 @@ int ParseColoratSection(ColoratTable table, std::wstring_view text) {
     const std::size_t blank = title.find(L' ');
     if (blank == title.npos) continue;
     const std::wstring id(title.substr(0, blank));
-    AddColors(table.colorats[id], lines);
+    AddColors(table.colorats.try_emplace(id, owner).first->second, lines);
     table.activeColoratId = id;
   }
   return static_cast<int>(table.colorats.size());

@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -19,8 +23,34 @@ struct ColorEntry {
   int percent;   // 0 to 100
 };
 
-using ColorMap = std::map<std::wstring, ColorEntry, std::less<>>;  // by key text
-using Colorats = std::map<std::wstring, ColorMap, std::less<>>;    // by the Colorat's id
+// The colours of one Colorat by key text, in the order of the key texts. They are put in order when
+// they are first asked for. The key texts are views, of a text that they keep.
+class ColorMap {
+ public:
+  using Color = std::pair<std::wstring_view, ColorEntry>;
+
+  ColorMap() = default;
+  explicit ColorMap(std::shared_ptr<const void> keyTexts) : texts(std::move(keyTexts)) {}
+
+  // A colour of a key text that has one already is dropped.
+  void Add(std::wstring_view key, const ColorEntry& entry);
+
+  std::size_t size() const { return Ordered().size(); }
+  auto begin() const { return Ordered().begin(); }
+  auto end() const { return Ordered().end(); }
+
+  // The entry of a key text, or the end.
+  std::vector<Color>::const_iterator find(std::wstring_view key) const;
+
+ private:
+  const std::vector<Color>& Ordered() const;
+
+  std::shared_ptr<const void> texts;
+  mutable std::vector<Color> colors;
+  mutable bool ordered = true;
+};
+
+using Colorats = std::map<std::wstring, ColorMap, std::less<>>;  // by the Colorat's id
 
 // The two members of a `Classificator` that the section fills.
 struct ColoratTable {
@@ -40,7 +70,11 @@ struct ColoratTable {
 // other is left out, and so is a line that hasn't exactly five pieces. Values that are no numbers
 // are 0, those out of range are moved to its nearer end. Of equal keys in a Colorat the first
 // stays; blocks of one id make one Colorat.
-int ParseColoratSection(ColoratTable table, std::wstring_view text);
+//
+// The key texts look at the text: `owner` keeps it alive, or if there is none they keep a copy of
+// it.
+int ParseColoratSection(ColoratTable table, std::wstring_view text,
+                        std::shared_ptr<const void> owner = nullptr);
 
 // The number at the head of the text, as `_wtoi` of Windows reads it: an optional sign, then
 // decimal digits of any script that it knows. 0 if there is none; beyond 32 bits the nearest limit.

@@ -1,9 +1,7 @@
 #include "classificator/TextFile.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <utility>
 
 #include "editor/Files.h"
 #include "editor/Utf8.h"
@@ -12,58 +10,70 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// Where the next line that begins with "==" starts, from the start of a line on; the end if there
-// is none.
-std::size_t FindHeading(std::wstring_view lines, std::size_t start) {
-  while (start < lines.size()) {
-    if (lines[start] == L'=' && lines.substr(start + 1, 1) == L"=") return start;
-    start = std::min(lines.find(L'\n', start), lines.size() - 1) + 1;
+// Puts lines one behind the other and finds the sections on the way.
+class SectionCutter {
+ public:
+  explicit SectionCutter(TextFile& target) : file(target), end(target.units.get()) {}
+
+  // Adds the line of these bytes, as far as they can be decoded. False if they can't to the end.
+  bool Add(std::string_view bytes) {
+    wchar_t* const start = end == file.units.get() ? end : end + 1;
+    wchar_t* const decodedEnd = TakeUtf8(bytes, start);
+    const std::wstring_view line = Trimmed(std::wstring_view(start, decodedEnd));
+    if (!line.empty()) Keep(line, start);
+    return bytes.empty();
   }
-  return lines.size();
-}
+
+ private:
+  void Keep(std::wstring_view line, wchar_t* start) {
+    if (start != end) *end = L'\n';
+    if (line.data() != start) {
+      std::wstring::traits_type::move(start, line.data(), line.size());
+    }
+    end = start + line.size();
+    if (line.size() > 1 && start[0] == L'=' && start[1] == L'=') {
+      file.sections.push_back({std::wstring_view(start, end), {}});
+      body = nullptr;
+    } else if (!file.sections.empty()) {
+      if (!body) body = start;
+      file.sections.back().body = std::wstring_view(body, end);
+    }
+  }
+
+  TextFile& file;
+  wchar_t* end;                   // of the lines
+  const wchar_t* body = nullptr;  // of the last section; null until it has a line
+};
 
 }  // namespace
 
-std::wstring JoinTrimmedLines(std::wstring text) {
-  // The kept lines move to the front of the same text. They never overtake the reader: what has
-  // been kept is never longer than what has been read.
-  std::size_t kept = 0;
-  PieceReader lines(text, L"\n", false);
-  for (std::wstring_view line; lines.Next(line);) {
-    if (kept != 0) text[kept++] = L'\n';
-    if (text.data() + kept != line.data()) {
-      std::wstring::traits_type::move(text.data() + kept, line.data(), line.size());
-    }
-    kept += line.size();
+TextFile CutTextFile(std::string_view bytes) {
+  TextFile file;
+  // No line has more units than bytes, and the line feeds are among these.
+  file.units = std::make_unique_for_overwrite<wchar_t[]>(bytes.size());
+  SectionCutter cutter(file);
+  for (;;) {
+    const std::size_t end = bytes.find('\n');
+    if (!cutter.Add(bytes.substr(0, end)) || end == bytes.npos) return file;
+    bytes.remove_prefix(end + 1);
   }
-  text.resize(kept);
-  return text;
 }
 
-SharedText ReadTextFile(const std::wstring& path) {
-  std::optional<std::string> bytes = ReadFile(path);
+std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path) {
+  const std::optional<std::string> bytes = ReadFile(path);
   if (!bytes) return nullptr;
-  std::wstring text = DecodeUtf8(*bytes);
-  bytes.reset();
-  return std::make_shared<const std::wstring>(JoinTrimmedLines(std::move(text)));
+  return std::make_shared<const TextFile>(CutTextFile(*bytes));
 }
 
-std::vector<TextSection> CutSections(std::wstring_view lines) {
-  std::vector<TextSection> sections;
-  for (std::size_t start = FindHeading(lines, 0); start < lines.size();) {
-    const std::size_t headingEnd = std::min(lines.find(L'\n', start), lines.size());
-    const std::size_t body = std::min(headingEnd + 1, lines.size());
-    const std::size_t next = FindHeading(lines, body);
-    // Without the line feed in front of the next heading.
-    const std::size_t bodyEnd = next < lines.size() ? std::max(body, next - 1) : next;
-    sections.push_back(
-        {lines.substr(start, headingEnd - start), lines.substr(body, bodyEnd - body)});
-    start = next;
-  }
-  return sections;
+std::shared_ptr<const void> KeepCopy(std::wstring_view& text) {
+  const auto copy = std::make_shared<const std::wstring>(text);
+  text = *copy;
+  return copy;
 }
 
 PieceReader CutEntries(std::wstring_view body, bool keepEmpty) {
+  // Without a semicolon in it the text is one piece there, and line feeds give as many or more.
+  if (body.find(L';') == body.npos) return PieceReader(body, L"\n", keepEmpty);
   const std::size_t atLineFeeds = CountPieces(body, L"\n", keepEmpty);
   const std::size_t atSemicolons = CountPieces(body, L";", keepEmpty);
   return PieceReader(body, atLineFeeds > atSemicolons ? L"\n" : L";", keepEmpty);

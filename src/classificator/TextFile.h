@@ -20,19 +20,21 @@ struct TextSection {
   std::wstring_view body;
 };
 
-// The lines of `text`, trimmed, without the blank ones, with one line feed between them.
-std::wstring JoinTrimmedLines(std::wstring text);
+// The sections of a file, in order, out of its lines, which are trimmed and none of which is blank.
+// Lines ahead of the first heading belong to none. Whoever keeps a view into it keeps the file.
+struct TextFile {
+  std::unique_ptr<wchar_t[]> units;  // what the sections look at
+  std::vector<TextSection> sections;
+};
 
-// A text that lives as long as anything refers to it.
-using SharedText = std::shared_ptr<const std::wstring>;
+// Bytes that cannot be decoded end the file.
+TextFile CutTextFile(std::string_view bytes);
 
-// What `JoinTrimmedLines` makes of the file, or null if it can't be opened. Bytes that cannot be
-// decoded end the file.
-SharedText ReadTextFile(const std::wstring& path);
+// Null for a file that can't be opened.
+std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path);
 
-// The sections of a text as `JoinTrimmedLines` gives it, in order, as views into it. Lines ahead of
-// the first heading belong to none.
-std::vector<TextSection> CutSections(std::wstring_view lines);
+// Makes the text a view of a copy of it, and gives the owner of the copy.
+std::shared_ptr<const void> KeepCopy(std::wstring_view& text);
 
 // The reader of a section's entries: its pieces at line feeds or its pieces at semicolons, never at
 // both. Whichever are more count for the whole section, and on a tie it is the semicolons, on

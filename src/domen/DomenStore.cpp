@@ -9,18 +9,18 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText,
-                          const std::shared_ptr<const std::wstring>& text) {
+                          const std::shared_ptr<const TextFile>& file) {
   if (Extension(path) == L".json") return LoadDomenJson(path, configText);
-  if (Extension(path) == L".txt") return LoadDomenText(path, text);
+  if (Extension(path) == L".txt") return LoadDomenText(path, file);
   return statusAbsent;
 }
 
 int DomenStore::LoadDomenText(const std::wstring& path,
-                              const std::shared_ptr<const std::wstring>& text) {
+                              const std::shared_ptr<const TextFile>& file) {
   try {
-    const SharedText lines = text ? text : ReadTextFile(path);
-    if (!lines) return statusNotOpened;
-    for (const TextSection& section : CutSections(*lines)) {
+    const std::shared_ptr<const TextFile> read = file ? file : ReadTextFile(path);
+    if (!read) return statusNotOpened;
+    for (const TextSection& section : read->sections) {
       if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, section.body);
     }
     return statusDone;

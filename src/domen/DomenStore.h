@@ -20,6 +20,8 @@ struct PropertyCheckInfo {
   std::wstring id;  // its key in the domain
 };
 
+struct TextFile;
+
 // All loaded domains, in the order of their ids' code units. The store only grows: loading a file
 // never removes what earlier files brought. A copy shares nothing with its source.
 struct DomenStore {
@@ -27,16 +29,16 @@ struct DomenStore {
 
   // Reads a domain file into the store by the reader that its extension names, in small letters
   // alone. Gives that reader's status, or -1, without touching the file, for any other extension.
-  // `configText` is handed on to the reader, and so is the text of the file if a `Classificator`
-  // has it already.
+  // `configText` is handed on to the reader, and so are the sections of the file if a
+  // `Classificator` has them already.
   int LoadDomen(const std::wstring& path, const std::wstring& configText,
-                const std::shared_ptr<const std::wstring>& text = nullptr);
+                const std::shared_ptr<const TextFile>& file = nullptr);
 
   // Reads the ==DOMEN sections of a text file. Gives 0 when the file was read to its end, whatever
   // it held, 2 if it can't be opened, 3 if an exception ended the reading. The exception goes no
   // further, and what was stored until then stays.
   int LoadDomenText(const std::wstring& path,
-                    const std::shared_ptr<const std::wstring>& text = nullptr);
+                    const std::shared_ptr<const TextFile>& file = nullptr);
 
   // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Gives 0 when the
   // reading ran to its end, which it also does for a file that is malformed or holds nothing: every

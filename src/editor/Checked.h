@@ -3,9 +3,7 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <stdexcept>
-#include <string>
 #include <string_view>
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -20,9 +18,10 @@ auto& CheckedAt(Vector& elements, int index) {
   return elements[static_cast<std::size_t>(index)];
 }
 
-// The entry under `key`. A key that isn't there raises `out_of_range`, "invalid map<K, T> key".
-template <class Entry, class Less>
-const Entry& CheckedAt(const std::map<std::wstring, Entry, Less>& entries, std::wstring_view key) {
+// The entry under `key` of a map. A key that isn't there raises `out_of_range`, "invalid map<K, T>
+// key".
+template <class Map>
+const auto& CheckedAt(const Map& entries, std::wstring_view key) {
   const auto found = entries.find(key);
   if (found == entries.end()) throw std::out_of_range("invalid map<K, T> key");
   return found->second;

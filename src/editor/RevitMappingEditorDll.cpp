@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "classificator/TextFile.h"
 #include "editor/Buffers.h"
 #include "editor/Checked.h"
 #include "editor/Files.h"
@@ -94,12 +95,12 @@ int RevitMappingEditorDll::CreateClassificator(const wchar_t* id, const wchar_t*
   classificator.paramName = paramName;
   const std::optional<std::wstring> path = FindFile(dataFolder, file);
   if (!path) return statusAbsent;
-  std::shared_ptr<const std::wstring> text;
-  const int status = classificator.Load(*path, &text);
+  std::shared_ptr<const TextFile> read;
+  const int status = classificator.Load(*path, &read);
   remembered.Forget();
   classificators.push_back(std::move(classificator));
   if (status != statusDone) return status;
-  return domenStore.LoadDomen(*path, configText, text);
+  return domenStore.LoadDomen(*path, configText, read);
 }
 
 void RevitMappingEditorDll::GetClassificatorsNames(int& count, const wchar_t**& ids,

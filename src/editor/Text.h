@@ -31,7 +31,11 @@ std::wstring& Trim(std::wstring& text);
 std::wstring& TrimChars(std::wstring& text, std::wstring_view set);
 
 // The part of `text` that `Trim` would leave, as a view into it.
-std::wstring_view Trimmed(std::wstring_view text);
+inline std::wstring_view Trimmed(std::wstring_view text) {
+  while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
+  return text;
+}
 
 // Whether `text` begins with `prefix`, unit by unit. An empty prefix begins nothing, on purpose.
 bool StartsWith(std::wstring_view text, std::wstring_view prefix);

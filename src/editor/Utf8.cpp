@@ -100,7 +100,13 @@ bool StartsWithEightOfAscii(std::string_view bytes) {
 std::wstring TakeText(std::string_view& bytes) {
   // No form has more units than bytes.
   std::wstring text(bytes.size(), L'\0');
-  wchar_t* out = text.data();
+  text.resize(static_cast<std::size_t>(TakeUtf8(bytes, text.data()) - text.data()));
+  return text;
+}
+
+}  // namespace
+
+wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
   while (!bytes.empty()) {
     while (StartsWithEightOfAscii(bytes)) {
       out = std::copy_n(bytes.data(), 8, out);
@@ -117,11 +123,8 @@ std::wstring TakeText(std::string_view& bytes) {
     if (code == noCodePoint) break;
     out = PutUnits(code, out);
   }
-  text.resize(static_cast<std::size_t>(out - text.data()));
-  return text;
+  return out;
 }
-
-}  // namespace
 
 std::wstring DecodeUtf8(std::string_view bytes) {
   return TakeText(bytes);

@@ -17,7 +17,11 @@ namespace TolvenLibs::RevitMappingEditorDll {
 // any other.
 std::wstring DecodeUtf8(std::string_view bytes);
 
-// The same, or nothing if any byte cannot be decoded.
+// Decodes into the units at `out`, of which there are as many as bytes, and gives the end of what
+// it put there. `bytes` keeps what cannot be decoded and all behind it.
+wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out);
+
+// The same as a text, or nothing if any byte cannot be decoded.
 std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
 
 // The UTF-8 form of `text`, or nothing if it holds a unit that stands for no code point: a

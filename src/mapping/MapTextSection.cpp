@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <numeric>
 #include <utility>
 
+#include "classificator/TextFile.h"
 #include "editor/Text.h"
 #include "mapping/ParamSection.h"
 #include "mapping/UpperTable.h"
@@ -22,7 +24,7 @@ struct CodeHeader {
 struct PatternTexts {
   std::shared_ptr<const void> section;     // the owner of the text of the section
   std::vector<CodeHeader> headers = {{}};  // the first for the lines ahead of any header
-  std::wstring capitals;                   // of the pattern lines, one behind the other
+  std::unique_ptr<wchar_t[]> capitals;     // of the pattern lines, one behind the other
   std::vector<std::wstring_view> tokens;
 };
 
@@ -30,8 +32,8 @@ namespace {
 
 struct PatternLine {
   std::wstring_view text;
-  std::size_t header;
-  std::size_t tokenCount = 0;
+  std::uint32_t header;
+  std::uint32_t tokenCount;
 };
 
 std::wstring_view FirstWord(std::wstring_view text) {
@@ -62,7 +64,7 @@ std::vector<ParamItemList> ReadItemBlocks(const ItemSource& header) {
 class MapTextParser {
  public:
   MapTextParser(MapTextSection& target, PatternTexts& targetTexts)
-      : section(target), texts(targetTexts) {}
+      : section(target), texts(targetTexts), capitalsEnd(texts.capitals.get()) {}
 
   void ParseStatement(std::wstring_view statement) {
     if (statement.empty()) return;
@@ -115,60 +117,66 @@ class MapTextParser {
   }
 
   void AddPattern(std::wstring_view line) {
-    patterns.push_back({line, texts.headers.size() - 1});
-    const auto start = static_cast<std::ptrdiff_t>(texts.capitals.size());
-    texts.capitals += line;
-    for (auto unit = texts.capitals.begin() + start; unit != texts.capitals.end(); ++unit) {
-      *unit = upper.Upper(*unit);
+    const std::size_t tokensBefore = texts.tokens.size();
+    for (std::wstring_view rest = line;;) {
+      const std::wstring_view token = TakeCapitals(rest);
+      texts.tokens.push_back(Trimmed(token));
+      if (rest.empty()) break;
+      rest.remove_prefix(1);
     }
+    patterns.push_back({line, static_cast<std::uint32_t>(texts.headers.size() - 1),
+                        static_cast<std::uint32_t>(texts.tokens.size() - tokensBefore)});
+  }
+
+  // The capitals of the line up to the next blank among them, which the line loses.
+  std::wstring_view TakeCapitals(std::wstring_view& line) {
+    wchar_t* const start = capitalsEnd;
+    wchar_t* end = start;
+    const wchar_t* unit = line.data();
+    const wchar_t* const lineEnd = unit + line.size();
+    for (; unit != lineEnd; ++unit) {
+      const wchar_t capital = upper.Upper(*unit);
+      if (capital == L' ') break;
+      *end++ = capital;
+    }
+    line.remove_prefix(static_cast<std::size_t>(unit - line.data()));
+    capitalsEnd = end;
+    return {start, end};
   }
 
   MapTextSection& section;
   PatternTexts& texts;
+  wchar_t* capitalsEnd;
   UpperTable upper;
   std::wstring_view openMark = L"{";
   std::wstring_view closeMark = L"}";
 };
 
-// Cuts the capitals of the lines into tokens and counts those of each.
-void CutPatterns(std::vector<PatternLine>& patterns, PatternTexts& texts) {
-  const auto blanks = std::count(texts.capitals.begin(), texts.capitals.end(), L' ');
-  texts.tokens.reserve(patterns.size() + static_cast<std::size_t>(blanks));
-  std::wstring_view rest = texts.capitals;
-  for (PatternLine& pattern : patterns) {
-    const std::size_t before = texts.tokens.size();
-    PieceReader words(rest.substr(0, pattern.text.size()), L" ", true);
-    for (std::wstring_view word; words.Next(word);) texts.tokens.push_back(word);
-    pattern.tokenCount = texts.tokens.size() - before;
-    rest.remove_prefix(pattern.text.size());
-  }
-}
-
 // For each number of tokens, the position of the first record that has so many.
 std::vector<std::size_t> FirstPositions(const std::vector<PatternLine>& patterns) {
-  std::size_t most = 0;
+  std::uint32_t most = 0;
   for (const PatternLine& pattern : patterns) most = std::max(most, pattern.tokenCount);
-  std::vector<std::size_t> positions(most + 2);
-  for (const PatternLine& pattern : patterns) ++positions[pattern.tokenCount + 1];
+  std::vector<std::size_t> positions(most + std::size_t{2});
+  for (const PatternLine& pattern : patterns) ++positions[pattern.tokenCount + std::size_t{1}];
   std::partial_sum(positions.begin(), positions.end(), positions.begin());
   return positions;
 }
 
-// The items of a header, which keep all texts of the section.
-ItemLists ItemsOf(const CodeHeader& header, const std::shared_ptr<const PatternTexts>& texts) {
+// The items of a header. They don't keep the texts that they look at: the records do.
+ItemLists ItemsOf(const CodeHeader& header) {
   if (header.items.text.empty()) return {};
-  return ItemLists(std::shared_ptr<const ItemSource>(texts, &header.items));
+  return ItemLists(std::shared_ptr<const ItemSource>(std::shared_ptr<void>(), &header.items));
 }
 
 // Sorted by the number of tokens, and among equals in the order of the file.
 std::vector<MapTextRecord> MakeRecords(const std::vector<PatternLine>& patterns,
-                                       const std::shared_ptr<const PatternTexts>& texts) {
+                                       const PatternTexts& texts) {
   std::vector<MapTextRecord> records(patterns.size());
   std::vector<std::size_t> positions = FirstPositions(patterns);
-  const std::wstring_view* tokens = texts->tokens.data();
+  const std::wstring_view* tokens = texts.tokens.data();
   for (const PatternLine& pattern : patterns) {
-    const CodeHeader& header = texts->headers[pattern.header];
-    records[positions[pattern.tokenCount]++] = {header.code, ItemsOf(header, texts), pattern.text,
+    const CodeHeader& header = texts.headers[pattern.header];
+    records[positions[pattern.tokenCount]++] = {header.code, ItemsOf(header), pattern.text,
                                                 Tokens(tokens, pattern.tokenCount)};
     tokens += pattern.tokenCount;
   }
@@ -179,22 +187,16 @@ std::vector<MapTextRecord> MakeRecords(const std::vector<PatternLine>& patterns,
 
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
                          std::shared_ptr<const void> owner) {
-  if (!owner) {
-    const auto copy = std::make_shared<const std::wstring>(text);
-    text = *copy;
-    owner = copy;
-  }
+  if (!owner) owner = KeepCopy(text);
   section.records = {};
   section.defaultCode = L"N00";
   const auto texts = std::make_shared<PatternTexts>();
   texts->section = std::move(owner);
-  texts->capitals.reserve(text.size());
+  texts->capitals = std::make_unique_for_overwrite<wchar_t[]>(text.size());
   MapTextParser parser(section, *texts);
   PieceReader statements = SplitStatements(text);
   for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
-  if (parser.patterns.empty()) return;
-  CutPatterns(parser.patterns, *texts);
-  section.records = {MakeRecords(parser.patterns, texts), texts};
+  if (!parser.patterns.empty()) section.records = {MakeRecords(parser.patterns, *texts), texts};
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -38,7 +38,7 @@ class ItemLists {
   ItemLists(std::vector<ParamItemList> lists);
   ItemLists(std::initializer_list<ParamItemList> lists);
 
-  // The pointer also keeps the texts that the source looks at.
+  // The pointer may keep the texts that the source looks at.
   explicit ItemLists(std::shared_ptr<const ItemSource> itemSource);
 
   std::vector<ParamItemList> Lists() const;

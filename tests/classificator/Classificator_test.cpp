@@ -84,7 +84,7 @@ TEST(Classificator, IsCopiedWholeAndSharesNothing) {
   EXPECT_EQ(copy.classFirstWord, L"A");
   EXPECT_EQ(copy.classSecondWord, L"B");
   EXPECT_EQ(copy.activeColoratId, L"c");
-  EXPECT_EQ(copy.colorats.at(L"c").at(L"K").percent, 4);
+  EXPECT_EQ(copy.colorats.at(L"c").find(L"K")->second.percent, 4);
   EXPECT_EQ(copy.reservedText, L"r");
   EXPECT_EQ(copy.openMark, L"[");
   EXPECT_EQ(copy.closeMark, L"]");
@@ -160,7 +160,7 @@ TEST(Load, HandsEachSectionToItsParser) {
   EXPECT_EQ(loaded.record.classSecondWord, L"Classification");
   EXPECT_EQ(loaded.record.activeColoratId, L"main");
   ASSERT_TRUE(loaded.record.colorats.contains(L"main"));
-  EXPECT_EQ(loaded.record.colorats.at(L"main").at(L"A100").channel1, 255);
+  EXPECT_EQ(loaded.record.colorats.at(L"main").find(L"A100")->second.channel1, 255);
 }
 
 TEST(Load, ReadsTheSectionsInAnyOrder) {

@@ -32,8 +32,8 @@ struct Parsed {
     for (const auto& [id, colors] : colorats) {
       all[id];
       for (const auto& [key, entry] : colors) {
-        all[id][key] = {entry.number, entry.channel1, entry.channel2, entry.channel3,
-                        entry.percent};
+        all[id][std::wstring(key)] = {entry.number, entry.channel1, entry.channel2, entry.channel3,
+                                      entry.percent};
       }
     }
     return all;
@@ -258,7 +258,7 @@ TEST(ParseColoratSection, TakesAKeyOfMillionsOfUnitsAndManyKeys) {
   for (int i = 1; i <= 50'000; ++i) text += L"\nA" + std::to_wstring(i) + L" 1 2 3 4";
   const Parsed many(text);
   EXPECT_EQ(many.colorats.at(L"m").size(), 50'000u);
-  EXPECT_EQ(many.colorats.at(L"m").at(L"A50000").number, 50'000);
+  EXPECT_EQ(many.colorats.at(L"m").find(L"A50000")->second.number, 50'000);
 }
 
 TEST(ReadLeadingInt, ReadsAnOptionalSignAndDigitsAsFarAsTheyGo) {

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "editor/Utf8.h"
 #include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -18,15 +17,29 @@ using namespace std::string_literals;
 
 using Sections = std::vector<std::pair<std::wstring, std::wstring>>;  // heading and body
 
-Sections Cut(std::wstring_view lines) {
+Sections SectionsOf(const TextFile& file) {
   Sections sections;
-  for (const TextSection& section : CutSections(lines)) {
+  for (const TextSection& section : file.sections) {
     sections.emplace_back(section.heading, section.body);
   }
   return sections;
 }
 
-TEST(JoinTrimmedLines, TrimsEachLineAndDropsTheBlankOnes) {
+Sections Cut(std::wstring_view text) {
+  return SectionsOf(CutTextFile(EncodeUtf8(text).value()));
+}
+
+Sections CutBytes(std::string_view bytes) {
+  return SectionsOf(CutTextFile(bytes));
+}
+
+// The lines of a text as they stand in a section.
+std::wstring LinesOf(std::wstring_view text) {
+  const Sections sections = Cut(L"==A\n" + std::wstring(text));
+  return sections.at(0).second;
+}
+
+TEST(CutTextFile, TrimsEachLineAndDropsTheBlankOnes) {
   struct Case {
     std::wstring text;
     std::wstring lines;
@@ -49,54 +62,12 @@ TEST(JoinTrimmedLines, TrimsEachLineAndDropsTheBlankOnes) {
       {L"\xFEFF== A\n \xFEFF \n", L"\xFEFF== A\n\xFEFF"},
       {L" Стена \n \U0001F600 ", L"Стена\n\U0001F600"},
   };
-  for (const Case& one : cases) EXPECT_EQ(JoinTrimmedLines(one.text), one.lines) << one.text;
+  for (const Case& one : cases) EXPECT_EQ(LinesOf(one.text), one.lines) << one.text;
 }
 
-TEST(JoinTrimmedLines, TakesALineOfFiveMillionUnitsAndAMillionLines) {
-  const std::wstring line(5'000'000, L'a');
-  EXPECT_TRUE(JoinTrimmedLines(L"  " + line + L"  \nb") == line + L"\nb");
-
-  std::wstring text;
-  std::wstring lines;
-  for (int i = 0; i < 1'000'000; ++i) {
-    text += L" a\r\n\n";
-    lines += L"a\n";
-  }
-  lines.pop_back();
-  EXPECT_TRUE(JoinTrimmedLines(text) == lines);
-}
-
-TEST(ReadTextFile, GivesTheTrimmedLinesOfTheFile) {
-  const TempFolder folder;
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "  ==Схема \r\n\r\n a\tb\r\n")), L"==Схема\na\tb");
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "")), L"");
-}
-
-TEST(ReadTextFile, GivesNothingForWhatCannotBeOpened) {
-  const TempFolder folder;
-  EXPECT_EQ(ReadTextFile(folder.Wide() + L"/a.txt"), nullptr);
-  EXPECT_EQ(ReadTextFile(folder.Wide()), nullptr);
-}
-
-TEST(ReadTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThem) {
-  const TempFolder folder;
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt",
-                                       "==A\nab \xFF"
-                                       "cd\nef")),
-            L"==A\nab");
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "==A\nab\xD1")), L"==A\nab");
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "==A\n\xD1\nab")), L"==A");
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "\xCF\xF0")), L"");  // Cyrillic in one byte each
-}
-
-TEST(ReadTextFile, KeepsAByteOrderMarkAtTheHeadOfTheFirstLine) {
-  const TempFolder folder;
-  EXPECT_EQ(*ReadTextFile(folder.Write("a.txt", "\xEF\xBB\xBF==A\n==B")), L"\xFEFF==A\n==B");
-}
-
-TEST(CutSections, RunFromEachHeadingToTheNext) {
+TEST(CutTextFile, CutsSectionsFromEachHeadingToTheNext) {
   struct Case {
-    std::wstring lines;
+    std::wstring text;
     Sections sections;
   };
   const Case cases[] = {
@@ -119,30 +90,58 @@ TEST(CutSections, RunFromEachHeadingToTheNext) {
       {L"==A\0\n\0\n=\0="s, {{L"==A\0"s, L"\0\n=\0="s}}},
       {L"==Стены и двери\nСтена;Дверь", {{L"==Стены и двери", L"Стена;Дверь"}}},
   };
-  for (const Case& one : cases) EXPECT_EQ(Cut(one.lines), one.sections) << one.lines;
+  for (const Case& one : cases) EXPECT_EQ(Cut(one.text), one.sections) << one.text;
 }
 
-TEST(CutSections, GivesViewsIntoTheLines) {
-  const std::wstring lines = L"a\n==B\nb\nc";
-  const std::vector<TextSection> sections = CutSections(lines);
-  ASSERT_EQ(sections.size(), 1u);
-  EXPECT_EQ(sections[0].heading.data(), lines.data() + 2);
-  EXPECT_EQ(sections[0].body.data(), lines.data() + 6);
+TEST(CutTextFile, KnowsAHeadingOnceItsLineIsTrimmed) {
+  EXPECT_EQ(Cut(L" \t==A \r\n\n\n b \r\n\x00A0==B\n \n"),
+            (Sections{{L"==A", L"b"}, {L"==B", L""}}));
 }
 
-TEST(CutSections, TakesALineOfFiveMillionUnitsAndAMillionLines) {
+TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThem) {
+  EXPECT_EQ(CutBytes("==A\nab \xFF"
+                     "cd\nef"),
+            (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\nab\xD1"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\nab\xD1\ncd"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\n\xD1\nab"), (Sections{{L"==A", L""}}));
+  EXPECT_EQ(CutBytes("==A\xD1\nab"), (Sections{{L"==A", L""}}));
+  EXPECT_EQ(CutBytes("\xCF\xF0"), Sections{});  // Cyrillic in one byte each
+}
+
+TEST(CutTextFile, KeepsAByteOrderMarkAtTheHeadOfTheFirstLine) {
+  EXPECT_EQ(CutBytes("\xEF\xBB\xBF==A\n==B"), (Sections{{L"==B", L""}}));
+  EXPECT_EQ(CutBytes("==A\n\xEF\xBB\xBFz"), (Sections{{L"==A", L"\xFEFFz"}}));
+}
+
+TEST(CutTextFile, TakesALineOfFiveMillionUnitsAndAMillionLines) {
   const std::wstring line(5'000'000, L'a');
-  EXPECT_TRUE(Cut(L"==A\n" + line) == (Sections{{L"==A", line}}));
+  EXPECT_TRUE(Cut(L"==A\n  " + line + L"  \nb") == (Sections{{L"==A", line + L"\nb"}}));
 
+  std::wstring text;
   std::wstring body;
-  for (int i = 0; i < 1'000'000; ++i) body += L"a\n";
-  body.pop_back();
-  EXPECT_TRUE(Cut(L"==A\n" + body) == (Sections{{L"==A", body}}));
-
   std::wstring headings;
-  for (int i = 0; i < 1'000'000; ++i) headings += L"==\n";
-  headings.pop_back();
-  EXPECT_EQ(CutSections(headings).size(), 1'000'000u);
+  for (int i = 0; i < 1'000'000; ++i) {
+    text += L" a\r\n\n";
+    body += L"a\n";
+    headings += L"==\n";
+  }
+  body.pop_back();
+  EXPECT_TRUE(LinesOf(text) == body);
+  EXPECT_EQ(Cut(headings).size(), 1'000'000u);
+}
+
+TEST(ReadTextFile, GivesTheSectionsOfTheFile) {
+  const TempFolder folder;
+  EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", "  ==Схема \r\n\r\n a\tb\r\n"))),
+            (Sections{{L"==Схема", L"a\tb"}}));
+  EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", ""))), Sections{});
+}
+
+TEST(ReadTextFile, GivesNothingForWhatCannotBeOpened) {
+  const TempFolder folder;
+  EXPECT_EQ(ReadTextFile(folder.Wide() + L"/a.txt"), nullptr);
+  EXPECT_EQ(ReadTextFile(folder.Wide()), nullptr);
 }
 
 std::vector<std::wstring_view> EntriesOf(std::wstring_view body, bool keepEmpty) {

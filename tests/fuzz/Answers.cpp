@@ -111,7 +111,7 @@ Texts PropertyIdsOf(const Naive::Editor& naive, const std::wstring& domenId) {
 
 Texts KeysOf(const Naive::Editor& naive, const Questions& questions) {
   Texts keys = questions.objectTypes;
-  if (const ColorMap* colors = naive.ActiveColors()) {
+  if (const Naive::ColorMap* colors = naive.ActiveColors()) {
     for (const auto& [key, entry] : *colors) keys.push_back(UpToNul(key));
   }
   return SomeOf(keys, mostAsked);
@@ -280,7 +280,7 @@ std::wstring SortIndexesOf(const Naive::Editor& naive, const std::wstring& domen
 }
 
 std::wstring ColorOf(const Naive::Editor& naive, const std::wstring& key) {
-  const ColorMap* colors = naive.ActiveColors();
+  const Naive::ColorMap* colors = naive.ActiveColors();
   if (!colors || colors->count(key) == 0) return L" raises invalid map<K, T> key";
   const ColorEntry& color = colors->at(key);
   return Written(color.number) + Written(color.channel1) + Written(color.channel2) +
@@ -290,7 +290,7 @@ std::wstring ColorOf(const Naive::Editor& naive, const std::wstring& key) {
 std::wstring KeyTextsOf(const Naive::Editor& naive) {
   Texts keys;
   const bool named = !naive.Active().activeColoratId.empty();
-  if (const ColorMap* colors = named ? naive.ActiveColors() : nullptr) {
+  if (const Naive::ColorMap* colors = named ? naive.ActiveColors() : nullptr) {
     for (const auto& [key, entry] : *colors) keys.push_back(key);
   }
   return WrittenAll(keys);

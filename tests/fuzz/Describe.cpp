@@ -52,13 +52,21 @@ std::wstring Of(const ColorEntry& color) {
   return all;
 }
 
-std::wstring Of(const Colorats& colorats) {
+std::wstring Of(const Naive::Colorats& colorats) {
   std::wstring all;
   for (const auto& [id, colors] : colorats) {
     all += Of(id) + L"\n";
     for (const auto& [key, color] : colors) all += Of(key) + Of(color) + L"\n";
   }
   return all;
+}
+
+Naive::Colorats CopyOf(const Colorats& colorats) {
+  Naive::Colorats copy;
+  for (const auto& [id, colors] : colorats) {
+    copy[id].insert(colors.begin(), colors.end());
+  }
+  return copy;
 }
 
 std::wstring Of(const DomenProperty& property) {
@@ -84,7 +92,7 @@ std::wstring Describe(const Classificator& classificator) {
   return Describe(Naive::ClassificatorFile{
       classificator.classTitle, classificator.classFirstWord, classificator.classSecondWord,
       Naive::CopyOf(classificator.mapTextSection), Naive::CopyOf(classificator.paramSection),
-      classificator.colorats, classificator.activeColoratId});
+      CopyOf(classificator.colorats), classificator.activeColoratId});
 }
 
 std::wstring Describe(const DomenStore& store) {

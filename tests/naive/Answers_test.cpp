@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
-#include "classificator/TextFile.h"
 #include "domen/DomenStore.h"
+#include "editor/Files.h"
 #include "naive/ClassificatorText.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"
@@ -39,9 +39,9 @@ struct Twins {
   Twins& operator=(const Twins& other) = default;
 
   void CreateClassificator(const std::wstring& id, const std::wstring& file) {
-    const SharedText text = ReadTextFile(file);
-    ASSERT_TRUE(text);
-    Naive::Classificator classificator = Naive::ParseClassificator(*text);
+    const std::optional<std::string> bytes = ReadFile(file);
+    ASSERT_TRUE(bytes);
+    Naive::Classificator classificator = Naive::ParseClassificator(*bytes);
     classificator.paramName = L"Param" + std::to_wstring(classificators.size());
     classificators.push_back(classificator);
     ids.push_back(id);

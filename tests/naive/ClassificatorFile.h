@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "classificator/ColoratSection.h"
+#include "naive/ColoratSection.h"
 #include "naive/Records.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
 #include <tuple>
@@ -44,12 +45,14 @@ inline MapTextRows RowsOf(const MapTextSection& section) {
 
 using ColorRows = std::map<std::wstring, std::map<std::wstring, std::array<int, 5>>>;
 
-inline ColorRows RowsOf(const Colorats& colorats) {
+template <class Colors>
+ColorRows RowsOf(const std::map<std::wstring, Colors, std::less<>>& colorats) {
   ColorRows rows;
   for (const auto& [id, colors] : colorats) {
     auto& keys = rows[id];
     for (const auto& [key, entry] : colors) {
-      keys[key] = {entry.number, entry.channel1, entry.channel2, entry.channel3, entry.percent};
+      keys[std::wstring(key)] = {entry.number, entry.channel1, entry.channel2, entry.channel3,
+                                 entry.percent};
     }
   }
   return rows;

@@ -117,7 +117,7 @@ void MapTextSectionsAgree(const std::wstring& text) {
 
 void ColoratSectionsAgree(const std::wstring& text) {
   Colorats colorats = {{L"old", {}}};
-  Colorats naive = colorats;
+  Naive::Colorats naive = {{L"old", {}}};
   std::wstring active = L"old";
   std::wstring naiveActive = active;
   ASSERT_EQ(ParseColoratSection({colorats, active}, text),
