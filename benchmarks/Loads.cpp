@@ -76,6 +76,7 @@ std::size_t CountLines(const std::wstring& path) {
 template <class Load>
 void AddOurs(const std::string& row, const std::string& size, Load load) {
   AddTimedCase(CaseName(row, "ours", size), [load] {
+    ReturnFreeMemory();
     Editor editor(L"", L"");
     return Seconds([&] { load(editor); });
   })->Unit(benchmark::kMillisecond);
@@ -83,6 +84,7 @@ void AddOurs(const std::string& row, const std::string& size, Load load) {
 
 void AddOthers(const std::string& row, const std::string& size, const std::wstring& path) {
   AddTimedCase(CaseName(row, "floor", size), [path] {
+    ReturnFreeMemory();
     DecodedText text;
     return Seconds([&] { text = ReadAndDecode(path); });
   })->Unit(benchmark::kMillisecond);

@@ -1,5 +1,7 @@
 #include "support/Run.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -13,6 +15,10 @@ bool TakeBrief(int& argumentCount, char** arguments) {
   const bool found = kept != end;
   argumentCount = static_cast<int>(kept - arguments);
   return found;
+}
+
+void ReturnFreeMemory() {
+  malloc_trim(0);
 }
 
 int RunCases(int argumentCount, char** arguments) {

@@ -13,6 +13,10 @@
 // is taken out of them.
 bool TakeBrief(int& argumentCount, char** arguments);
 
+// Gives all memory that is free back to the system, so that a load takes new memory, as the only
+// load of a process does. Otherwise a small file would be read into what a large one has left.
+void ReturnFreeMemory();
+
 // Runs the registered cases that the other arguments select. Gives the exit status of the program.
 int RunCases(int argumentCount, char** arguments);
 
