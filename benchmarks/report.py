@@ -34,6 +34,7 @@ class Row:
     at_most: float | None = None  # times the other's
     faster: float | None = None  # times than the other
     unit: str = "s"
+    least: float | None = None  # what no contestant can go below
 
     def ratio(self):
         return self.other / self.ours if self.faster else self.ours / self.other
@@ -42,6 +43,10 @@ class Row:
         if self.faster:
             return self.ratio() >= self.faster
         return self.at_most is None or self.ratio() <= self.at_most
+
+    def in_reach(self):
+        """Whether the least work that there is would reach it."""
+        return not self.least or self.other / self.least >= self.faster
 
     def ratio_text(self):
         if not self.faster:
@@ -57,7 +62,7 @@ class Row:
         elif self.at_most:
             aim = f"at most {self.at_most:g}"
         if aim != "shown":
-            verdict = "yes" if self.reached() else "**no**"
+            verdict = "yes" if self.reached() else "**no**" if self.in_reach() else "out of reach"
         return [self.what, self.against, quantity(self.ours, self.unit),
                 quantity(self.other, self.unit), self.ratio_text(), aim, verdict]
 
@@ -157,10 +162,10 @@ def text_load_rows(times):
     loads.append(("domain_text", "`CreateDomen` of text", " properties", "10000"))
     for row, call, unit, size in loads:
         what = f"{call}, {thousands(size)}{unit}"
-        ours = times[f"{row}/ours/{size}"]
-        yield Row(what, "reading and decoding alone", ours, times[f"{row}/floor/{size}"], at_most=5)
+        ours, floor = times[f"{row}/ours/{size}"], times[f"{row}/floor/{size}"]
+        yield Row(what, "reading and decoding alone", ours, floor, at_most=5)
         yield Row(what, "`std::wifstream` and `getline`", ours,
-                  times[f"{row}/wide_stream/{size}"], faster=3)
+                  times[f"{row}/wide_stream/{size}"], faster=3, least=floor)
     for row, call, unit, small, large in [
             ("classificator", "`CreateClassificator`", " MB", "10", "20"),
             ("classificator", "`CreateClassificator`", " MB", "50", "100"),
@@ -256,7 +261,7 @@ def main():
     header = ["what", "against", "ours", "theirs", "ratio", "to reach", "reached"]
     ratios = table(header, [row.cells() for row in rows])
     print(ratios)
-    missed = [row for row in rows if not row.reached()]
+    missed = [row for row in rows if not row.reached() and row.in_reach()]
     print(f"\n{len(rows)} rows, {len(missed)} of them not reached")
     if not check:
         write_docs(times, ratios, build)
