@@ -26,6 +26,9 @@ struct Domen {
   // Copies the property in, or drops it if the key is taken: the first record under a key stays.
   void AddProperty(const std::wstring& key, const DomenProperty& property);
 
+  // The same, with what is left of the property of no use.
+  void AddProperty(const std::wstring& key, DomenProperty&& property);
+
   // `AddValueField` of the property under the key. Nothing happens if there is none, or if the
   // field is refused.
   void AddPropertyField(const std::wstring& key, const std::wstring& fieldName,

@@ -1,10 +1,11 @@
 #include "domen/DomenProperty.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <cmath>
 #include <utility>
 
 #include "domen/PropertyType.h"
+#include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -30,6 +31,39 @@ Field MakeField(std::wstring name, std::wstring title, int valueType, bool flag)
       return std::make_unique<PropertySListParameter>(std::move(name), std::move(title), flag);
     default:
       return nullptr;
+  }
+}
+
+bool HasBareEnds(std::wstring_view text) {
+  const auto isBare = [](wchar_t unit) { return unit != L'"' && !IsSpace(unit); };
+  return !text.empty() && isBare(text.front()) && isBare(text.back());
+}
+
+bool IsFinite(double number) {
+  return std::isfinite(number);
+}
+
+// Whether a value surely passes through its text form unchanged.
+bool IsSteady(const Properties::PropertyParameter& field) {
+  using namespace Properties;
+  const auto isListOf = [](const auto& value, auto isSteady) {
+    return !value.empty() && std::all_of(value.begin(), value.end(), isSteady);
+  };
+  switch (field.valueType) {
+    case typeReal:
+      return IsFinite(static_cast<const PropertyRealParameter&>(field).value);
+    case typeStr: {
+      const std::wstring& value = static_cast<const PropertyStrParameter&>(field).value;
+      return value.empty() || HasBareEnds(value);
+    }
+    case typeIList:
+      return !static_cast<const PropertyIListParameter&>(field).value.empty();
+    case typeRList:
+      return isListOf(static_cast<const PropertyRListParameter&>(field).value, IsFinite);
+    case typeSList:
+      return isListOf(static_cast<const PropertySListParameter&>(field).value, HasBareEnds);
+    default:
+      return true;
   }
 }
 
@@ -60,21 +94,33 @@ bool DomenProperty::AppliesToObjectType(std::wstring_view objectType) const {
          std::find(objectTypes.begin(), objectTypes.end(), objectType) != objectTypes.end();
 }
 
-int DomenProperty::AddValueField(std::wstring_view fieldName, std::wstring_view title,
-                                 int valueType, bool fieldFlag, std::wstring_view defaultText) {
-  const bool taken = std::any_of(fields.begin(), fields.end(), [fieldName](const Field& field) {
+int DomenProperty::AddValueField(std::wstring fieldName, std::wstring title, int valueType,
+                                 bool fieldFlag, std::wstring defaultText) {
+  const bool taken = std::any_of(fields.begin(), fields.end(), [&fieldName](const Field& field) {
     return field->name == fieldName;
   });
-  return taken ? -1 : AppendField(fieldName, title, valueType, fieldFlag, defaultText);
+  if (taken) return -1;
+  return AppendField(std::move(fieldName), std::move(title), valueType, fieldFlag,
+                     std::move(defaultText));
 }
 
-int DomenProperty::AppendField(std::wstring_view fieldName, std::wstring_view title, int valueType,
-                               bool fieldFlag, std::wstring_view defaultText) {
-  Field field = MakeField(std::wstring(fieldName), std::wstring(title), valueType, fieldFlag);
+int DomenProperty::AppendField(std::wstring fieldName, std::wstring title, int valueType,
+                               bool fieldFlag, std::wstring defaultText) {
+  Field field = MakeField(std::move(fieldName), std::move(title), valueType, fieldFlag);
   if (!field) return -2;
   fields.push_back(std::move(field));
-  fields.back()->SetValue(std::wstring(defaultText));
+  fields.back()->SetValue(std::move(defaultText));
   return 0;
+}
+
+void DomenProperty::PassValuesThroughText() {
+  for (Field& field : fields) {
+    if (IsSteady(*field)) continue;
+    std::wstring text = field->GetValue();
+    Field copy = MakeField(field->name, field->title, field->valueType, field->fieldFlag);
+    copy->SetValue(std::move(text));
+    field = std::move(copy);
+  }
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

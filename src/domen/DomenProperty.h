@@ -32,12 +32,15 @@ struct DomenProperty {
   // Adds a field of type `valueType` behind the others and gives 0, or adds nothing and gives -1 if
   // the name is taken, -2 if there is no such type. A default text that the field refuses is no
   // error: the field then keeps the starting value of its class.
-  int AddValueField(std::wstring_view fieldName, std::wstring_view title, int valueType,
-                    bool fieldFlag, std::wstring_view defaultText);
+  int AddValueField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
+                    std::wstring defaultText);
 
   // The same for a name that is known to be free.
-  int AppendField(std::wstring_view fieldName, std::wstring_view title, int valueType,
-                  bool fieldFlag, std::wstring_view defaultText);
+  int AppendField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
+                  std::wstring defaultText);
+
+  // Makes of this property what a copy of it would be.
+  void PassValuesThroughText();
 
   std::wstring id;
   std::wstring name;

@@ -112,7 +112,8 @@ class DomenSectionParser {
     const int valueType = ParsePropertyType(pieces[1]);
     int flag = 0;
     if (valueType == -1 || !ParseInt(pieces[2], flag)) return;
-    fields->Add(pieces[0], pieces[pieces.Count() > 4 ? 4 : 0], valueType, flag != 0, pieces[3]);
+    fields->Add(std::wstring(pieces[0]), std::wstring(pieces[pieces.Count() > 4 ? 4 : 0]),
+                valueType, flag != 0, std::wstring(pieces[3]));
   }
 
   DomenStore& store;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <unordered_set>
 
@@ -13,8 +14,8 @@ class FieldAdder {
  public:
   explicit FieldAdder(DomenProperty& target);
 
-  int Add(std::wstring_view fieldName, std::wstring_view title, int valueType, bool fieldFlag,
-          std::wstring_view defaultText);
+  int Add(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
+          std::wstring defaultText);
 
  private:
   DomenProperty* property;

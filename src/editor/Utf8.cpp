@@ -9,7 +9,6 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-constexpr std::uint32_t noCodePoint = 0xFFFFFFFF;
 constexpr std::uint32_t lastCodePoint = 0x10FFFF;
 
 bool IsSurrogate(std::uint32_t code) {
@@ -30,7 +29,8 @@ Sequence SequenceOf(std::uint32_t lead) {
   return {0, 0, 0};
 }
 
-// The code point of several bytes at the head of `bytes`, which loses them.
+}  // namespace
+
 std::uint32_t TakeCodePoint(std::string_view& bytes) {
   const Sequence sequence = SequenceOf(static_cast<unsigned char>(bytes.front()));
   if (sequence.length == 0 || bytes.size() < sequence.length) return noCodePoint;
@@ -44,6 +44,8 @@ std::uint32_t TakeCodePoint(std::string_view& bytes) {
   bytes.remove_prefix(sequence.length);
   return code;
 }
+
+namespace {
 
 wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
   if constexpr (sizeof(wchar_t) == 2) {

@@ -5,11 +5,19 @@
 
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace TolvenLibs::RevitMappingEditorDll {
+
+// No code point has this number.
+constexpr std::uint32_t noCodePoint = 0xFFFFFFFF;
+
+// The code point of several bytes at the head of `bytes`, which loses them; or `noCodePoint`, and
+// `bytes` stays. A byte of ASCII is no such code point.
+std::uint32_t TakeCodePoint(std::string_view& bytes);
 
 // The wide form of `bytes`, up to the first byte that cannot be decoded: only the shortest form of
 // a code point counts, surrogates do not, nor does anything above U+10FFFF. A sequence that the end

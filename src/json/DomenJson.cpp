@@ -8,6 +8,7 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -40,7 +41,9 @@ class SectionReader {
  public:
   explicit SectionReader(OpenSection opened) : section(std::move(opened)) {}
 
-  std::wstring String(const SchemaKey& key, const wchar_t* defaultValue, bool overriding = false) {
+  // Good as long as the section is open.
+  const wchar_t* String(const SchemaKey& key, const wchar_t* defaultValue,
+                        bool overriding = false) {
     return section->ParamString(key.name, defaultValue, found, key.comment, overriding);
   }
 
@@ -73,7 +76,7 @@ struct FieldDefault {
 };
 
 FieldDefault ReadFieldDefault(SectionReader& field) {
-  const std::wstring type = field.String(fieldType, L"r");
+  const std::wstring_view type = field.String(fieldType, L"r");
   if (type == L"i" || type == L"ai") {
     return {type == L"i" ? typeInt : typeIList, FormatInt(field.Int(fieldIntDefault, 1))};
   }
@@ -87,14 +90,16 @@ FieldDefault ReadFieldDefault(SectionReader& field) {
 }
 
 // The flag of a field tells whether its default stood in the file.
-void ReadField(CfgParser& parser, FieldAdder& fields, const std::vector<std::wstring>& names,
+void ReadField(CfgParser& parser, FieldAdder& fields, std::vector<std::wstring>& names,
                std::size_t index) {
-  const std::wstring& name = names[index];
+  std::wstring& name = names[index];
   SectionReader field(
       Open(parser, fieldsSection, index == 0, index + 1 == names.size(), name.c_str()));
-  const std::wstring title = field.String(fieldName, name.c_str());
-  const FieldDefault value = ReadFieldDefault(field);
-  fields.Add(name, title, value.valueType, field.Found(), value.text);
+  const wchar_t* title = field.String(fieldName, name.c_str());
+  FieldDefault value = ReadFieldDefault(field);
+  std::wstring ownTitle(title);  // which may be the name
+  fields.Add(std::move(name), std::move(ownTitle), value.valueType, field.Found(),
+             std::move(value.text));
 }
 
 // The file's own "sId" is overridden: the key is the id.
@@ -104,15 +109,16 @@ void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstrin
   SectionReader section(
       Open(parser, propertiesSection, index == 0, index + 1 == keys.size(), key.c_str()));
   std::vector<std::wstring> objectTypes = section.Strings(propertyObjectTypes);
-  std::wstring id = section.String(propertyId, key.c_str(), true);
-  std::wstring name = section.String(propertyName, L"");
+  const wchar_t* id = section.String(propertyId, key.c_str(), true);
+  const wchar_t* name = section.String(propertyName, L"");
   const bool unique = section.Int(propertyUnique, 0) != 0;
   const int sortIndex = section.Int(propertySortIndex, 0);
-  const std::vector<std::wstring> fieldNames = section.Strings(propertyFuncsNames);
-  DomenProperty property(std::move(id), std::move(name), std::move(objectTypes), unique, sortIndex);
+  std::vector<std::wstring> fieldNames = section.Strings(propertyFuncsNames);
+  DomenProperty property(id, name, std::move(objectTypes), unique, sortIndex);
+  property.fields.reserve(fieldNames.size());
   FieldAdder fields(property);
   for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, fields, fieldNames, i);
-  domen.AddProperty(key, property);
+  domen.AddProperty(key, std::move(property));
 }
 
 // Writing

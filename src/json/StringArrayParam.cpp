@@ -2,10 +2,10 @@
 
 #include <JSON5Section.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <utility>
 
 #include "editor/Buffers.h"
 
@@ -33,10 +33,8 @@ bool ReadStringArrayParam(JSON5Section& section, const wchar_t* key,
   // took its place.
   if (result == defaults.get() || overriding || !found) defaults.release();
   const std::unique_ptr<const wchar_t*[]> owned(count >= 1 ? result : nullptr);
-  std::vector<std::wstring> read;
-  if (count > 0) read.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) read.emplace_back(result[i]);
-  values = std::move(read);
+  values.resize(static_cast<std::size_t>(std::max(count, 0)));
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = result[i];
   return found;
 }
 

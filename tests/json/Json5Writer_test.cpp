@@ -18,7 +18,7 @@
 
 #include "Json5.h"
 #include "Json5Record.h"
-#include "editor/Utf8.h"
+#include "Json5Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -35,33 +35,34 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 class Requests {
  public:
   Requests& Section(std::wstring_view section, std::wstring_view item = L"") {
-    current = &record.Item(section, item);
+    current = record.Open(std::wstring(section).c_str(), item);
     return *this;
   }
 
   Requests& Set(std::wstring_view key, const Value& value, std::wstring_view comment = L"") {
-    record.Set(*current, key, std::visit(Kept{record}, value), comment);
+    const std::size_t keyPlace = record.repeated.PlaceOf(std::wstring(key).c_str());
+    const std::size_t commentPlace = record.repeated.PlaceOf(std::wstring(comment).c_str());
+    std::visit(Setter{record, current, keyPlace, commentPlace}, value);
     return *this;
   }
 
   std::string Text() const { return FormatJson5(record); }
 
  private:
-  struct Kept {
-    Json5RecordValue operator()(const std::wstring& text) const { return record.Keep(text); }
-    Json5RecordValue operator()(int number) const { return number; }
-    Json5RecordValue operator()(double number) const { return number; }
-    Json5RecordValue operator()(const Texts& texts) const {
-      std::vector<std::wstring_view> kept;
-      for (const std::wstring& text : texts) kept.push_back(record.Keep(text));
-      return kept;
-    }
+  struct Setter {
+    void operator()(const std::wstring& text) const { record.SetString(item, key, comment, text); }
+    void operator()(int number) const { record.SetInt(item, key, comment, number); }
+    void operator()(double number) const { record.SetDouble(item, key, comment, number); }
+    void operator()(const Texts& texts) const { record.SetStrings(item, key, comment, texts); }
 
     Json5Record& record;
+    std::size_t item;
+    std::size_t key;
+    std::size_t comment;
   };
 
   Json5Record record;
-  Json5RecordItem* current = nullptr;
+  std::size_t current = 0;
 };
 
 // What is written for one value of one key.
@@ -74,18 +75,12 @@ std::string Written(const Value& value, std::wstring_view comment = L"") {
   return text.substr(head.size(), text.size() - head.size() - tail.size());
 }
 
-std::wstring Wide(const std::string& bytes) {
-  const std::optional<std::wstring> text = DecodeWholeUtf8(bytes);
-  EXPECT_TRUE(text) << bytes;
-  return text.value_or(L"");
-}
-
 // A string as the reader gives it back.
 std::wstring ReadBack(const std::wstring& value) {
-  const std::wstring text = Wide(Written(value));
+  const std::string text = Written(value);
   Json5Tree tree;
   EXPECT_FALSE(ParseJson5(text, tree)) << text;
-  return std::wstring(tree.root.text);
+  return ToWideText(tree.root.text);
 }
 
 // Layout
@@ -318,8 +313,7 @@ TEST(FormatJson5, WritesValidUtf8WhateverACommentHolds) {
   const std::string text =
       Requests().Section(L"S").Set(L"k", 1, L"a\xD83Dg").Set(L"l", 2, L"\xDE00").Text();
   Json5Tree tree;
-  const std::wstring wide = Wide(text);
-  EXPECT_FALSE(ParseJson5(wide, tree)) << text;
+  EXPECT_FALSE(ParseJson5(text, tree)) << text;
   EXPECT_NE(text.find("\"l\": 2"), text.npos);
 }
 
@@ -573,14 +567,19 @@ class Dice {
   std::mt19937 engine;
 };
 
+// As the requests take names and keys.
+std::wstring UpToNul(const std::wstring& text) {
+  return text.c_str();
+}
+
 // Item names begin with a letter that no key begins with, so that neither hides the other.
 std::unique_ptr<RandomRecord> MakeRandomRecord(unsigned seed) {
   auto made = std::make_unique<RandomRecord>();
   Dice dice(seed);
   for (std::size_t requests = dice.Below(30); requests != 0; --requests) {
-    const std::wstring section = dice.Below(2) == 0 ? L"S" : dice.Text();
+    const std::wstring section = dice.Below(2) == 0 ? L"S" : UpToNul(dice.Text());
     const std::wstring item = dice.Below(3) == 0 ? L"" : L"i" + dice.Text();
-    const std::wstring key = L"k" + (dice.Below(2) == 0 ? L"" : dice.Text());
+    const std::wstring key = L"k" + (dice.Below(2) == 0 ? L"" : UpToNul(dice.Text()));
     const Value value = dice.AnyValue();
     made->requests.Section(section, item).Set(key, value, dice.Text());
     made->values[{section, item, key}] = value;
@@ -591,7 +590,7 @@ std::unique_ptr<RandomRecord> MakeRandomRecord(unsigned seed) {
 void ExpectValue(const Json5Tree& tree, const Json5Value& read, const Value& expected) {
   if (const auto* text = std::get_if<std::wstring>(&expected)) {
     EXPECT_EQ(read.kind, Kind::string);
-    EXPECT_EQ(read.text, *text);
+    EXPECT_EQ(ToWideText(read.text), *text);
   } else if (const auto* number = std::get_if<int>(&expected)) {
     EXPECT_EQ(read.kind, Kind::number);
     EXPECT_EQ(read.number, *number);
@@ -602,19 +601,21 @@ void ExpectValue(const Json5Tree& tree, const Json5Value& read, const Value& exp
   } else {
     EXPECT_EQ(read.kind, Kind::array);
     Texts texts;
-    for (const Json5Member& element : tree.Members(read)) texts.emplace_back(element.value.text);
+    for (const Json5Member& element : tree.Members(read)) {
+      texts.push_back(ToWideText(element.value.text));
+    }
     EXPECT_EQ(texts, std::get<Texts>(expected));
   }
 }
 
 const Json5Value* FindPath(const Json5Tree& tree, const Path& path) {
   const auto& [section, item, key] = path;
-  const Json5Value* found = tree.Find(tree.root, section);
+  const Json5Value* found = tree.Find(tree.root, ToJson5Text(section));
   if (found == nullptr) return nullptr;
-  const Json5Value* named = tree.Find(*found, item);
+  const Json5Value* named = tree.Find(*found, ToJson5Text(item));
   // The item without a name is the section itself if it stands alone.
   const bool alone = item.empty() && (!named || named->kind != Json5Value::Kind::object);
-  return tree.Find(alone ? *found : *named, key);
+  return tree.Find(alone ? *found : *named, ToJson5Text(key));
 }
 
 // How many values there are that are no objects.
@@ -631,7 +632,7 @@ TEST(FormatJson5, WritesRandomRecordsSoThatTheyReadAsWhatTheyHold) {
   for (unsigned seed = 0; seed < randomRecords; ++seed) {
     SCOPED_TRACE(seed);
     const auto record = MakeRandomRecord(seed);
-    const std::wstring text = Wide(record->requests.Text());
+    const std::string text = record->requests.Text();
     Json5Tree tree;
     ASSERT_FALSE(ParseJson5(text, tree)) << text;
     EXPECT_EQ(CountValues(tree, tree.root), record->values.size());
@@ -674,7 +675,7 @@ TEST(FormatJson5, IsDoneWithAHundredThousandItems) {
   for (int i = 0; i < 100'000; ++i) {
     requests.Section(L"S", L"item" + std::to_wstring(i)).Set(L"k", i, L"comment");
   }
-  const std::wstring text = Wide(requests.Text());
+  const std::string text = requests.Text();
   Json5Tree tree;
   ASSERT_FALSE(ParseJson5(text, tree));
   EXPECT_EQ(CountValues(tree, tree.root), 100'000u);

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "IdentifierChars.h"
+#include "Json5Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -25,6 +26,20 @@ using namespace std::string_literals;
 using Kind = Json5Value::Kind;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// A text, what was read of it, and the error if it is malformed.
+struct Document {
+  explicit Document(std::wstring_view wide)
+      : text(ToJson5Text(wide)), error(ParseJson5(text, tree)) {}
+
+  const Json5Value* Find(const Json5Value& object, std::wstring_view key) const {
+    return tree.Find(object, ToJson5Text(key));
+  }
+
+  std::string text;
+  Json5Tree tree;
+  std::optional<Json5Error> error;
+};
 
 std::wstring ShowNumber(double number) {
   if (std::isnan(number)) return L"NaN";
@@ -38,26 +53,24 @@ std::wstring Show(const Json5Tree& tree, const Json5Value& value) {
   if (value.kind == Kind::null) return L"null";
   if (value.kind == Kind::boolean) return value.boolean ? L"true" : L"false";
   if (value.kind == Kind::number) return ShowNumber(value.number);
-  if (value.kind == Kind::string) return L"'" + std::wstring(value.text) + L"'";
+  if (value.kind == Kind::string) return L"'" + ToWideText(value.text) + L"'";
   const bool isArray = value.kind == Kind::array;
   std::wstring shown;
   for (const Json5Member& member : tree.Members(value)) {
     if (!shown.empty()) shown += L' ';
-    if (!isArray) shown.append(member.key).append(1, L':');
+    if (!isArray) shown.append(ToWideText(member.key)).append(1, L':');
     shown += Show(tree, member.value);
   }
   return (isArray ? L"[" : L"{") + shown + (isArray ? L"]" : L"}");
 }
 
 std::wstring Parsed(std::wstring_view text) {
-  Json5Tree tree;
-  if (ParseJson5(text, tree)) return L"malformed";
-  return Show(tree, tree.root);
+  const Document document(text);
+  return document.error ? L"malformed" : Show(document.tree, document.tree.root);
 }
 
 bool IsWellFormed(std::wstring_view text) {
-  Json5Tree tree;
-  return !ParseJson5(text, tree);
+  return !Document(text).error;
 }
 
 void ExpectMalformed(const std::vector<std::wstring>& texts) {
@@ -66,24 +79,23 @@ void ExpectMalformed(const std::vector<std::wstring>& texts) {
 
 // Line and column of the error, or zeros for a text without one.
 std::pair<std::size_t, std::size_t> ErrorPlace(std::wstring_view text) {
-  Json5Tree tree;
-  const std::optional<Json5Error> error = ParseJson5(text, tree);
+  const std::optional<Json5Error> error = Document(text).error;
   if (!error) return {0, 0};
   return {error->line, error->column};
 }
 
 // "" for a text without an error.
 std::string ErrorMessage(std::wstring_view text) {
-  Json5Tree tree;
-  const std::optional<Json5Error> error = ParseJson5(text, tree);
+  const std::optional<Json5Error> error = Document(text).error;
   return error ? error->message : "";
 }
 
 // NaN unless the text is a number.
 double NumberOf(std::wstring_view text) {
-  Json5Tree tree;
-  const bool parsed = !ParseJson5(text, tree) && tree.root.kind == Kind::number;
-  return parsed ? tree.root.number : std::numeric_limits<double>::quiet_NaN();
+  const Document document(text);
+  const Json5Value& root = document.tree.root;
+  const bool parsed = !document.error && root.kind == Kind::number;
+  return parsed ? root.number : std::numeric_limits<double>::quiet_NaN();
 }
 
 std::wstring Zeros(std::size_t count) {
@@ -340,15 +352,9 @@ TEST(ParseJson5, RefusesKeysThatAreNeitherIdentifiersNorStrings) {
        L"\xD801", L"\xDC00",  L"a\xD801",      L"a\xDC00",    L"\xDC00\xD801"});
 }
 
-// A pair in the text is one character, also where a unit has room for the whole of it.
-TEST(ParseJson5, TakesAPairOfSurrogatesInAKeyForTheLetterThatItStandsFor) {
-  const std::wstring letter = L"\xD801\xDC00";
+TEST(ParseJson5, TakesLettersAboveTheFirst65536InAKey) {
+  const std::wstring letter = L"\U00010400";
   ExpectKeys({{letter, letter}, {L"a" + letter, L"a" + letter}, {letter + L"1", letter + L"1"}});
-}
-
-// Each of these would be a letter if the numbers were put together.
-TEST(ParseJson5, TakesOnlyAHighAndALowSurrogateForAPair) {
-  ExpectNoKeys({L"\xD7FF\xDDF2", L"\xD801\xE000", L"\xD820\xDBFF"});
 }
 
 TEST(ParseJson5, EndsAnIdentifierAtWhiteSpaceOfAnyKind) {
@@ -422,9 +428,9 @@ TEST(IsIdentifierPart, IsFalseForSurrogatesAndNumbersThatAreNoCodePoints) {
 
 // The string that the text is, or nothing.
 std::optional<std::wstring> StringOf(std::wstring_view text) {
-  Json5Tree tree;
-  if (ParseJson5(text, tree) || tree.root.kind != Kind::string) return std::nullopt;
-  return std::wstring(tree.root.text);
+  const Document document(text);
+  if (document.error || document.tree.root.kind != Kind::string) return std::nullopt;
+  return ToWideText(document.tree.root.text);
 }
 
 struct StringCase {
@@ -467,11 +473,11 @@ TEST(ParseJson5, TakesAllButLineFeedsAndCarriageReturnsIntoAString) {
     const auto wide = static_cast<wchar_t>(unit);
     if (wide == L'\\' || wide == L'\'') continue;
     const std::array text{L'\'', wide, L'\''};
-    Json5Tree tree;
-    const bool closed = !ParseJson5({text.data(), text.size()}, tree);
-    ASSERT_EQ(closed, wide != L'\n' && wide != L'\r') << unit;
-    if (closed) {
-      ASSERT_EQ(tree.root.text, std::wstring_view(&wide, 1)) << unit;
+    const Document document({text.data(), text.size()});
+    const bool surrogate = unit >= 0xD800 && unit <= 0xDFFF;  // which UTF-8 doesn't have
+    ASSERT_EQ(!document.error, wide != L'\n' && wide != L'\r' && !surrogate) << unit;
+    if (!document.error) {
+      ASSERT_EQ(ToWideText(document.tree.root.text), std::wstring_view(&wide, 1)) << unit;
     }
   }
   ExpectStrings({{L"Стена \U0001F600", L"Стена \U0001F600"}, {L"\u2028\u2029", L"\u2028\u2029"}});
@@ -605,12 +611,54 @@ TEST(ParseJson5, MakesACodePointOfAPairAlsoAcrossALineContinuation) {
 
 TEST(ParseJson5, CopiesOnlyStringsAndKeysThatHaveEscapes) {
   const std::wstring text = LR"({plain: "text", 'Ключ': 'it"s', "\u0061": "b", c: "\n"})";
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   EXPECT_EQ(tree.decoded.size(), 2u);
-  const Json5Value* plain = tree.Find(tree.root, L"plain");
+  const Json5Value* plain = document.Find(tree.root, L"plain");
   ASSERT_NE(plain, nullptr);
-  EXPECT_EQ(plain->text.data(), text.data() + text.find(L"text"));
+  EXPECT_EQ(plain->text.data(), document.text.data() + document.text.find("text"));
+}
+
+// UTF-8
+
+bool AreWellFormed(std::string_view bytes) {
+  Json5Tree tree;
+  return !ParseJson5(bytes, tree);
+}
+
+TEST(ParseJson5, RefusesBytesThatAreNoUtf8WhereverTheyStand) {
+  for (const std::string bad :
+       {"\x80", "\xBF", "\xC0\x80", "\xC1\xBF", "\xC3", "\xD0", "\xD0g", "\xD0\xD0", "\xE0\x80\x80",
+        "\xE2\x82", "\xED\xA0\x80", "\xED\xBF\xBF", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80",
+        "\xF5\x80\x80\x80", "\xFE", "\xFF"}) {
+    SCOPED_TRACE(bad);
+    for (const char* letters : {"", "a", "Стен", "Стена", "Стена С", "\xE2\x82\xAC"}) {
+      for (const char* behind : {"", "b", "Стена", "Стена, Стена"}) {
+        const std::string text = letters + bad + behind;
+        EXPECT_FALSE(AreWellFormed("'" + text + "'"));
+        EXPECT_FALSE(AreWellFormed("'\\n" + text + "'"));
+        EXPECT_FALSE(AreWellFormed("1//" + text));
+        EXPECT_FALSE(AreWellFormed("1//" + text + "\n"));
+        EXPECT_FALSE(AreWellFormed("1/*" + text + "*/"));
+        EXPECT_FALSE(AreWellFormed("{a" + text + ":1}"));
+        EXPECT_FALSE(AreWellFormed("[1 " + text + "]"));
+      }
+    }
+    EXPECT_FALSE(AreWellFormed("'\\" + bad + "'"));
+  }
+}
+
+TEST(ParseJson5, EndsALineCommentAtEachPlaceAmongLetters) {
+  for (const std::wstring letters : {L"Стена из кирпича", L"éèêëéèêë", L"漢字漢字", L"aСтена"}) {
+    for (std::size_t length = 0; length <= letters.size(); ++length) {
+      for (const wchar_t* end : {L"\n", L"\r", L"\u2028", L"\u2029"}) {
+        const std::wstring text = L"//" + letters.substr(0, length) + end;
+        EXPECT_EQ(Parsed(text + L"1"), L"1") << text;
+        EXPECT_EQ(Parsed(text + L"С"), L"malformed") << text;
+      }
+    }
+  }
 }
 
 // Numbers
@@ -907,20 +955,21 @@ TEST(ParseJson5, CountsOnlyLevelsThatAreOpenAtOnce) {
 
 TEST(ParseJson5, KeepsTheInnermostValueOfAThousandLevels) {
   const std::wstring text = Nested(L"[{a:", L"'x'", L"}]", 500);
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   const Json5Value* value = &tree.root;
   for (int i = 0; i < 500; ++i) {
     ASSERT_EQ(tree.Members(*value).size(), 1u);
-    value = tree.Find(tree.Members(*value).front().value, L"a");
+    value = document.Find(tree.Members(*value).front().value, L"a");
     ASSERT_NE(value, nullptr);
   }
-  EXPECT_EQ(value->text, L"x");
+  EXPECT_EQ(value->text, "x");
 }
 
 // The tree
 
-TEST(Json5TreeMembers, AreThoseOfAnObjectInTheOrderOfTheirKeysUnits) {
+TEST(Json5TreeMembers, AreThoseOfAnObjectInTheOrderOfTheirKeysBytes) {
   const std::pair<const wchar_t*, const wchar_t*> cases[] = {
       {L"{b:1,a:2,c:3}", L"{a:2 b:1 c:3}"},
       {L"{Б:1,b:2,a:3,B:4,'':5,А:6}", L"{:5 B:4 a:3 b:2 А:6 Б:1}"},
@@ -935,20 +984,22 @@ TEST(Json5TreeMembers, AreThoseOfAnObjectInTheOrderOfTheirKeysUnits) {
 }
 
 TEST(Json5TreeMembers, AreThoseOfAnArrayInTheOrderOfTheTextWithEmptyKeys) {
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(L"{k:['b','a',{d:1},'b']}", tree));
-  const auto elements = tree.Members(*tree.Find(tree.root, L"k"));
+  const Document document(L"{k:['b','a',{d:1},'b']}");
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
+  const auto elements = tree.Members(*document.Find(tree.root, L"k"));
   ASSERT_EQ(elements.size(), 4u);
-  EXPECT_EQ(elements[0].value.text, L"b");
-  EXPECT_EQ(elements[1].value.text, L"a");
+  EXPECT_EQ(elements[0].value.text, "b");
+  EXPECT_EQ(elements[1].value.text, "a");
   EXPECT_EQ(elements[2].value.kind, Kind::object);
-  EXPECT_EQ(elements[3].value.text, L"b");
-  for (const Json5Member& element : elements) EXPECT_EQ(element.key, L"");
+  EXPECT_EQ(elements[3].value.text, "b");
+  for (const Json5Member& element : elements) EXPECT_EQ(element.key, "");
 }
 
 TEST(Json5TreeMembers, AreNoneOfAScalarOrOfAnEmptyArrayOrObject) {
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(L"[null,true,1,'a',[],{}]", tree));
+  const Document document(L"[null,true,1,'a',[],{}]");
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   ASSERT_EQ(tree.Members(tree.root).size(), 6u);
   for (const Json5Member& element : tree.Members(tree.root)) {
     EXPECT_TRUE(tree.Members(element.value).empty());
@@ -979,11 +1030,12 @@ TEST(ParseJson5, KeepsTheLastOfManyValuesOfManyKeys) {
     text += L"k" + std::to_wstring(i * 37 % 50) + L":" + std::to_wstring(i) + L",";
   }
   text += L"}";
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   EXPECT_EQ(tree.Members(tree.root).size(), 50u);
   for (int i = 950; i < 1000; ++i) {
-    const Json5Value* last = tree.Find(tree.root, L"k" + std::to_wstring(i * 37 % 50));
+    const Json5Value* last = document.Find(tree.root, L"k" + std::to_wstring(i * 37 % 50));
     ASSERT_NE(last, nullptr) << i;
     EXPECT_EQ(last->number, i);
   }
@@ -991,33 +1043,36 @@ TEST(ParseJson5, KeepsTheLastOfManyValuesOfManyKeys) {
 
 TEST(Json5TreeFind, GivesTheValueOfAKeyOfAnObject) {
   const std::wstring text = LR"({b: 1, 'a b': 2, '': 3, '\0': 4, Ключ: 5, ab: 6, b: 7})";
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   const std::pair<std::wstring, double> cases[] = {{L"b", 7},   {L"a b", 2},  {L"", 3},
                                                    {L"\0"s, 4}, {L"Ключ", 5}, {L"ab", 6}};
   for (const auto& [key, number] : cases) {
-    const Json5Value* found = tree.Find(tree.root, key);
+    const Json5Value* found = document.Find(tree.root, key);
     ASSERT_NE(found, nullptr) << key;
     EXPECT_EQ(found->number, number) << key;
   }
 }
 
 TEST(Json5TreeFind, GivesNothingForAnotherKey) {
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(L"{b:{inner:1},c:2}", tree));
+  const Document document(L"{b:{inner:1},c:2}");
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   for (const std::wstring& key :
        {L""s, L"a"s, L"B"s, L"bb"s, L"ba"s, L"d"s, L"inner"s, L"b\0"s, L"\uFFFF"s}) {
-    EXPECT_EQ(tree.Find(tree.root, key), nullptr) << key;
+    EXPECT_EQ(document.Find(tree.root, key), nullptr) << key;
   }
 }
 
 TEST(Json5TreeFind, GivesNothingInWhatIsNoObject) {
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(L"[null,true,1,'a',['a',{a:1}],{}]", tree));
-  EXPECT_EQ(tree.Find(tree.root, L""), nullptr);  // not even the key that elements have
+  const Document document(L"[null,true,1,'a',['a',{a:1}],{}]");
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
+  EXPECT_EQ(document.Find(tree.root, L""), nullptr);  // not even the key that elements have
   for (const Json5Member& element : tree.Members(tree.root)) {
-    EXPECT_EQ(tree.Find(element.value, L""), nullptr);
-    EXPECT_EQ(tree.Find(element.value, L"a"), nullptr);
+    EXPECT_EQ(document.Find(element.value, L""), nullptr);
+    EXPECT_EQ(document.Find(element.value, L"a"), nullptr);
   }
 }
 
@@ -1152,8 +1207,9 @@ TEST(ParseJson5, IsDoneWithKeysOfFiveMillionUnits) {
   for (const std::wstring& key :
        {std::wstring(5'000'000, L'a'), L"\\u0061" + std::wstring(5'000'000, L'a')}) {
     const std::wstring text = L"{" + key + L":1}";
-    Json5Tree tree;
-    ASSERT_FALSE(ParseJson5(text, tree));
+    const Document document(text);
+    ASSERT_FALSE(document.error);
+    const Json5Tree& tree = document.tree;
     ASSERT_EQ(tree.Members(tree.root).size(), 1u);
     EXPECT_EQ(tree.Members(tree.root)[0].value.number, 1);
   }
@@ -1180,15 +1236,17 @@ TEST(ParseJson5, IsDoneWithFiveMillionUnitsOfWhiteSpaceAndComments) {
 
 TEST(ParseJson5, IsDoneWithAMillionElements) {
   const std::wstring text = L"[" + Repeat(L"1,", 1'000'000) + L"]";
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   EXPECT_EQ(tree.Members(tree.root).size(), 1'000'000u);
 }
 
 TEST(ParseJson5, IsDoneWithAMillionArraysAtAnyDepth) {
   const std::wstring text = Nested(L"[", Repeat(L"[],", 1'000'000), L"]", 999);
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   EXPECT_EQ(tree.members.size(), 1'000'998u);
 }
 
@@ -1199,10 +1257,11 @@ TEST(ParseJson5, IsDoneWithAMillionMembers) {
     text.append(L"k").append(std::to_wstring(i * 7919LL % 1'000'000)).append(L":1,");
   }
   text += L"}";
-  Json5Tree tree;
-  ASSERT_FALSE(ParseJson5(text, tree));
+  const Document document(text);
+  ASSERT_FALSE(document.error);
+  const Json5Tree& tree = document.tree;
   EXPECT_EQ(tree.Members(tree.root).size(), 1'000'000u);
-  EXPECT_NE(tree.Find(tree.root, L"k999999"), nullptr);
+  EXPECT_NE(document.Find(tree.root, L"k999999"), nullptr);
 }
 
 TEST(ParseJson5, IsDoneWithAMillionMembersOfOneKey) {

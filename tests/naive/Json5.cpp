@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "json/cfg/IdentifierChars.h"
+#include "json/cfg/Json5Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 namespace {
@@ -296,12 +297,14 @@ std::wstring Describe(const Json5& value) {
 std::wstring Describe(const Json5Tree& tree, const Json5Value& value) {
   std::wstring text;
   for (const Json5Member& member : tree.Members(value)) {
-    if (value.kind == Kind::object) text += Quoted(member.key) + L":";
+    if (value.kind == Kind::object) text += Quoted(ToWideText(member.key)) + L":";
     text += Describe(tree, member.value) + L",";
   }
   if (value.kind == Kind::array) return L"[" + text + L"]";
   if (value.kind == Kind::object) return L"{" + text + L"}";
-  return DescribeScalar(value.kind, value.boolean, value.number, value.text);
+  const bool isString = value.kind == Kind::string;
+  return DescribeScalar(value.kind, value.boolean, isString ? 0 : value.number,
+                        isString ? ToWideText(value.text) : L"");
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

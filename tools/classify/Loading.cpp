@@ -36,10 +36,9 @@ void LoadOrFail(int exitStatus, const std::string& subject, const std::string& f
 void CheckJson5(const std::string& subject, const std::wstring& path) {
   const std::optional<std::string> bytes = ReadFile(path);
   if (!bytes) return;
-  const std::optional<std::wstring> text = DecodeWholeUtf8(*bytes);
-  if (!text) throw Failure{failedDomen, subject + " is not UTF-8."};
+  if (!DecodeWholeUtf8(*bytes)) throw Failure{failedDomen, subject + " is not UTF-8."};
   Json5Tree tree;
-  const std::optional<Json5Error> error = ParseJson5(*text, tree);
+  const std::optional<Json5Error> error = ParseJson5(*bytes, tree);
   if (!error) return;
   throw Failure{failedDomen, subject + ", line " + std::to_string(error->line) + ", column " +
                                  std::to_string(error->column) + ": " + error->message + "."};

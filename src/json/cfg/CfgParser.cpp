@@ -1,32 +1,28 @@
 #include "CfgParser.h"
 
-#include <filesystem>
-#include <memory>
 #include <optional>
 #include <system_error>
 #include <utility>
 
+#include "Json5Text.h"
 #include "editor/Files.h"
-#include "editor/Utf8.h"
 
 using namespace TolvenLibs::RevitMappingEditorDll;
 
 namespace {
 
-// The whole text of the file, or nothing if there is none or it isn't UTF-8.
-std::optional<std::wstring> ReadWholeText(const std::wstring& file) {
-  if (!Exists(file)) return std::nullopt;
-  const std::optional<std::string> bytes = ReadFile(file);
+// The bytes of the file, or nothing if there is none.
+std::string ReadWholeFile(const std::wstring& file) {
+  if (!Exists(file)) return {};
+  std::optional<std::string> bytes = ReadFile(file);
   if (!bytes) throw std::system_error(std::make_error_code(std::errc::io_error));
-  return DecodeWholeUtf8(*bytes);
+  return std::move(*bytes);
 }
 
 }  // namespace
 
-CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/) {
-  std::optional<std::wstring> whole = ReadWholeText(file);
-  if (!whole) return;
-  text = std::move(*whole);
+CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
+    : text(ReadWholeFile(file)) {
   if (ParseJson5(text, tree)) tree.root = {};
 }
 
@@ -34,21 +30,26 @@ CfgParser::~CfgParser() = default;
 
 JSON5Section* CfgParser::Section(const wchar_t* sectionName, bool& found, bool /*first*/,
                                  bool /*last*/, const wchar_t* itemName) {
-  const Json5Value* value = Find(sectionName, itemName);
+  const std::size_t item = record.Open(sectionName, itemName);
+  const Json5RecordItem& opened = record.Items()[item];
+  const Json5Value* value = nullptr;
+  if (tree.root.kind == Json5Value::Kind::object) {
+    value = Find(record.repeated.Bytes(opened.section), ToJson5Text(opened.name));
+  }
   found = value != nullptr;
-  return new JSON5Section(tree, value, record, record.Item(sectionName, itemName));
+  return new JSON5Section(tree, value, record, item);
 }
 
 void CfgParser::saveCfgParamsToJson5(const wchar_t* file, int /*kind*/) {
   ReplaceWholeFile(file, FormatJson5(record));
 }
 
-const Json5Value* CfgParser::Find(std::wstring_view sectionName, std::wstring_view itemName) const {
-  const auto objectOf = [this](const Json5Value& parent, std::wstring_view key) {
-    const Json5Value* value = tree.Find(parent, key);
-    return value && value->kind == Json5Value::Kind::object ? value : nullptr;
+const Json5Value* CfgParser::Find(std::string_view sectionName, std::string_view itemName) {
+  const auto objectOr = [](const Json5Value* value, const Json5Value* other) {
+    return value && value->kind == Json5Value::Kind::object ? value : other;
   };
-  const Json5Value* section = objectOf(tree.root, sectionName);
-  const Json5Value* item = section ? objectOf(*section, itemName) : nullptr;
-  return itemName.empty() && !item ? section : item;
+  const Json5Value* section = objectOr(tree.Find(tree.root, sectionName), nullptr);
+  if (!section) return nullptr;
+  const Json5Value* item = tree.FindNear(*section, itemName, places[section]);
+  return objectOr(item, itemName.empty() ? section : nullptr);
 }

@@ -5,10 +5,11 @@
 
 #pragma once
 
-#include <map>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "JSON5Section.h"
 #include "Json5.h"
@@ -40,10 +41,12 @@ class CfgParser {
   void saveCfgParamsToJson5(const wchar_t* file, int kind);
 
  private:
-  const TolvenLibs::RevitMappingEditorDll::Json5Value* Find(std::wstring_view sectionName,
-                                                            std::wstring_view itemName) const;
+  const TolvenLibs::RevitMappingEditorDll::Json5Value* Find(std::string_view sectionName,
+                                                            std::string_view itemName);
 
-  std::wstring text;  // of the file
+  std::string text;  // of the file
   TolvenLibs::RevitMappingEditorDll::Json5Tree tree;
+  // Where the last item of a section was found: the next one tends to stand behind it.
+  std::unordered_map<const TolvenLibs::RevitMappingEditorDll::Json5Value*, std::size_t> places;
   TolvenLibs::RevitMappingEditorDll::Json5Record record;
 };

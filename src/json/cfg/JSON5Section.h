@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "Json5.h"
 #include "Json5Record.h"
 
@@ -17,8 +19,7 @@ class JSON5Section {
   // For `CfgParser`: what the file has for the section, or null, and where requests are recorded.
   JSON5Section(const TolvenLibs::RevitMappingEditorDll::Json5Tree& fileTree,
                const TolvenLibs::RevitMappingEditorDll::Json5Value* fileSection,
-               TolvenLibs::RevitMappingEditorDll::Json5Record& requests,
-               TolvenLibs::RevitMappingEditorDll::Json5RecordItem& requestedItem);
+               TolvenLibs::RevitMappingEditorDll::Json5Record& requests, std::size_t requestedItem);
 
   // The result stays good until the parser ends.
   const wchar_t* ParamString(const wchar_t* key, const wchar_t* defaultValue, bool& found,
@@ -39,11 +40,12 @@ class JSON5Section {
                                    bool overriding);
 
  private:
-  const TolvenLibs::RevitMappingEditorDll::Json5Value* FindValue(const wchar_t* key,
+  // The file's value of a key, by the key's place in the record.
+  const TolvenLibs::RevitMappingEditorDll::Json5Value* FindValue(std::size_t key,
                                                                  bool overriding) const;
 
   const TolvenLibs::RevitMappingEditorDll::Json5Tree& tree;
   const TolvenLibs::RevitMappingEditorDll::Json5Value* section;
   TolvenLibs::RevitMappingEditorDll::Json5Record& record;
-  TolvenLibs::RevitMappingEditorDll::Json5RecordItem& item;
+  std::size_t item;  // in the record
 };

@@ -1,13 +1,19 @@
 #include "Json5.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
+#include <cstring>
 #include <iterator>
 #include <limits>
+#include <memory>
 #include <system_error>
 #include <utility>
 
 #include "IdentifierChars.h"
+#include "Json5Text.h"
+#include "editor/Utf8.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -23,101 +29,159 @@ struct Malformed {
   const char* message;
 };
 
-bool IsLineTerminator(wchar_t unit) {
-  return unit == L'\n' || unit == L'\r' || unit == 0x2028 || unit == 0x2029;
+bool IsLineTerminator(std::uint32_t code) {
+  return code == '\n' || code == '\r' || code == 0x2028 || code == 0x2029;
 }
 
-bool IsJson5Space(wchar_t unit) {
-  if (unit <= L' ') return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
-  if (unit < 0x1680) return unit == 0xA0;
-  return unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) || IsLineTerminator(unit) ||
-         unit == 0x202F || unit == 0x205F || unit == 0x3000 || unit == 0xFEFF;
+bool IsAsciiSpace(char byte) {
+  return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-bool IsDigit(wchar_t unit) {
-  return unit >= L'0' && unit <= L'9';
+bool IsSpaceOutsideAscii(std::uint32_t code) {
+  return code == 0xA0 || code == 0x1680 || (code >= 0x2000 && code <= 0x200A) || code == 0x2028 ||
+         code == 0x2029 || code == 0x202F || code == 0x205F || code == 0x3000 || code == 0xFEFF;
+}
+
+bool IsAscii(char byte) {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+
+bool IsDigit(char byte) {
+  return byte >= '0' && byte <= '9';
 }
 
 // The value of a hexadecimal digit, or -1.
-int HexValue(wchar_t unit) {
-  if (IsDigit(unit)) return unit - L'0';
-  if (unit >= L'a' && unit <= L'f') return unit - L'a' + 10;
-  if (unit >= L'A' && unit <= L'F') return unit - L'A' + 10;
+int HexValue(char byte) {
+  if (IsDigit(byte)) return byte - '0';
+  if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
+  if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
   return -1;
 }
 
 // The text, with the place up to which it has been read.
 class Cursor {
  public:
-  explicit Cursor(std::wstring_view whole) : text(whole) {}
+  explicit Cursor(std::string_view whole)
+      : start(whole.data()), at(start), end(start + whole.size()) {}
 
-  bool AtEnd() const { return position == text.size(); }
-  std::size_t Position() const { return position; }
+  bool AtEnd() const { return at == end; }
+  std::size_t Position() const { return static_cast<std::size_t>(at - start); }
 
-  // The unit `ahead` of the place, or NUL behind the end. A NUL in the text fits no rule that looks
-  // at single units, so the two need not be told apart.
-  wchar_t Peek(std::size_t ahead = 0) const {
-    return text.size() - position > ahead ? text[position + ahead] : L'\0';
+  // The byte `ahead` of the place, or NUL behind the end. A NUL in the text fits no rule that looks
+  // at single bytes, so the two need not be told apart.
+  char Peek(std::size_t ahead = 0) const {
+    return static_cast<std::size_t>(end - at) > ahead ? at[ahead] : '\0';
   }
 
-  void Skip(std::size_t count = 1) { position += count; }
+  // All that follows.
+  std::string_view Rest() const { return {at, static_cast<std::size_t>(end - at)}; }
+
+  void Skip(std::size_t count = 1) { at += count; }
 
   template <class Fits>
   void SkipWhile(Fits fits) {
-    while (position < text.size() && fits(text[position])) ++position;
+    while (at != end && fits(*at)) ++at;
   }
 
-  bool SkipIf(wchar_t unit) {
-    if (AtEnd() || text[position] != unit) return false;
-    ++position;
+  bool SkipIf(char byte) {
+    if (at == end || *at != byte) return false;
+    ++at;
     return true;
   }
 
-  bool SkipIf(std::wstring_view word) {
-    if (!text.substr(position).starts_with(word)) return false;
-    position += word.size();
+  bool SkipIf(std::string_view word) {
+    if (!Rest().starts_with(word)) return false;
+    at += word.size();
     return true;
   }
 
-  // The text from `start` to the place.
-  std::wstring_view Since(std::size_t start) const { return text.substr(start, position - start); }
+  // The text from `position` to the place.
+  std::string_view Since(std::size_t position) const {
+    return {start + position, static_cast<std::size_t>(at - start) - position};
+  }
 
-  // The code point at the place, and how many units it has.
-  std::uint32_t PeekCodePoint(std::size_t& units) const {
-    const auto high = static_cast<std::uint32_t>(Peek());
-    const auto low = static_cast<std::uint32_t>(Peek(1));
-    units = 1;
-    if (high < 0xD800 || high > 0xDBFF || low < 0xDC00 || low > 0xDFFF) return high;
-    units = 2;
-    return ((high - 0xD7C0) << 10) + (low - 0xDC00);
+  // The code point at the place, where there is one, and how many bytes it has.
+  std::uint32_t PeekCode(std::size_t& size) const {
+    size = 1;
+    if (IsAscii(*at)) return static_cast<unsigned char>(*at);
+    std::string_view rest = Rest();
+    const std::uint32_t code = TakeCodePoint(rest);
+    if (code == noCodePoint) Fail("bytes that are no UTF-8");
+    size = static_cast<std::size_t>(rest.data() - at);
+    return code;
+  }
+
+  std::uint32_t TakeCode() {
+    std::size_t size = 0;
+    const std::uint32_t code = PeekCode(size);
+    at += size;
+    return code;
   }
 
   // Where nothing fits: "unexpected end" there, the message anywhere else.
   [[noreturn]] void Fail(const char* message) const {
-    throw Malformed{position, AtEnd() ? "the text ends too early" : message};
+    throw Malformed{Position(), AtEnd() ? "the text ends too early" : message};
   }
 
  private:
-  std::wstring_view text;
-  std::size_t position = 0;
+  const char* start;
+  const char* at;
+  const char* end;
 };
 
-void SkipComment(Cursor& cursor) {
-  if (cursor.SkipIf(L"//")) {
-    return cursor.SkipWhile([](wchar_t unit) { return !IsLineTerminator(unit); });
+// Eight bytes at once, each of them one of these two in turn.
+constexpr std::uint64_t Alternating(unsigned char first, unsigned char second) {
+  using Bytes = std::array<unsigned char, 8>;
+  return std::bit_cast<std::uint64_t>(
+      Bytes{first, second, first, second, first, second, first, second});
+}
+
+// How far a comment goes that has letters of two bytes, most of them side by side, as far as that
+// can be told from eight bytes at once. Of the bytes that begin such letters only the upper half
+// counts, in which those of Cyrillic are.
+std::size_t FourLettersLength(std::string_view text) {
+  std::size_t length = 0;
+  std::uint64_t eight = 0;
+  for (; text.size() - length >= sizeof eight; length += sizeof eight) {
+    std::memcpy(&eight, text.data() + length, sizeof eight);
+    if ((eight & Alternating(0xF0, 0xC0)) != Alternating(0xD0, 0x80)) break;
   }
-  if (!cursor.SkipIf(L"/*")) cursor.Fail("a stroke that begins no comment");
-  while (!cursor.SkipIf(L"*/")) {
+  return length;
+}
+
+void SkipLineComment(Cursor& cursor) {
+  while (!cursor.AtEnd()) {
+    cursor.SkipWhile([](char byte) { return IsAscii(byte) && byte != '\n' && byte != '\r'; });
+    if (cursor.AtEnd() || IsAscii(cursor.Peek())) return;
+    cursor.Skip(FourLettersLength(cursor.Rest()));
+    if (cursor.AtEnd() || IsAscii(cursor.Peek())) continue;
+    std::size_t size = 0;
+    if (IsLineTerminator(cursor.PeekCode(size))) return;
+    cursor.Skip(size);
+  }
+}
+
+void SkipComment(Cursor& cursor) {
+  if (cursor.SkipIf("//")) return SkipLineComment(cursor);
+  if (!cursor.SkipIf("/*")) cursor.Fail("a stroke that begins no comment");
+  while (!cursor.SkipIf("*/")) {
     if (cursor.AtEnd()) cursor.Fail("");
-    cursor.Skip();
+    cursor.TakeCode();
   }
 }
 
 void SkipSpace(Cursor& cursor) {
-  while (!cursor.AtEnd()) {
-    cursor.SkipWhile(IsJson5Space);
-    if (cursor.Peek() != L'/') return;
-    SkipComment(cursor);
+  while (true) {
+    cursor.SkipWhile(IsAsciiSpace);
+    if (cursor.AtEnd()) return;
+    if (cursor.Peek() == '/') {
+      SkipComment(cursor);
+      continue;
+    }
+    if (IsAscii(cursor.Peek())) return;
+    std::size_t size = 0;
+    if (!IsSpaceOutsideAscii(cursor.PeekCode(size))) return;
+    cursor.Skip(size);
   }
 }
 
@@ -146,20 +210,19 @@ double BeyondRange(std::string_view chars) {
 }
 
 // Gives false for a number out of the range of a double.
-bool ToDouble(const std::string& chars, std::chars_format format, double& number) {
+bool ToDouble(std::string_view chars, std::chars_format format, double& number) {
   const auto result = std::from_chars(chars.data(), chars.data() + chars.size(), number, format);
   return result.ec != std::errc::result_out_of_range;
 }
 
 void SkipDigits(Cursor& cursor) {
-  while (IsDigit(cursor.Peek())) cursor.Skip();
+  cursor.SkipWhile(IsDigit);
 }
 
 double ReadHexadecimal(Cursor& cursor) {
-  std::string digits;
-  for (; HexValue(cursor.Peek()) >= 0; cursor.Skip()) {
-    digits.push_back(static_cast<char>(cursor.Peek()));
-  }
+  const std::size_t start = cursor.Position();
+  cursor.SkipWhile([](char byte) { return HexValue(byte) >= 0; });
+  const std::string_view digits = cursor.Since(start);
   if (digits.empty()) cursor.Fail("a hexadecimal number without digits");
   double number = 0;
   return ToDouble(digits, std::chars_format::hex, number) ? number : infinity;
@@ -167,40 +230,38 @@ double ReadHexadecimal(Cursor& cursor) {
 
 double ReadDecimal(Cursor& cursor) {
   const std::size_t start = cursor.Position();
-  if (cursor.SkipIf(L'0')) {
+  if (cursor.SkipIf('0')) {
     if (IsDigit(cursor.Peek())) cursor.Fail("a digit behind a leading 0");
   } else {
     SkipDigits(cursor);
   }
   const bool digitsAhead = cursor.Position() != start;
-  if (cursor.SkipIf(L'.')) {
+  if (cursor.SkipIf('.')) {
     if (!digitsAhead && !IsDigit(cursor.Peek())) cursor.Fail("a point without digits");
     SkipDigits(cursor);
   } else if (!digitsAhead) {
     cursor.Fail("a sign without a number");
   }
-  if (cursor.SkipIf(L'e') || cursor.SkipIf(L'E')) {
-    if (cursor.Peek() == L'+' || cursor.Peek() == L'-') cursor.Skip();
+  if (cursor.SkipIf('e') || cursor.SkipIf('E')) {
+    if (cursor.Peek() == '+' || cursor.Peek() == '-') cursor.Skip();
     if (!IsDigit(cursor.Peek())) cursor.Fail("an exponent without digits");
     SkipDigits(cursor);
   }
-  const std::wstring_view units = cursor.Since(start);
-  std::string chars;
-  for (const wchar_t unit : units) chars.push_back(static_cast<char>(unit));
+  const std::string_view chars = cursor.Since(start);
   double number = 0;
   return ToDouble(chars, std::chars_format::general, number) ? number : BeyondRange(chars);
 }
 
 double ReadUnsigned(Cursor& cursor) {
-  if (cursor.SkipIf(L"Infinity")) return infinity;
-  if (cursor.SkipIf(L"NaN")) return std::numeric_limits<double>::quiet_NaN();
-  if (cursor.SkipIf(L"0x") || cursor.SkipIf(L"0X")) return ReadHexadecimal(cursor);
+  if (cursor.SkipIf("Infinity")) return infinity;
+  if (cursor.SkipIf("NaN")) return std::numeric_limits<double>::quiet_NaN();
+  if (cursor.SkipIf("0x") || cursor.SkipIf("0X")) return ReadHexadecimal(cursor);
   return ReadDecimal(cursor);
 }
 
 double ReadNumber(Cursor& cursor) {
-  if (cursor.SkipIf(L'-')) return -ReadUnsigned(cursor);
-  cursor.SkipIf(L'+');
+  if (cursor.SkipIf('-')) return -ReadUnsigned(cursor);
+  cursor.SkipIf('+');
   return ReadUnsigned(cursor);
 }
 
@@ -220,38 +281,32 @@ bool IsHighSurrogate(std::uint32_t code) {
   return code >= 0xD800 && code <= 0xDBFF;
 }
 
-[[maybe_unused]] bool IsLowSurrogate(std::uint32_t code) {
+bool IsLowSurrogate(std::uint32_t code) {
   return code >= 0xDC00 && code <= 0xDFFF;
 }
 
-// Adds a unit of UTF-16. Where units have 32 bits, the two of a pair become one.
-void AppendUtf16(std::wstring& text, std::uint32_t unit, bool behindEscapedHigh) {
-  if constexpr (sizeof(wchar_t) != 2) {
-    if (behindEscapedHigh && IsLowSurrogate(unit)) {
-      const auto high = static_cast<std::uint32_t>(text.back());
-      text.back() = static_cast<wchar_t>(((high - 0xD7C0) << 10) + (unit - 0xDC00));
-      return;
-    }
-  }
-  text.push_back(static_cast<wchar_t>(unit));
-}
-
 // The characters that stand for another one behind a backslash, and these others.
-constexpr std::wstring_view escapeLetters = L"bfnrtv";
-constexpr std::wstring_view escapedUnits = L"\b\f\n\r\t\v";
+constexpr std::string_view escapeLetters = "bfnrtv";
+constexpr std::string_view escapedCodes = "\b\f\n\r\t\v";
+
+// Whether a byte of a string stands for itself whatever the quotation mark.
+bool IsPlain(char byte) {
+  return IsAscii(byte) && byte != '"' && byte != '\'' && byte != '\\' && byte != '\n' &&
+         byte != '\r';
+}
 
 // Reads a string from behind its opening quotation mark, and the closing one with it.
 class StringReader {
  public:
-  StringReader(Cursor& source, wchar_t mark) : cursor(source), quotationMark(mark) {}
+  StringReader(Cursor& source, char mark) : cursor(source), quotationMark(mark) {}
 
   // The string, if it has no escapes a view into the text, otherwise one into a new entry of
   // `decoded`.
-  std::wstring_view Read(std::deque<std::wstring>& decoded) {
+  std::string_view Read(std::deque<std::string>& decoded) {
     const std::size_t start = cursor.Position();
     SkipPlain();
     if (cursor.Peek() == quotationMark) {
-      const std::wstring_view plain = cursor.Since(start);
+      const std::string_view plain = cursor.Since(start);
       cursor.Skip();
       return plain;
     }
@@ -260,8 +315,8 @@ class StringReader {
       ReadEscape();
       const std::size_t plainStart = cursor.Position();
       SkipPlain();
-      const std::wstring_view plain = cursor.Since(plainStart);
-      if (!plain.empty()) behindEscapedHigh = false;
+      const std::string_view plain = cursor.Since(plainStart);
+      if (!plain.empty()) escapedHigh = 0;
       text += plain;
     }
     return decoded.emplace_back(std::move(text));
@@ -270,81 +325,87 @@ class StringReader {
  private:
   // Up to the closing mark or the next backslash.
   void SkipPlain() {
-    cursor.SkipWhile([this](wchar_t unit) {
-      return unit != quotationMark && unit != L'\\' && unit != L'\n' && unit != L'\r';
-    });
-    if (cursor.AtEnd() || cursor.Peek() == L'\n' || cursor.Peek() == L'\r') {
-      cursor.Fail("a string that is not closed on its line");
+    while (true) {
+      cursor.SkipWhile(IsPlain);
+      const char byte = cursor.Peek();
+      if (cursor.AtEnd() || byte == '\n' || byte == '\r') {
+        cursor.Fail("a string that is not closed on its line");
+      }
+      if (byte == quotationMark || byte == '\\') return;
+      cursor.TakeCode();
     }
   }
 
   void ReadEscape() {
     cursor.Skip();
     if (cursor.AtEnd()) cursor.Fail("");
-    const wchar_t unit = cursor.Peek();
-    if (IsLineTerminator(unit)) return SkipLineEnd();
-    if (cursor.SkipIf(L'x')) return Append(ReadHexDigits(cursor, 2));
-    if (cursor.SkipIf(L'u')) return Append(ReadHexDigits(cursor, 4));
-    if (IsDigit(unit)) return ReadNul();
-    const std::size_t letter = escapeLetters.find(unit);
-    cursor.Skip();
-    Append(static_cast<std::uint32_t>(letter == escapeLetters.npos ? unit : escapedUnits[letter]));
-  }
-
-  // A line end behind a backslash is no part of the string, nor does it part a pair.
-  void SkipLineEnd() {
-    if (!cursor.SkipIf(L"\r\n")) cursor.Skip();
+    if (cursor.SkipIf('x')) return Append(ReadHexDigits(cursor, 2));
+    if (cursor.SkipIf('u')) return Append(ReadHexDigits(cursor, 4));
+    if (IsDigit(cursor.Peek())) return ReadNul();
+    // A line end behind a backslash is no part of the string, nor does it part a pair.
+    if (cursor.SkipIf("\r\n")) return;
+    const std::uint32_t code = cursor.TakeCode();
+    if (IsLineTerminator(code)) return;
+    const std::size_t letter =
+        code < 0x80 ? escapeLetters.find(static_cast<char>(code)) : escapeLetters.npos;
+    Append(letter == escapeLetters.npos ? code : static_cast<unsigned char>(escapedCodes[letter]));
   }
 
   void ReadNul() {
-    if (cursor.Peek() != L'0' || IsDigit(cursor.Peek(1))) cursor.Fail("an escape of a digit");
+    if (cursor.Peek() != '0' || IsDigit(cursor.Peek(1))) cursor.Fail("an escape of a digit");
     cursor.Skip();
     Append(0);
   }
 
-  void Append(std::uint32_t unit) {
-    AppendUtf16(text, unit, behindEscapedHigh);
-    behindEscapedHigh = IsHighSurrogate(unit);
+  // Adds a code point, or a surrogate: the second of a pair makes a code point of both.
+  void Append(std::uint32_t code) {
+    if (escapedHigh != 0 && IsLowSurrogate(code)) {
+      constexpr std::size_t highSize = 3;
+      text.resize(text.size() - highSize);
+      code = ((escapedHigh - 0xD7C0) << 10) + (code - 0xDC00);
+    }
+    AppendJson5Code(text, code);
+    escapedHigh = IsHighSurrogate(code) ? code : 0;
   }
 
   Cursor& cursor;
-  wchar_t quotationMark;
-  std::wstring text;
-  bool behindEscapedHigh = false;
+  char quotationMark;
+  std::string text;
+  std::uint32_t escapedHigh = 0;  // a surrogate that an escape has just put at the end, or 0
 };
 
 // Up to what is no plain part of an identifier. `first` says that its first character is still to
 // come.
 void SkipPlainIdentifier(Cursor& cursor, bool first) {
   for (; !cursor.AtEnd(); first = false) {
-    std::size_t units = 0;
-    const std::uint32_t code = cursor.PeekCodePoint(units);
+    std::size_t size = 0;
+    const std::uint32_t code = cursor.PeekCode(size);
     if (!(first ? IsIdentifierStart(code) : IsIdentifierPart(code))) return;
-    cursor.Skip(units);
+    cursor.Skip(size);
   }
 }
 
-wchar_t ReadIdentifierEscape(Cursor& cursor, bool first) {
-  if (!cursor.SkipIf(L"\\u")) cursor.Fail("a key with an escape other than \\u");
+std::uint32_t ReadIdentifierEscape(Cursor& cursor, bool first) {
+  if (!cursor.SkipIf("\\u")) cursor.Fail("a key with an escape other than \\u");
   const std::uint32_t code = ReadHexDigits(cursor, 4);
   if (!(first ? IsIdentifierStart(code) : IsIdentifierPart(code))) {
     cursor.Fail("an escape of what can't stand in a key");
   }
-  return static_cast<wchar_t>(code);
+  return code;
 }
 
 // Reads an identifier, which is given like a string.
-std::wstring_view ReadIdentifier(Cursor& cursor, std::deque<std::wstring>& decoded) {
+std::string_view ReadIdentifier(Cursor& cursor, std::deque<std::string>& decoded) {
   const std::size_t start = cursor.Position();
   SkipPlainIdentifier(cursor, true);
-  const std::wstring_view plain = cursor.Since(start);
-  if (cursor.Peek() != L'\\') {
+  const std::string_view plain = cursor.Since(start);
+  if (cursor.Peek() != '\\') {
     if (plain.empty()) cursor.Fail("a key is expected");
     return plain;
   }
-  std::wstring text(plain);
-  while (cursor.Peek() == L'\\') {
-    text.push_back(ReadIdentifierEscape(cursor, text.empty()));
+  std::string text(plain);
+  while (cursor.Peek() == '\\') {
+    AppendJson5Code(text, ReadIdentifierEscape(cursor, text.empty()));
     const std::size_t plainStart = cursor.Position();
     SkipPlainIdentifier(cursor, false);
     text += cursor.Since(plainStart);
@@ -357,13 +418,13 @@ std::wstring_view ReadIdentifier(Cursor& cursor, std::deque<std::wstring>& decod
 // An array or object that is being read.
 struct OpenValue {
   Kind kind;
-  std::wstring_view key;    // of the member that is being read
+  std::string_view key;     // of the member that is being read
   std::size_t firstMember;  // among the pending ones
 };
 
 class Json5Parser {
  public:
-  Json5Parser(std::wstring_view text, Json5Tree& target) : cursor(text), tree(target) {}
+  Json5Parser(std::string_view text, Json5Tree& target) : cursor(text), tree(target) {}
 
   void ParseDocument() {
     do {
@@ -378,9 +439,9 @@ class Json5Parser {
   void ReadValue() {
     while (true) {
       SkipSpace(cursor);
-      if (cursor.SkipIf(L'[')) {
+      if (cursor.SkipIf('[')) {
         Open(Kind::array);
-      } else if (cursor.SkipIf(L'{')) {
+      } else if (cursor.SkipIf('{')) {
         Open(Kind::object);
       } else {
         return Add(ReadScalar());
@@ -395,7 +456,7 @@ class Json5Parser {
   bool ReadSeparator() {
     while (!open.empty()) {
       SkipSpace(cursor);
-      const bool comma = cursor.SkipIf(L',');
+      const bool comma = cursor.SkipIf(',');
       if (SkipClosing()) {
         Close();
         continue;
@@ -417,7 +478,7 @@ class Json5Parser {
 
   bool SkipClosing() {
     SkipSpace(cursor);
-    return cursor.SkipIf(open.back().kind == Kind::array ? L']' : L'}');
+    return cursor.SkipIf(open.back().kind == Kind::array ? ']' : '}');
   }
 
   void Close() {
@@ -427,8 +488,8 @@ class Json5Parser {
     const auto first = pending.begin() + static_cast<std::ptrdiff_t>(closed.firstMember);
     Json5Value value;
     value.kind = closed.kind;
-    value.firstMember = tree.members.size();
-    value.memberCount = pending.size() - closed.firstMember;
+    std::construct_at(&value.members,
+                      Json5Members{tree.members.size(), pending.size() - closed.firstMember});
     tree.members.insert(tree.members.end(), first, pending.end());
     pending.resize(closed.firstMember);
     Add(value);
@@ -445,13 +506,23 @@ class Json5Parser {
       return !byKey(left, right);
     };
     if (std::adjacent_find(first, pending.end(), outOfOrder) == pending.end()) return;
-    std::stable_sort(first, pending.end(), byKey);
+    StableSort(first, pending.end(), byKey);
     const auto sameKey = [](const Json5Member& left, const Json5Member& right) {
       return left.key == right.key;
     };
     // From behind, the last of equals is the first, which `unique` keeps.
     const auto kept = std::unique(pending.rbegin(), std::make_reverse_iterator(first), sameKey);
     pending.erase(first, kept.base());
+  }
+
+  // Few members are sooner sorted in their place.
+  template <class Iterator, class Less>
+  static void StableSort(Iterator first, Iterator end, Less less) {
+    constexpr std::ptrdiff_t few = 16;
+    if (end - first > few) return std::stable_sort(first, end, less);
+    for (Iterator next = first; next != end; ++next) {
+      std::rotate(std::upper_bound(first, next, *next, less), next, next + 1);
+    }
   }
 
   void Add(const Json5Value& value) {
@@ -467,32 +538,32 @@ class Json5Parser {
     open.back().key =
         IsQuotationMark(cursor.Peek()) ? ReadString() : ReadIdentifier(cursor, tree.decoded);
     SkipSpace(cursor);
-    if (!cursor.SkipIf(L':')) cursor.Fail("a colon is expected behind a key");
+    if (!cursor.SkipIf(':')) cursor.Fail("a colon is expected behind a key");
   }
 
-  static bool IsQuotationMark(wchar_t unit) { return unit == L'"' || unit == L'\''; }
+  static bool IsQuotationMark(char byte) { return byte == '"' || byte == '\''; }
 
-  std::wstring_view ReadString() {
-    const wchar_t mark = cursor.Peek();
+  std::string_view ReadString() {
+    const char mark = cursor.Peek();
     cursor.Skip();
     return StringReader(cursor, mark).Read(tree.decoded);
   }
 
   Json5Value ReadScalar() {
     Json5Value value;
-    const wchar_t unit = cursor.Peek();
-    if (IsQuotationMark(unit)) {
+    const char byte = cursor.Peek();
+    if (IsQuotationMark(byte)) {
       value.kind = Kind::string;
-      value.text = ReadString();
-    } else if (IsDigit(unit) || std::wstring_view(L"+-.IN").find(unit) != std::wstring_view::npos) {
+      std::construct_at(&value.text, ReadString());
+    } else if (IsDigit(byte) || std::string_view("+-.IN").find(byte) != std::string_view::npos) {
       value.kind = Kind::number;
       value.number = ReadNumber(cursor);
-    } else if (cursor.SkipIf(L"true")) {
+    } else if (cursor.SkipIf("true")) {
       value.kind = Kind::boolean;
       value.boolean = true;
-    } else if (cursor.SkipIf(L"false")) {
+    } else if (cursor.SkipIf("false")) {
       value.kind = Kind::boolean;
-    } else if (!cursor.SkipIf(L"null")) {
+    } else if (!cursor.SkipIf("null")) {
       cursor.Fail("a value is expected");
     }
     return value;
@@ -504,34 +575,64 @@ class Json5Parser {
   std::vector<Json5Member> pending;  // of the open arrays and objects, those of the innermost last
 };
 
-// A line ends at each line terminator, and once at a carriage return and line feed.
-Json5Error ErrorAt(std::wstring_view text, const Malformed& malformed) {
+// A line ends at each line terminator, and once at a carriage return and line feed. What stands in
+// front of the error can be decoded.
+Json5Error ErrorAt(std::string_view text, const Malformed& malformed) {
   Json5Error error{1, 1, malformed.message};
-  for (std::size_t i = 0; i < malformed.position; ++i) {
-    const bool ended = IsLineTerminator(text[i]) &&
-                       !(text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n');
+  Cursor cursor(text);
+  while (cursor.Position() < malformed.position) {
+    const std::uint32_t code = cursor.TakeCode();
+    const bool ended = IsLineTerminator(code) && !(code == '\r' && cursor.Peek() == '\n');
     error.line += ended ? 1 : 0;
-    error.column = ended ? 1 : error.column + 1;
+    error.column = ended ? 1 : error.column + (sizeof(wchar_t) == 2 && code > 0xFFFF ? 2 : 1);
   }
   return error;
+}
+
+bool IsKeyLess(const Json5Member& member, std::string_view key) {
+  return member.key < key;
+}
+
+// The places among sorted members between which the first that isn't less than `key` is, found in
+// growing steps from `place` on.
+Json5Members Around(std::span<const Json5Member> all, std::string_view key, std::size_t place) {
+  std::size_t first = std::min(place, all.size());
+  std::size_t end = first;
+  for (std::size_t step = 1; end < all.size() && IsKeyLess(all[end], key); step *= 2) {
+    first = end + 1;
+    end = std::min(end + step, all.size());
+  }
+  for (std::size_t step = 1; first > 0 && !IsKeyLess(all[first - 1], key); step *= 2) {
+    end = first - 1;
+    first -= std::min(step, first);
+  }
+  return {first, end - first};
 }
 
 }  // namespace
 
 std::span<const Json5Member> Json5Tree::Members(const Json5Value& value) const {
-  return std::span(members).subspan(value.firstMember, value.memberCount);
+  if (value.kind != Kind::array && value.kind != Kind::object) return {};
+  return std::span(members).subspan(value.members.first, value.members.count);
 }
 
-const Json5Value* Json5Tree::Find(const Json5Value& object, std::wstring_view key) const {
+const Json5Value* Json5Tree::Find(const Json5Value& object, std::string_view key) const {
+  std::size_t place = object.kind == Kind::object ? object.members.count / 2 : 0;
+  return FindNear(object, key, place);
+}
+
+const Json5Value* Json5Tree::FindNear(const Json5Value& object, std::string_view key,
+                                      std::size_t& place) const {
   if (object.kind != Kind::object) return nullptr;
   const std::span<const Json5Member> all = Members(object);
-  const auto found = std::lower_bound(
-      all.begin(), all.end(), key,
-      [](const Json5Member& member, std::wstring_view wanted) { return member.key < wanted; });
-  return found != all.end() && found->key == key ? &found->value : nullptr;
+  const Json5Members around = Around(all, key, place);
+  const auto near = all.subspan(around.first, around.count);
+  const auto found = std::lower_bound(near.begin(), near.end(), key, IsKeyLess);
+  place = around.first + static_cast<std::size_t>(found - near.begin());
+  return place < all.size() && all[place].key == key ? &all[place].value : nullptr;
 }
 
-std::optional<Json5Error> ParseJson5(std::wstring_view text, Json5Tree& tree) {
+std::optional<Json5Error> ParseJson5(std::string_view text, Json5Tree& tree) {
   try {
     Json5Parser(text, tree).ParseDocument();
     return std::nullopt;

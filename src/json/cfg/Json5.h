@@ -16,20 +16,30 @@ namespace TolvenLibs::RevitMappingEditorDll {
 // Arrays and objects may stand this deep in each other. Deeper text is malformed.
 constexpr std::size_t maxJson5Depth = 1000;
 
+// The members of an array or object, by their places in a `Json5Tree`.
+struct Json5Members {
+  std::size_t first;
+  std::size_t count;
+};
+
+// The kind tells which of the others there is. All texts are as `Json5Text.h` has them.
 struct Json5Value {
   enum class Kind : unsigned char { null, boolean, number, string, array, object };
 
+  Json5Value() : number(0) {}
+
   Kind kind = Kind::null;
   bool boolean = false;
-  double number = 0;
-  std::wstring_view text;       // of a string
-  std::size_t firstMember = 0;  // of an array or object, see `Json5Tree`
-  std::size_t memberCount = 0;
+  union {
+    double number;
+    std::string_view text;
+    Json5Members members;
+  };
 };
 
 // An element of an array, which has an empty key, or a member of an object.
 struct Json5Member {
-  std::wstring_view key;
+  std::string_view key;
   Json5Value value;
 };
 
@@ -41,27 +51,32 @@ struct Json5Tree {
   Json5Tree& operator=(const Json5Tree&) = delete;
 
   // The elements of an array in their order, or the members of an object in the order of the keys'
-  // code units, each key once, with the last value that the text has for it. Of any other value
-  // there are none.
+  // bytes, each key once, with the last value that the text has for it. Of any other value there
+  // are none.
   std::span<const Json5Member> Members(const Json5Value& value) const;
 
   // The value of a member, or null if `object` is no object or has no such key.
-  const Json5Value* Find(const Json5Value& object, std::wstring_view key) const;
+  const Json5Value* Find(const Json5Value& object, std::string_view key) const;
+
+  // The same, the sooner the nearer the member stands to the `place` that the last search in this
+  // object left there; 0 at first.
+  const Json5Value* FindNear(const Json5Value& object, std::string_view key,
+                             std::size_t& place) const;
 
   Json5Value root;
   std::vector<Json5Member> members;  // those of one value side by side
-  std::deque<std::wstring> decoded;  // strings and keys that were written with escapes
+  std::deque<std::string> decoded;   // strings and keys that were written with escapes
 };
 
 struct Json5Error {
   std::size_t line;    // from 1
-  std::size_t column;  // from 1, in code units
+  std::size_t column;  // from 1, in units of `wchar_t`
   const char* message;
 };
 
-// Parses a whole text into an empty tree, in one pass and without recursion. An escaped surrogate
-// pair is one code point where `wchar_t` has 32 bits; a number beyond the range of a double is
-// infinite. Gives the error of malformed text, whose tree is of no use.
-std::optional<Json5Error> ParseJson5(std::wstring_view text, Json5Tree& tree);
+// Parses a whole text in UTF-8 into an empty tree, in one pass and without recursion. Bytes that
+// can't be decoded make a text malformed. A number beyond the range of a double is infinite. Gives
+// the error of malformed text, whose tree is of no use.
+std::optional<Json5Error> ParseJson5(std::string_view text, Json5Tree& tree);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

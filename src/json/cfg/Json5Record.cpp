@@ -1,53 +1,101 @@
 #include "Json5Record.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <functional>
 #include <utility>
+
+#include "Json5Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-Json5RecordItem& Json5Record::Item(std::wstring_view sectionName, std::wstring_view itemName) {
-  auto section = std::find_if(
-      sections.begin(), sections.end(),
-      [sectionName](const Json5RecordSection& one) { return one.name == sectionName; });
-  if (section == sections.end()) {
-    section = sections.insert(section, {Keep(sectionName), {}, {}});
-  }
-  const auto found = section->itemsByName.find(itemName);
-  if (found != section->itemsByName.end()) return *found->second;
-  Json5RecordItem& item = section->items.emplace_back();
-  item.name = Keep(itemName);
-  section->itemsByName.emplace(item.name, &item);
-  return item;
+std::size_t RepeatedTexts::PlaceOf(const wchar_t* text) {
+  Seen& last = SeenAt(text);
+  // What stands at the pointer may be another text than before.
+  if (last.pointer == text && std::wcscmp(texts[last.place]->c_str(), text) == 0) return last.place;
+  last = {text, Add(text)};
+  return last.place;
 }
 
-void Json5Record::Set(Json5RecordItem& item, std::wstring_view key, Json5RecordValue value,
-                      std::wstring_view comment) {
-  const std::size_t keyPlace = PlaceOf(key);
-  const std::size_t commentPlace = PlaceOf(comment);
-  const auto found =
-      std::find_if(item.params.begin(), item.params.end(),
-                   [keyPlace](const Json5RecordParam& param) { return param.key == keyPlace; });
-  if (found == item.params.end()) {
-    item.params.push_back({keyPlace, std::move(value), commentPlace});
-    return;
+RepeatedTexts::Seen& RepeatedTexts::SeenAt(const wchar_t* text) {
+  constexpr std::size_t tries = 8;
+  const std::size_t home = std::hash<const wchar_t*>()(text) / sizeof(wchar_t);
+  for (std::size_t i = 0; i < tries; ++i) {
+    Seen& one = seen[(home + i) % seen.size()];
+    if (one.pointer == text || one.pointer == nullptr) return one;
   }
-  found->value = std::move(value);
-  found->comment = commentPlace;
+  return seen[home % seen.size()];
+}
+
+std::size_t RepeatedTexts::Add(const wchar_t* text) {
+  const auto [entry, added] = places.try_emplace(text, texts.size());
+  if (!added) return entry->second;
+  try {
+    bytes.push_back(ToJson5Text(entry->first));
+    texts.push_back(&entry->first);
+  } catch (...) {
+    bytes.resize(texts.size());
+    places.erase(entry);
+    throw;
+  }
+  return entry->second;
+}
+
+std::size_t Json5Record::Open(const wchar_t* sectionName, std::wstring_view itemName) {
+  const std::size_t section = repeated.PlaceOf(sectionName);
+  items.push_back({section, Keep(itemName)});
+  return items.size() - 1;
+}
+
+void Json5Record::SetString(std::size_t item, std::size_t key, std::size_t comment,
+                            std::wstring_view value) {
+  const std::size_t start = values.size();
+  AppendString(values, value);
+  Add(item, key, comment, start);
+}
+
+void Json5Record::SetInt(std::size_t item, std::size_t key, std::size_t comment, int value) {
+  const std::size_t start = values.size();
+  AppendInt(values, value);
+  Add(item, key, comment, start);
+}
+
+void Json5Record::SetDouble(std::size_t item, std::size_t key, std::size_t comment, double value) {
+  const std::size_t start = values.size();
+  AppendReal(values, value);
+  Add(item, key, comment, start);
+}
+
+void Json5Record::Add(std::size_t item, std::size_t key, std::size_t comment, std::size_t start) {
+  params.push_back({item, key, comment, start, values.size() - start});
 }
 
 std::wstring_view Json5Record::Keep(std::wstring_view text) {
-  constexpr std::size_t usualSize = 4096;
-  if (blockSize - blockFilled <= text.size()) {
-    const std::size_t size = std::max(usualSize, text.size() + 1);
-    kept.push_back(std::make_unique_for_overwrite<wchar_t[]>(size));
-    blockSize = size;
-    blockFilled = 0;
-  }
-  wchar_t* copy = kept.back().get() + blockFilled;
+  wchar_t* copy = Room(text.size() + 1);
   text.copy(copy, text.size());
   copy[text.size()] = L'\0';
   blockFilled += text.size() + 1;
   return {copy, text.size()};
+}
+
+std::wstring_view Json5Record::KeepWide(std::string_view bytes) {
+  wchar_t* copy = Room(bytes.size() + 1);
+  const auto size = static_cast<std::size_t>(PutWideText(bytes, copy) - copy);
+  copy[size] = L'\0';
+  blockFilled += size + 1;
+  return {copy, size};
+}
+
+// Room for so many units at the end of the last block.
+wchar_t* Json5Record::Room(std::size_t units) {
+  constexpr std::size_t usualSize = 16384;
+  if (blockSize - blockFilled < units) {
+    const std::size_t size = std::max(usualSize, units);
+    kept.push_back(std::make_unique_for_overwrite<wchar_t[]>(size));
+    blockSize = size;
+    blockFilled = 0;
+  }
+  return kept.back().get() + blockFilled;
 }
 
 void Json5Record::Adopt(const wchar_t** texts, std::size_t count) {
@@ -61,22 +109,6 @@ void Json5Record::Adopt(const wchar_t** texts, std::size_t count) {
     throw;
   }
   for (std::size_t i = 0; i < count; ++i) owners.emplace_back(texts[i]);
-}
-
-std::size_t Json5Record::RepeatedHash::operator()(std::wstring_view text) const {
-  if (text.empty()) return 0;
-  const auto first = static_cast<std::size_t>(text.front());
-  const auto middle = static_cast<std::size_t>(text[text.size() / 2]);
-  const auto last = static_cast<std::size_t>(text.back());
-  return ((text.size() * 31 + first) * 31 + middle) * 31 + last;
-}
-
-std::size_t Json5Record::PlaceOf(std::wstring_view repeatedText) {
-  const auto found = placesInRepeated.find(repeatedText);
-  if (found != placesInRepeated.end()) return found->second;
-  repeated.push_back(Keep(repeatedText));
-  placesInRepeated.emplace(repeated.back(), repeated.size() - 1);
-  return repeated.size() - 1;
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,86 +1,123 @@
-// What was requested of a `CfgParser`, in the order of the first request for each thing.
+// What was requested of a `CfgParser`, in the order of the requests.
 
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <variant>
 #include <vector>
+
+#include "Json5Append.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A string, an integer, a real, or an array of strings.
-using Json5RecordValue =
-    std::variant<std::wstring_view, int, double, std::vector<std::wstring_view>>;
+// Section names, keys and comments are requested over and over. They stand here once, in the order
+// of their first request, and go by their place.
+class RepeatedTexts {
+ public:
+  // The place of a NUL-terminated text.
+  std::size_t PlaceOf(const wchar_t* text);
 
-// Keys and comments are requested over and over, and stand here by their place in `Repeated`.
-struct Json5RecordParam {
-  std::size_t key;
-  Json5RecordValue value;
-  std::size_t comment;
+  std::size_t Count() const { return texts.size(); }
+  const std::wstring& operator[](std::size_t place) const { return *texts[place]; }
+
+  // The text as JSON5 has it, see `Json5Text.h`.
+  const std::string& Bytes(std::size_t place) const { return bytes[place]; }
+
+ private:
+  // Most texts come from where they came before: the pointer tells where to look first.
+  struct Seen {
+    const wchar_t* pointer = nullptr;
+    std::size_t place = 0;
+  };
+
+  // Where the pointer was seen last, or where it can be noted.
+  Seen& SeenAt(const wchar_t* text);
+
+  std::size_t Add(const wchar_t* text);
+
+  std::array<Seen, 128> seen;
+  std::unordered_map<std::wstring, std::size_t> places;
+  std::vector<const std::wstring*> texts;
+  std::vector<std::string> bytes;
 };
 
+// An item of a section, once for each time that it was opened.
 struct Json5RecordItem {
+  std::size_t section;     // a place
   std::wstring_view name;  // "" for the section itself
-  std::vector<Json5RecordParam> params;
 };
 
-struct Json5RecordSection {
-  std::wstring_view name;
-  std::deque<Json5RecordItem> items;
-  std::unordered_map<std::wstring_view, Json5RecordItem*> itemsByName;
+struct Json5RecordParam {
+  std::size_t item;
+  std::size_t key;      // a place
+  std::size_t comment;  // a place
+  std::size_t start;    // of the value among `Values`
+  std::size_t length;
 };
 
-// All texts in the record are views of strings that it keeps until it ends, each with a NUL behind
-// it.
+// The record grows by what is requested, and nothing is looked up in it: most records are never
+// written. Values stand in it as they are written.
 class Json5Record {
  public:
   Json5Record() = default;
   Json5Record(const Json5Record&) = delete;
   Json5Record& operator=(const Json5Record&) = delete;
 
-  // The item, a new one on its first request. It stays where it is.
-  Json5RecordItem& Item(std::wstring_view sectionName, std::wstring_view itemName);
+  // Opens an item, to which the requests that follow may belong.
+  std::size_t Open(const wchar_t* sectionName, std::wstring_view itemName);
 
-  // Records a value, over the one that the key may have already. The value's texts must be kept.
-  void Set(Json5RecordItem& item, std::wstring_view key, Json5RecordValue value,
-           std::wstring_view comment);
+  void SetString(std::size_t item, std::size_t key, std::size_t comment, std::wstring_view value);
+  void SetInt(std::size_t item, std::size_t key, std::size_t comment, int value);
+  void SetDouble(std::size_t item, std::size_t key, std::size_t comment, double value);
+  template <class Texts>
+  void SetStrings(std::size_t item, std::size_t key, std::size_t comment, const Texts& texts) {
+    const std::size_t start = values.size();
+    values += '[';
+    for (const std::wstring_view text : texts) {
+      if (values.size() != start + 1) values += ", ";
+      AppendString(values, text);
+    }
+    values += ']';
+    Add(item, key, comment, start);
+  }
 
-  // A copy of the text that lives as long as the record.
+  // A copy of the text that lives as long as the record, with a NUL behind it.
   std::wstring_view Keep(std::wstring_view text);
+
+  // The same of a text of JSON5.
+  std::wstring_view KeepWide(std::string_view bytes);
 
   // Takes over strings that were made with `new[]`; if memory runs out it frees them and raises
   // `bad_alloc`.
   void Adopt(const wchar_t** texts, std::size_t count);
 
-  const std::deque<Json5RecordSection>& Sections() const { return sections; }
+  RepeatedTexts repeated;
 
-  // The keys and comments, each once.
-  const std::vector<std::wstring_view>& Repeated() const { return repeated; }
+  const std::vector<Json5RecordItem>& Items() const { return items; }
+  const std::vector<Json5RecordParam>& Params() const { return params; }
+  const std::string& Values() const { return values; }
 
  private:
-  // By a few units: the texts are few, and long.
-  struct RepeatedHash {
-    std::size_t operator()(std::wstring_view text) const;
-  };
+  wchar_t* Room(std::size_t units);
+  void Add(std::size_t item, std::size_t key, std::size_t comment, std::size_t start);
 
-  std::size_t PlaceOf(std::wstring_view repeatedText);
-
-  std::deque<Json5RecordSection> sections;
+  std::vector<Json5RecordItem> items;
+  std::vector<Json5RecordParam> params;
+  std::string values;
   std::vector<std::unique_ptr<wchar_t[]>> kept;  // blocks with texts side by side
   std::size_t blockSize = 0;                     // of the last block
   std::size_t blockFilled = 0;
-  std::vector<std::wstring_view> repeated;
-  std::unordered_map<std::wstring_view, std::size_t, RepeatedHash> placesInRepeated;
   std::vector<std::unique_ptr<const wchar_t[]>> adopted;
 };
 
 // The record as a file: one object with the sections, each an object with its items, in JSON that
-// has comments, as UTF-8. Two records of the same requests give the same bytes.
+// has comments, as UTF-8. Sections, items and keys stand in the order of the first request for
+// each, a key with the value and the comment of the last. Two records of the same requests give the
+// same bytes.
 std::string FormatJson5(const Json5Record& record);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

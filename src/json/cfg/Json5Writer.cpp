@@ -1,13 +1,14 @@
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <cstdint>
-#include <iterator>
+#include <cstddef>
+#include <functional>
+#include <numeric>
 #include <string>
 #include <string_view>
-#include <variant>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "Json5Append.h"
 #include "Json5Record.h"
 #include "editor/Utf8.h"
 
@@ -18,93 +19,6 @@ namespace {
 bool IsLineTerminator(wchar_t unit) {
   return unit == L'\n' || unit == L'\r' || unit == 0x2028 || unit == 0x2029;
 }
-
-void AppendEscape(std::string& bytes, wchar_t unit) {
-  constexpr const char* digits = "0123456789abcdef";
-  bytes += "\\u";
-  for (int shift = 12; shift >= 0; shift -= 4) {
-    bytes += digits[(static_cast<std::uint32_t>(unit) >> shift) & 0xF];
-  }
-}
-
-// The length of the plain text at the head of `text`: of units that each stand for themselves.
-std::size_t PlainLength(std::wstring_view text) {
-  std::size_t length = 0;
-  for (const wchar_t unit : text) {
-    const auto code = static_cast<std::uint32_t>(unit);
-    const bool noCodePoint = (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF;
-    if (code < L' ' || unit == L'"' || unit == L'\\' || IsLineTerminator(unit) || noCodePoint)
-      break;
-    ++length;
-  }
-  return length;
-}
-
-// Whether two units at the head of `text` make one code point. Where units have 32 bits none do,
-// and surrogates are written as escapes.
-bool IsPair(std::wstring_view text) {
-  if constexpr (sizeof(wchar_t) == 2) {
-    return text.size() >= 2 && text[0] >= 0xD800 && text[0] <= 0xDBFF && text[1] >= 0xDC00 &&
-           text[1] <= 0xDFFF;
-  } else {
-    return false;
-  }
-}
-
-// The characters of a string that can't stand for themselves.
-void AppendSpecial(std::string& bytes, wchar_t unit) {
-  constexpr std::wstring_view named = L"\"\\\b\f\n\r\t";
-  constexpr std::string_view names = "\"\\bfnrt";
-  const std::size_t found = named.find(unit);
-  if (found == named.npos) return AppendEscape(bytes, unit);
-  bytes += '\\';
-  bytes += names[found];
-}
-
-void AppendString(std::string& bytes, std::wstring_view text) {
-  bytes += '"';
-  while (!text.empty()) {
-    const std::size_t plain = IsPair(text) ? 2 : PlainLength(text);
-    if (plain == 0) {
-      AppendSpecial(bytes, text.front());
-      text.remove_prefix(1);
-      continue;
-    }
-    // What is plain stands for code points, and so has a form in UTF-8.
-    AppendUtf8(bytes, text.substr(0, plain));
-    text.remove_prefix(plain);
-  }
-  bytes += '"';
-}
-
-// With a point or an exponent, so that it reads as a real. What JSON has no number for is null.
-void AppendReal(std::string& bytes, double number) {
-  if (!std::isfinite(number)) {
-    bytes += "null";
-    return;
-  }
-  char chars[32];
-  const char* end = std::to_chars(std::begin(chars), std::end(chars), number).ptr;
-  const std::string_view text(chars, static_cast<std::size_t>(end - chars));
-  bytes += text;
-  if (text.find_first_of(".e") == text.npos) bytes += ".0";
-}
-
-struct AppendValue {
-  void operator()(std::wstring_view text) const { AppendString(bytes, text); }
-  void operator()(int number) const { bytes += std::to_string(number); }
-  void operator()(double number) const { AppendReal(bytes, number); }
-  void operator()(const std::vector<std::wstring_view>& texts) const {
-    bytes += '[';
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-      if (i != 0) bytes += ", ";
-      AppendString(bytes, texts[i]);
-    }
-    bytes += ']';
-  }
-
-  std::string& bytes;
-};
 
 // A comment with what stands in front of it. It ends with its line, and so has no line end of its
 // own.
@@ -152,22 +66,99 @@ class Lines {
   bool any = false;
 };
 
+// An item with all its requests, whichever time they were made.
+struct Item {
+  std::size_t section;  // among the sections in their order
+  std::wstring_view name;
+  std::size_t paramCount = 0;
+};
+
+// The items of a record, each once, section by section in the order of their first requests.
+class Items {
+ public:
+  explicit Items(const Json5Record& record) : orderOf(record.Items().size()) {
+    std::vector<std::size_t> sectionOf(record.repeated.Count(), none);
+    std::vector<std::unordered_map<std::wstring_view, std::size_t>> byName;
+    for (std::size_t i = 0; i < orderOf.size(); ++i) {
+      const Json5RecordItem& opened = record.Items()[i];
+      std::size_t& section = sectionOf[opened.section];
+      if (section == none) {
+        section = byName.size();
+        byName.emplace_back();
+        sections.push_back(opened.section);
+      }
+      const auto [entry, added] = byName[section].try_emplace(opened.name, items.size());
+      if (added) items.push_back({section, opened.name});
+      orderOf[i] = entry->second;
+    }
+    SortBySection();
+    for (const Json5RecordParam& param : record.Params()) ++items[OrderOf(param)].paramCount;
+  }
+
+  // The sections, as places among the repeated texts.
+  const std::vector<std::size_t>& Sections() const { return sections; }
+  const std::vector<Item>& All() const { return items; }
+  std::size_t OrderOf(const Json5RecordParam& param) const { return orderOf[param.item]; }
+
+ private:
+  void SortBySection() {
+    std::vector<std::size_t> sorted(items.size());
+    std::iota(sorted.begin(), sorted.end(), std::size_t{0});
+    const auto bySection = [this](std::size_t left, std::size_t right) {
+      return items[left].section < items[right].section;
+    };
+    if (std::is_sorted(sorted.begin(), sorted.end(), bySection)) return;
+    std::stable_sort(sorted.begin(), sorted.end(), bySection);
+    std::vector<Item> inOrder;
+    std::vector<std::size_t> newOrder(items.size());
+    for (std::size_t i = 0; i < sorted.size(); ++i) {
+      inOrder.push_back(items[sorted[i]]);
+      newOrder[sorted[i]] = i;
+    }
+    items = std::move(inOrder);
+    for (std::size_t& order : orderOf) order = newOrder[order];
+  }
+
+  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+  std::vector<std::size_t> sections;
+  std::vector<Item> items;
+  std::vector<std::size_t> orderOf;  // of each item that was opened, its place in `items`
+};
+
+// The requests of a record, item by item.
+std::vector<const Json5RecordParam*> SortByItem(const Json5Record& record, const Items& items) {
+  std::vector<const Json5RecordParam*> params;
+  params.reserve(record.Params().size());
+  for (const Json5RecordParam& param : record.Params()) params.push_back(&param);
+  const auto byItem = [&items](const Json5RecordParam* left, const Json5RecordParam* right) {
+    return items.OrderOf(*left) < items.OrderOf(*right);
+  };
+  if (!std::is_sorted(params.begin(), params.end(), byItem)) {
+    std::stable_sort(params.begin(), params.end(), byItem);
+  }
+  return params;
+}
+
 // Keys and comments are put into bytes once, however often they stand in the file.
 class RecordWriter {
  public:
-  explicit RecordWriter(const Json5Record& requests) : record(requests) {
-    for (const std::wstring_view text : record.Repeated()) {
-      keys.push_back(FormatKey(text));
-      comments.push_back(FormatComment(text));
+  explicit RecordWriter(const Json5Record& requests)
+      : record(requests), items(requests), params(SortByItem(requests, items)) {
+    for (std::size_t place = 0; place < record.repeated.Count(); ++place) {
+      keys.push_back(FormatKey(record.repeated[place]));
+      comments.push_back(FormatComment(record.repeated[place]));
     }
+    lastOfKey.resize(keys.size());
   }
 
   std::string Write() {
+    bytes.reserve(Size());
     bytes = "{";
     Lines lines(bytes, 1);
-    for (const Json5RecordSection& section : record.Sections()) {
-      lines.Begin(FormatKey(section.name));
-      WriteSection(section);
+    for (const std::size_t section : items.Sections()) {
+      lines.Begin(keys[section]);
+      WriteSection();
     }
     lines.End();
     bytes += "}\n";
@@ -175,22 +166,43 @@ class RecordWriter {
   }
 
  private:
-  void WriteSection(const Json5RecordSection& section) {
+  // About how long the file gets.
+  std::size_t Size() const {
+    constexpr std::size_t around = 16;  // blanks, a colon, a comma
+    std::size_t size = record.Values().size();
+    for (const Json5RecordParam* param : params) {
+      size += keys[param->key].size() + comments[param->comment].size() + around;
+    }
+    for (const Item& item : items.All()) size += 2 * (item.name.size() + around);
+    return size;
+  }
+
+  // The section of the next item, with all its items.
+  void WriteSection() {
     bytes += '{';
     Lines lines(bytes, 2);
-    for (const Json5RecordItem& item : section.items) {
-      if (item.name.empty() && section.items.size() == 1) {
+    const std::vector<Item>& all = items.All();
+    const std::size_t section = all[nextItem].section;
+    const auto isWithin = [&all, section](std::size_t item) {
+      return item < all.size() && all[item].section == section;
+    };
+    const bool alone = !isWithin(nextItem + 1);
+    for (; isWithin(nextItem); ++nextItem) {
+      const Item& item = all[nextItem];
+      if (item.name.empty() && alone) {
         WriteParams(lines, item);
         continue;
       }
-      lines.Begin(FormatKey(item.name));
+      name.clear();
+      AppendString(name, item.name);
+      lines.Begin(name);
       WriteItem(item);
     }
     lines.End();
     bytes += '}';
   }
 
-  void WriteItem(const Json5RecordItem& item) {
+  void WriteItem(const Item& item) {
     bytes += '{';
     Lines lines(bytes, 3);
     WriteParams(lines, item);
@@ -198,17 +210,31 @@ class RecordWriter {
     bytes += '}';
   }
 
-  void WriteParams(Lines& lines, const Json5RecordItem& item) {
-    for (const Json5RecordParam& param : item.params) {
-      lines.Begin(keys[param.key]);
-      std::visit(AppendValue{bytes}, param.value);
-      lines.Comment(comments[param.comment]);
+  // The requests for one key after the first of them only replace its value.
+  void WriteParams(Lines& lines, const Item& item) {
+    const auto first = params.begin() + static_cast<std::ptrdiff_t>(nextParam);
+    const auto end = first + static_cast<std::ptrdiff_t>(item.paramCount);
+    for (auto param = first; param != end; ++param) lastOfKey[(*param)->key] = *param;
+    for (auto param = first; param != end; ++param) {
+      const Json5RecordParam*& last = lastOfKey[(*param)->key];
+      if (last == nullptr) continue;
+      lines.Begin(keys[last->key]);
+      bytes.append(record.Values(), last->start, last->length);
+      lines.Comment(comments[last->comment]);
+      last = nullptr;
     }
+    nextParam += item.paramCount;
   }
 
   const Json5Record& record;
+  Items items;
+  std::vector<const Json5RecordParam*> params;
   std::vector<std::string> keys;
   std::vector<std::string> comments;
+  std::vector<const Json5RecordParam*> lastOfKey;  // of the item that is being written
+  std::size_t nextItem = 0;
+  std::size_t nextParam = 0;
+  std::string name;
   std::string bytes;
 };
 

@@ -12,14 +12,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Json5.h"
-#include "editor/Utf8.h"
+#include "Json5Text.h"
 
 namespace {
 
@@ -66,7 +65,7 @@ void AppendArray(std::string& line, const Json5Tree& tree, const Json5Value& arr
 void AppendObject(std::string& line, const Json5Tree& tree, const Json5Value& object) {
   std::vector<std::pair<std::string, const Json5Value*>> members;
   for (const Json5Member& member : tree.Members(object)) {
-    members.emplace_back(Units(member.key), &member.value);
+    members.emplace_back(Units(ToWideText(member.key)), &member.value);
   }
   std::sort(members.begin(), members.end(),
             [](const auto& left, const auto& right) { return left.first < right.first; });
@@ -92,7 +91,7 @@ void AppendTree(std::string& line, const Json5Tree& tree, const Json5Value& valu
       AppendHex(line, Bits(value.number), 16);
       break;
     case Kind::string:
-      line += '"' + Units(value.text) + '"';
+      line += '"' + Units(ToWideText(value.text)) + '"';
       break;
     case Kind::array:
       AppendArray(line, tree, value);
@@ -104,9 +103,8 @@ void AppendTree(std::string& line, const Json5Tree& tree, const Json5Value& valu
 }
 
 std::string LineOf(std::string_view document) {
-  const std::optional<std::wstring> text = DecodeWholeUtf8(document);
   Json5Tree tree;
-  if (!text || ParseJson5(*text, tree)) return "error";
+  if (ParseJson5(document, tree)) return "error";
   std::string line;
   AppendTree(line, tree, tree.root);
   return line;

@@ -1,0 +1,86 @@
+#include "Json5Text.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+constexpr char noText = '\xFF';
+
+// The code at the head of `bytes`, which loses it. Its form has been checked.
+char32_t TakeCode(std::string_view& bytes) {
+  const auto lead = static_cast<unsigned char>(bytes.front());
+  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  char32_t code = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    code = (code << 6) | (static_cast<unsigned char>(bytes[i]) & 0x3FU);
+  }
+  bytes.remove_prefix(length);
+  return code;
+}
+
+// Whether two units at the head of `text` make one code point. Where units have 32 bits none do.
+bool IsPair(std::wstring_view text) {
+  return sizeof(wchar_t) == 2 && text.size() >= 2 && text[0] >= 0xD800 && text[0] <= 0xDBFF &&
+         text[1] >= 0xDC00 && text[1] <= 0xDFFF;
+}
+
+}  // namespace
+
+void AppendJson5Code(std::string& bytes, char32_t code) {
+  const auto put = [&bytes](char32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+  if (code < 0x80) return put(code);
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6));
+  } else if (code < 0x10000) {
+    put(0xE0 | (code >> 12));
+    put(0x80 | ((code >> 6) & 0x3F));
+  } else {
+    put(0xF0 | (code >> 18));
+    put(0x80 | ((code >> 12) & 0x3F));
+    put(0x80 | ((code >> 6) & 0x3F));
+  }
+  put(0x80 | (code & 0x3F));
+}
+
+std::string ToJson5Text(std::wstring_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  while (!text.empty()) {
+    auto code = static_cast<char32_t>(text.front());
+    if (IsPair(text)) {
+      code = ((code - 0xD7C0) << 10) + (static_cast<char32_t>(text[1]) - 0xDC00);
+      text.remove_prefix(1);
+    }
+    text.remove_prefix(1);
+    if (code > 0x10FFFF) {
+      bytes.push_back(noText);
+    } else {
+      AppendJson5Code(bytes, code);
+    }
+  }
+  return bytes;
+}
+
+wchar_t* PutWideText(std::string_view bytes, wchar_t* out) {
+  while (!bytes.empty()) {
+    const char32_t code = TakeCode(bytes);
+    if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
+      *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
+      *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
+    } else {
+      *out++ = static_cast<wchar_t>(code);
+    }
+  }
+  return out;
+}
+
+std::wstring ToWideText(std::string_view bytes) {
+  std::wstring text(bytes.size(), L'\0');
+  text.resize(static_cast<std::size_t>(PutWideText(bytes, text.data()) - text.data()));
+  return text;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
