@@ -40,8 +40,8 @@ class Requests {
   }
 
   Requests& Set(std::wstring_view key, const Value& value, std::wstring_view comment = L"") {
-    const std::size_t keyPlace = record.repeated.PlaceOf(std::wstring(key).c_str());
-    const std::size_t commentPlace = record.repeated.PlaceOf(std::wstring(comment).c_str());
+    const std::uint32_t keyPlace = record.repeated.PlaceOf(std::wstring(key).c_str());
+    const std::uint32_t commentPlace = record.repeated.PlaceOf(std::wstring(comment).c_str());
     std::visit(Setter{record, current, keyPlace, commentPlace}, value);
     return *this;
   }
@@ -50,15 +50,20 @@ class Requests {
 
  private:
   struct Setter {
-    void operator()(const std::wstring& text) const { record.SetString(item, key, comment, text); }
-    void operator()(int number) const { record.SetInt(item, key, comment, number); }
-    void operator()(double number) const { record.SetDouble(item, key, comment, number); }
-    void operator()(const Texts& texts) const { record.SetStrings(item, key, comment, texts); }
+    void operator()(const std::wstring& text) const { Set(record.Keep(text)); }
+    void operator()(int number) const { Set(number); }
+    void operator()(double number) const { Set(number); }
+    void operator()(const Texts& texts) const {
+      std::vector<std::wstring_view> kept;
+      for (const std::wstring& text : texts) kept.push_back(record.Keep(text));
+      Set(record.List(kept));
+    }
+    void Set(const Json5RecordValue& value) const { record.Set(item, key, comment, value); }
 
     Json5Record& record;
     std::size_t item;
-    std::size_t key;
-    std::size_t comment;
+    std::uint32_t key;
+    std::uint32_t comment;
   };
 
   Json5Record record;

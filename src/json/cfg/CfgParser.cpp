@@ -34,7 +34,8 @@ JSON5Section* CfgParser::Section(const wchar_t* sectionName, bool& found, bool /
   const Json5RecordItem& opened = record.Items()[item];
   const Json5Value* value = nullptr;
   if (tree.root.kind == Json5Value::Kind::object) {
-    value = Find(record.repeated.Bytes(opened.section), ToJson5Text(opened.name));
+    ToJson5Text(opened.name, itemBytes);
+    value = Find(record.repeated.Bytes(opened.section), itemBytes);
   }
   found = value != nullptr;
   return new JSON5Section(tree, value, record, item);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "Json5.h"
 #include "Json5Record.h"
@@ -41,7 +42,7 @@ class JSON5Section {
 
  private:
   // The file's value of a key, by the key's place in the record.
-  const TolvenLibs::RevitMappingEditorDll::Json5Value* FindValue(std::size_t key,
+  const TolvenLibs::RevitMappingEditorDll::Json5Value* FindValue(std::uint32_t key,
                                                                  bool overriding) const;
 
   const TolvenLibs::RevitMappingEditorDll::Json5Tree& tree;

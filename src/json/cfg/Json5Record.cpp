@@ -9,7 +9,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-std::size_t RepeatedTexts::PlaceOf(const wchar_t* text) {
+std::uint32_t RepeatedTexts::PlaceOf(const wchar_t* text) {
   Seen& last = SeenAt(text);
   // What stands at the pointer may be another text than before.
   if (last.pointer == text && std::wcscmp(texts[last.place]->c_str(), text) == 0) return last.place;
@@ -27,8 +27,8 @@ RepeatedTexts::Seen& RepeatedTexts::SeenAt(const wchar_t* text) {
   return seen[home % seen.size()];
 }
 
-std::size_t RepeatedTexts::Add(const wchar_t* text) {
-  const auto [entry, added] = places.try_emplace(text, texts.size());
+std::uint32_t RepeatedTexts::Add(const wchar_t* text) {
+  const auto [entry, added] = places.try_emplace(text, static_cast<std::uint32_t>(texts.size()));
   if (!added) return entry->second;
   try {
     bytes.push_back(ToJson5Text(entry->first));
@@ -42,32 +42,14 @@ std::size_t RepeatedTexts::Add(const wchar_t* text) {
 }
 
 std::size_t Json5Record::Open(const wchar_t* sectionName, std::wstring_view itemName) {
-  const std::size_t section = repeated.PlaceOf(sectionName);
+  const std::uint32_t section = repeated.PlaceOf(sectionName);
   items.push_back({section, Keep(itemName)});
   return items.size() - 1;
 }
 
-void Json5Record::SetString(std::size_t item, std::size_t key, std::size_t comment,
-                            std::wstring_view value) {
-  const std::size_t start = values.size();
-  AppendString(values, value);
-  Add(item, key, comment, start);
-}
-
-void Json5Record::SetInt(std::size_t item, std::size_t key, std::size_t comment, int value) {
-  const std::size_t start = values.size();
-  AppendInt(values, value);
-  Add(item, key, comment, start);
-}
-
-void Json5Record::SetDouble(std::size_t item, std::size_t key, std::size_t comment, double value) {
-  const std::size_t start = values.size();
-  AppendReal(values, value);
-  Add(item, key, comment, start);
-}
-
-void Json5Record::Add(std::size_t item, std::size_t key, std::size_t comment, std::size_t start) {
-  params.push_back({item, key, comment, start, values.size() - start});
+void Json5Record::Set(std::size_t item, std::uint32_t key, std::uint32_t comment,
+                      const Json5RecordValue& value) {
+  params.push_back({item, key, comment, value});
 }
 
 std::wstring_view Json5Record::Keep(std::wstring_view text) {
@@ -98,17 +80,17 @@ wchar_t* Json5Record::Room(std::size_t units) {
   return kept.back().get() + blockFilled;
 }
 
-void Json5Record::Adopt(const wchar_t** texts, std::size_t count) {
+void Json5Record::Adopt(const wchar_t** strings, std::size_t count) {
   std::vector<std::unique_ptr<const wchar_t[]>>& owners = adopted;
   try {
     if (owners.capacity() - owners.size() < count) {
       owners.reserve(std::max(2 * owners.capacity(), owners.size() + count));
     }
   } catch (...) {
-    for (std::size_t i = 0; i < count; ++i) delete[] texts[i];
+    for (std::size_t i = 0; i < count; ++i) delete[] strings[i];
     throw;
   }
-  for (std::size_t i = 0; i < count; ++i) owners.emplace_back(texts[i]);
+  for (std::size_t i = 0; i < count; ++i) owners.emplace_back(strings[i]);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

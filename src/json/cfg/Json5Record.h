@@ -4,13 +4,15 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <variant>
 #include <vector>
-
-#include "Json5Append.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -19,7 +21,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 class RepeatedTexts {
  public:
   // The place of a NUL-terminated text.
-  std::size_t PlaceOf(const wchar_t* text);
+  std::uint32_t PlaceOf(const wchar_t* text);
 
   std::size_t Count() const { return texts.size(); }
   const std::wstring& operator[](std::size_t place) const { return *texts[place]; }
@@ -31,36 +33,44 @@ class RepeatedTexts {
   // Most texts come from where they came before: the pointer tells where to look first.
   struct Seen {
     const wchar_t* pointer = nullptr;
-    std::size_t place = 0;
+    std::uint32_t place = 0;
   };
 
   // Where the pointer was seen last, or where it can be noted.
   Seen& SeenAt(const wchar_t* text);
 
-  std::size_t Add(const wchar_t* text);
+  std::uint32_t Add(const wchar_t* text);
 
   std::array<Seen, 128> seen;
-  std::unordered_map<std::wstring, std::size_t> places;
+  std::unordered_map<std::wstring, std::uint32_t> places;
   std::vector<const std::wstring*> texts;
   std::vector<std::string> bytes;
 };
 
 // An item of a section, once for each time that it was opened.
 struct Json5RecordItem {
-  std::size_t section;     // a place
+  std::uint32_t section;   // a place
   std::wstring_view name;  // "" for the section itself
 };
 
+// Some of the record's texts, side by side.
+struct Json5RecordTexts {
+  std::size_t first;
+  std::size_t count;
+};
+
+// A string, an integer, a real, or an array of strings.
+using Json5RecordValue = std::variant<std::wstring_view, int, double, Json5RecordTexts>;
+
 struct Json5RecordParam {
   std::size_t item;
-  std::size_t key;      // a place
-  std::size_t comment;  // a place
-  std::size_t start;    // of the value among `Values`
-  std::size_t length;
+  std::uint32_t key;      // a place
+  std::uint32_t comment;  // a place
+  Json5RecordValue value;
 };
 
 // The record grows by what is requested, and nothing is looked up in it: most records are never
-// written. Values stand in it as they are written.
+// written.
 class Json5Record {
  public:
   Json5Record() = default;
@@ -70,19 +80,16 @@ class Json5Record {
   // Opens an item, to which the requests that follow may belong.
   std::size_t Open(const wchar_t* sectionName, std::wstring_view itemName);
 
-  void SetString(std::size_t item, std::size_t key, std::size_t comment, std::wstring_view value);
-  void SetInt(std::size_t item, std::size_t key, std::size_t comment, int value);
-  void SetDouble(std::size_t item, std::size_t key, std::size_t comment, double value);
-  template <class Texts>
-  void SetStrings(std::size_t item, std::size_t key, std::size_t comment, const Texts& texts) {
-    const std::size_t start = values.size();
-    values += '[';
-    for (const std::wstring_view text : texts) {
-      if (values.size() != start + 1) values += ", ";
-      AppendString(values, text);
-    }
-    values += ']';
-    Add(item, key, comment, start);
+  // Records a value. Its texts must be kept.
+  void Set(std::size_t item, std::uint32_t key, std::uint32_t comment,
+           const Json5RecordValue& value);
+
+  // The value of an array of kept texts.
+  template <class Range>
+  Json5RecordTexts List(const Range& range) {
+    const std::size_t first = texts.size();
+    texts.insert(texts.end(), std::begin(range), std::end(range));
+    return {first, texts.size() - first};
   }
 
   // A copy of the text that lives as long as the record, with a NUL behind it.
@@ -93,21 +100,22 @@ class Json5Record {
 
   // Takes over strings that were made with `new[]`; if memory runs out it frees them and raises
   // `bad_alloc`.
-  void Adopt(const wchar_t** texts, std::size_t count);
+  void Adopt(const wchar_t** strings, std::size_t count);
 
   RepeatedTexts repeated;
 
   const std::vector<Json5RecordItem>& Items() const { return items; }
   const std::vector<Json5RecordParam>& Params() const { return params; }
-  const std::string& Values() const { return values; }
+
+  std::span<const std::wstring_view> Texts(const Json5RecordTexts& listed) const {
+    return std::span(texts).subspan(listed.first, listed.count);
+  }
 
  private:
   wchar_t* Room(std::size_t units);
-  void Add(std::size_t item, std::size_t key, std::size_t comment, std::size_t start);
-
   std::vector<Json5RecordItem> items;
   std::vector<Json5RecordParam> params;
-  std::string values;
+  std::vector<std::wstring_view> texts;  // of the arrays
   std::vector<std::unique_ptr<wchar_t[]>> kept;  // blocks with texts side by side
   std::size_t blockSize = 0;                     // of the last block
   std::size_t blockFilled = 0;

@@ -47,7 +47,12 @@ void AppendJson5Code(std::string& bytes, char32_t code) {
 
 std::string ToJson5Text(std::wstring_view text) {
   std::string bytes;
-  bytes.reserve(text.size());
+  ToJson5Text(text, bytes);
+  return bytes;
+}
+
+void ToJson5Text(std::wstring_view text, std::string& bytes) {
+  bytes.clear();
   while (!text.empty()) {
     auto code = static_cast<char32_t>(text.front());
     if (IsPair(text)) {
@@ -61,11 +66,15 @@ std::string ToJson5Text(std::wstring_view text) {
       AppendJson5Code(bytes, code);
     }
   }
-  return bytes;
 }
 
 wchar_t* PutWideText(std::string_view bytes, wchar_t* out) {
   while (!bytes.empty()) {
+    while (!bytes.empty() && static_cast<unsigned char>(bytes.front()) < 0x80) {
+      *out++ = static_cast<wchar_t>(bytes.front());
+      bytes.remove_prefix(1);
+    }
+    if (bytes.empty()) break;
     const char32_t code = TakeCode(bytes);
     if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
       *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));

@@ -14,6 +14,9 @@ void AppendJson5Code(std::string& bytes, char32_t code);
 // The bytes of a wide text. A unit that stands for nothing becomes a byte that no string has.
 std::string ToJson5Text(std::wstring_view text);
 
+// The same, in the place of what `bytes` holds.
+void ToJson5Text(std::wstring_view text, std::string& bytes);
+
 // Writes the wide form of `bytes` to `out`, which has room for as many units as there are bytes.
 // Gives the place behind it.
 wchar_t* PutWideText(std::string_view bytes, wchar_t* out);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "Json5Append.h"
@@ -35,6 +36,25 @@ std::string FormatKey(std::wstring_view key) {
   AppendString(bytes, key);
   return bytes;
 }
+
+struct AppendValue {
+  void operator()(std::wstring_view text) const { AppendString(bytes, text); }
+  void operator()(int number) const { AppendInt(bytes, number); }
+  void operator()(double number) const { AppendReal(bytes, number); }
+  void operator()(const Json5RecordTexts& texts) const {
+    bytes += '[';
+    const char* separator = "";
+    for (const std::wstring_view text : record.Texts(texts)) {
+      bytes += separator;
+      AppendString(bytes, text);
+      separator = ", ";
+    }
+    bytes += ']';
+  }
+
+  std::string& bytes;
+  const Json5Record& record;
+};
 
 // The lines between the braces of an object, each an entry with a comma behind it but for the last,
 // and then a comment.
@@ -169,9 +189,10 @@ class RecordWriter {
   // About how long the file gets.
   std::size_t Size() const {
     constexpr std::size_t around = 16;  // blanks, a colon, a comma
-    std::size_t size = record.Values().size();
+    constexpr std::size_t value = 24;
+    std::size_t size = 0;
     for (const Json5RecordParam* param : params) {
-      size += keys[param->key].size() + comments[param->comment].size() + around;
+      size += keys[param->key].size() + value + comments[param->comment].size() + around;
     }
     for (const Item& item : items.All()) size += 2 * (item.name.size() + around);
     return size;
@@ -219,7 +240,7 @@ class RecordWriter {
       const Json5RecordParam*& last = lastOfKey[(*param)->key];
       if (last == nullptr) continue;
       lines.Begin(keys[last->key]);
-      bytes.append(record.Values(), last->start, last->length);
+      std::visit(AppendValue{bytes, record}, last->value);
       lines.Comment(comments[last->comment]);
       last = nullptr;
     }
