@@ -1,16 +1,11 @@
 #pragma once
 
-#include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "domen/DomenProperty.h"
+#include "domen/DomenProperties.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
-
-// Properties by key, in the order of the keys' code units.
-using DomenProperties = std::map<std::wstring, DomenProperty, std::less<>>;
 
 // One domain: a named set of properties. A moved-from domain is empty.
 struct Domen {
@@ -44,7 +39,7 @@ struct Domen {
 
   std::wstring id;
   std::wstring name;  // for the interface
-  DomenProperties properties;
+  IndexedProperties properties;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -67,6 +67,14 @@ bool IsSteady(const Properties::PropertyParameter& field) {
   }
 }
 
+// A field of one of the library's own classes, made anew.
+Field CopyOf(Properties::PropertyParameter& field) {
+  std::wstring text = field.GetValue();
+  Field copy = MakeField(field.name, field.title, field.valueType, field.fieldFlag);
+  copy->SetValue(std::move(text));
+  return copy;
+}
+
 }  // namespace
 
 DomenProperty::DomenProperty(std::wstring propertyId, std::wstring propertyName,
@@ -115,12 +123,12 @@ int DomenProperty::AppendField(std::wstring fieldName, std::wstring title, int v
 
 void DomenProperty::PassValuesThroughText() {
   for (Field& field : fields) {
-    if (IsSteady(*field)) continue;
-    std::wstring text = field->GetValue();
-    Field copy = MakeField(field->name, field->title, field->valueType, field->fieldFlag);
-    copy->SetValue(std::move(text));
-    field = std::move(copy);
+    if (!IsSteady(*field)) field = CopyOf(*field);
   }
+}
+
+std::wstring CopiedValue(Properties::PropertyParameter& field) {
+  return IsSteady(field) ? field.GetValue() : CopyOf(field)->GetValue();
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -50,4 +50,7 @@ struct DomenProperty {
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
 };
 
+// The text of the value that a field would have in a copy of its property.
+std::wstring CopiedValue(Properties::PropertyParameter& field);
+
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -79,8 +79,9 @@ class DomenSectionParser {
     if (id.empty()) return;
     domen = &store.AddDomen(id, Domen(id, id)).first->second;
     store.activeDomenId = id;
-    const auto found = domen->properties.find(propertyId);
-    if (!propertyId.empty() && found != domen->properties.end()) fields.emplace(found->second);
+    DomenProperties& properties = domen->properties.Edit();
+    const auto found = properties.find(propertyId);
+    if (!propertyId.empty() && found != properties.end()) fields.emplace(found->second);
   }
 
   void SetObjectTypes(std::wstring_view text) { objectTypes = SplitTrimmed(text, L" ", false); }
@@ -99,9 +100,10 @@ class DomenSectionParser {
     propertyId = pieces[0];
     const std::wstring_view name = pieces[pieces.Count() > 3 ? 3 : 0];
     // Files tend to have the keys in order, so that the end is the place to look first.
+    DomenProperties& properties = domen->properties.Edit();
     const auto entry =
-        domen->properties.try_emplace(domen->properties.end(), propertyId, propertyId,
-                                      std::wstring(name), objectTypes, unique == 1, sortIndex);
+        properties.try_emplace(properties.end(), propertyId, propertyId, std::wstring(name),
+                               objectTypes, unique == 1, sortIndex);
     fields.emplace(entry->second);
   }
 

@@ -17,7 +17,7 @@ struct PropertyCheckInfo {
   bool isList;  // of the last of its fields
   int fieldCount;
   bool unique;
-  std::wstring id;  // its key in the domain
+  std::wstring_view id;  // its key, as a view into the domain
 };
 
 struct TextFile;
@@ -85,6 +85,10 @@ struct DomenStore {
   // A copy of the property, or the blank one of an unknown domain. A key that a known domain lacks
   // raises `out_of_range`, "invalid map<K, T> key", deliberately.
   DomenProperty FindProperty(const std::wstring& domenId, const std::wstring& key) const;
+
+  // The same without a copy: null for an unknown domain.
+  const DomenProperty* FindStoredProperty(const std::wstring& domenId,
+                                          const std::wstring& key) const;
 
   // One entry for each property. A property without fields raises `out_of_range`, "invalid vector
   // subscript": there are no partial answers.

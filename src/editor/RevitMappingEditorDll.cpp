@@ -267,13 +267,17 @@ void RevitMappingEditorDll::GetDomenPropertysByObjTypes(const wchar_t* domenId, 
 void RevitMappingEditorDll::GetDomenPropertyFieldsValues(
     const wchar_t* domenId, const wchar_t* propertyId, int& count, const wchar_t**& fieldNames,
     const wchar_t**& fieldTitles, int*& valueTypes, bool*& fieldFlags, const wchar_t**& values) {
-  using Field = Properties::PropertyParameter;
-  const DomenProperty property = domenStore.FindProperty(domenId, propertyId);
-  std::vector<Field*> fields;
-  for (const auto& field : property.fields) fields.push_back(field.get());
-  HandOut(fields, count, Into(fieldNames, &Field::name), Into(fieldTitles, &Field::title),
-          Into(valueTypes, &Field::valueType), Into(fieldFlags, &Field::fieldFlag),
-          Into(values, &Field::GetValue));
+  const DomenProperty* property = domenStore.FindStoredProperty(domenId, propertyId);
+  if (!property) {
+    count = 0;
+    return;
+  }
+  HandOut(property->fields, count,
+          Into(fieldNames, [](const auto& field) -> std::wstring_view { return field->name; }),
+          Into(fieldTitles, [](const auto& field) -> std::wstring_view { return field->title; }),
+          Into(valueTypes, [](const auto& field) { return field->valueType; }),
+          Into(fieldFlags, [](const auto& field) { return field->fieldFlag; }),
+          Into(values, [](const auto& field) { return CopiedValue(*field); }));
 }
 
 void RevitMappingEditorDll::GetDomenPropertiesCheckInfo(const wchar_t* domenId, int& count,

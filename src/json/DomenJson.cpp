@@ -239,13 +239,17 @@ void DomenStore::ExportDomenJson(const std::wstring& domenId, const std::wstring
     const auto parser = std::make_unique<CfgParser>(target.c_str(), L"", cfgLanguage);
     const Domen& domen = found->second;
     WriteDomen(*parser, domen);
-    const auto first = domen.properties.begin();
-    const auto end = domen.properties.end();
-    for (auto it = first; it != end; ++it) {
-      WriteProperty(*parser, it->first, it->second, it == first, std::next(it) == end);
+    const DomenProperty* first = nullptr;
+    const DomenProperty* last = nullptr;
+    if (!domen.properties.empty()) {
+      first = &domen.properties.begin()->second;
+      last = &std::prev(domen.properties.end())->second;
     }
-    for (auto it = first; it != end; ++it) {
-      WriteFields(*parser, it->second, it == first, std::next(it) == end);
+    for (const auto& [key, property] : domen.properties) {
+      WriteProperty(*parser, key, property, &property == first, &property == last);
+    }
+    for (const auto& [key, property] : domen.properties) {
+      WriteFields(*parser, property, &property == first, &property == last);
     }
     parser->saveCfgParamsToJson5(target.c_str(), 2);
   } catch (...) {

@@ -39,15 +39,7 @@ std::vector<const DomenProperty*> Domen::FilterByObjType(const std::wstring& obj
 
 std::vector<const DomenProperty*> Domen::FilterByObjTypes(
     const std::vector<std::wstring>& objectTypes) const {
-  std::vector<const DomenProperty*> filtered;
-  for (const auto& entry : properties) {
-    const DomenProperty& property = entry.second;
-    const bool fitsAll = std::all_of(
-        objectTypes.begin(), objectTypes.end(),
-        [&property](const std::wstring& type) { return property.AppliesToObjectType(type); });
-    if (fitsAll) filtered.push_back(&property);
-  }
-  return filtered;
+  return properties.ThatApplyTo(objectTypes);
 }
 
 std::vector<std::wstring> DomenStore::ListDomenIds() const {
@@ -104,15 +96,23 @@ std::vector<const DomenProperty*> DomenStore::PropertiesOfTypes(
 }
 
 DomenProperty DomenStore::FindProperty(const std::wstring& domenId, const std::wstring& key) const {
+  const DomenProperty* property = FindStoredProperty(domenId, key);
+  return property ? *property : DomenProperty();
+}
+
+const DomenProperty* DomenStore::FindStoredProperty(const std::wstring& domenId,
+                                                    const std::wstring& key) const {
   const Domen* domen = FindDomen(*this, domenId);
-  if (!domen) return {};
-  return CheckedAt(domen->properties, key);
+  if (!domen) return nullptr;
+  const DomenProperties& properties = domen->properties;
+  return &CheckedAt(properties, key);
 }
 
 std::vector<PropertyCheckInfo> DomenStore::CheckInfos(const std::wstring& domenId) const {
   std::vector<PropertyCheckInfo> infos;
   const Domen* domen = FindDomen(*this, domenId);
   if (!domen) return infos;
+  infos.reserve(domen->properties.size());
   for (const auto& [key, property] : domen->properties) {
     infos.push_back(CheckInfoOf(key, property));
   }

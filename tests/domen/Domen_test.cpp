@@ -152,7 +152,7 @@ TEST(Domen, SharesNothingWithItsCopy) {
   Domen assigned(L"E", L"E");
   assigned.AddProperty(L"Old", NewProperty(L"Old"));
   assigned = source;
-  source.properties.clear();
+  source.properties.Edit().clear();
   EXPECT_EQ(assigned.id, L"D");
   EXPECT_EQ(Describe(assigned.properties), newDomenProperties);
 }

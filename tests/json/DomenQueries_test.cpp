@@ -545,7 +545,8 @@ TEST(SortIndexes, GivesTheKeyAndNotTheId) {
 }
 
 TEST(CheckInfos, GivesTheKeyAndNotTheId) {
-  const std::vector<PropertyCheckInfo> infos = StoreWithKeyAndId().CheckInfos(L"D");
+  const DomenStore store = StoreWithKeyAndId();
+  const std::vector<PropertyCheckInfo> infos = store.CheckInfos(L"D");
   ASSERT_EQ(infos.size(), 1u);
   EXPECT_EQ(infos[0].id, L"key");
   EXPECT_TRUE(infos[0].isList);

@@ -38,7 +38,7 @@ void TakeProperty(DomenStore& store, Context& context, std::wstring rest) {
   int sortIndex = 0;
   if (pieces.size() < 3) return;
   if (!Naive::ParseInt(pieces[1], unique) || !Naive::ParseInt(pieces[2], sortIndex)) return;
-  DomenProperties& properties = store.domens.at(context.domenId).properties;
+  DomenProperties& properties = store.domens.at(context.domenId).properties.Edit();
   context.propertyId = pieces[0];
   if (properties.count(pieces[0]) != 0) return;
   const std::wstring name = pieces.size() == 4 ? pieces[3] : pieces[0];
@@ -57,7 +57,7 @@ void TakeField(DomenStore& store, const Context& context, std::wstring entry) {
   const Texts pieces = SplitTrimmed(entry, L" ", false, 5);
   int flag = 0;
   if (pieces.size() < 4 || TypeOf(pieces[1]) == -1 || !Naive::ParseInt(pieces[2], flag)) return;
-  DomenProperties& properties = store.domens.at(context.domenId).properties;
+  DomenProperties& properties = store.domens.at(context.domenId).properties.Edit();
   if (properties.count(context.propertyId) == 0) return;
   const std::wstring title = pieces.size() == 5 ? pieces[4] : pieces[0];
   Naive::AddValueField(properties.at(context.propertyId), pieces[0], title, TypeOf(pieces[1]),
@@ -260,7 +260,8 @@ void LoadDomenJson(DomenStore& store, std::wstring id, std::string bytes) {
   Domen domen(id, element.String(L"sName", L""));
   for (const std::wstring& key : element.Strings(L"asFuncsNames")) {
     const DomenProperty property = ReadProperty(root, key);
-    if (domen.properties.count(key) == 0) domen.properties.emplace(key, Naive::CopyOf(property));
+    if (domen.properties.count(key) == 0)
+      domen.properties.Edit().emplace(key, Naive::CopyOf(property));
   }
   if (store.domens.count(id) == 0) store.domens.emplace(id, std::move(domen));
   store.activeDomenId = id;

@@ -169,7 +169,7 @@ DomenStore CopyOf(const DomenStore& store) {
   for (const auto& [id, domen] : store.domens) {
     Domen& target = copy.domens.emplace(id, Domen(domen.id, domen.name)).first->second;
     for (const auto& [key, property] : domen.properties) {
-      target.properties.emplace(key, Naive::CopyOf(property));
+      target.properties.Edit().emplace(key, Naive::CopyOf(property));
     }
   }
   return copy;

@@ -415,6 +415,17 @@ std::string_view ReadIdentifier(Cursor& cursor, std::deque<std::string>& decoded
 
 // The document
 
+// The order of two keys. Most differ in one of their first bytes.
+bool IsBefore(std::string_view left, std::string_view right) {
+  const std::size_t shorter = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < shorter; ++i) {
+    if (left[i] != right[i]) {
+      return static_cast<unsigned char>(left[i]) < static_cast<unsigned char>(right[i]);
+    }
+  }
+  return left.size() < right.size();
+}
+
 // An array or object that is being read.
 struct OpenValue {
   Kind kind;
@@ -503,7 +514,7 @@ class Json5Parser {
   void SortByKey(std::size_t firstMember) {
     const auto first = pending.begin() + static_cast<std::ptrdiff_t>(firstMember);
     const auto byKey = [](const Json5Member& left, const Json5Member& right) {
-      return left.key < right.key;
+      return IsBefore(left.key, right.key);
     };
     const auto outOfOrder = [&byKey](const Json5Member& left, const Json5Member& right) {
       return !byKey(left, right);
@@ -593,7 +604,7 @@ Json5Error ErrorAt(std::string_view text, const Malformed& malformed) {
 }
 
 bool IsKeyLess(const Json5Member& member, std::string_view key) {
-  return member.key < key;
+  return IsBefore(member.key, key);
 }
 
 // The places among sorted members between which the first that isn't less than `key` is, found in

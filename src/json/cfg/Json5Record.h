@@ -115,7 +115,7 @@ class Json5Record {
   wchar_t* Room(std::size_t units);
   std::vector<Json5RecordItem> items;
   std::vector<Json5RecordParam> params;
-  std::vector<std::wstring_view> texts;  // of the arrays
+  std::vector<std::wstring_view> texts;          // of the arrays
   std::vector<std::unique_ptr<wchar_t[]>> kept;  // blocks with texts side by side
   std::size_t blockSize = 0;                     // of the last block
   std::size_t blockFilled = 0;
