@@ -1076,6 +1076,30 @@ TEST(Json5TreeFind, GivesNothingInWhatIsNoObject) {
   }
 }
 
+TEST(Json5TreeFindNear, GivesTheSameFromEveryPlace) {
+  std::wstring text = L"{";
+  for (int i = 1; i < 40; i += 2)
+    text += L"k" + std::to_wstring(100 + i) + L":" + std::to_wstring(i) + L",";
+  const Document document(text + L"}");
+  for (std::size_t from = 0; from < 25; ++from) {
+    for (int i = 0; i < 42; ++i) {
+      std::size_t place = from;
+      const Json5Value* found =
+          document.tree.FindNear(document.tree.root, "k" + std::to_string(100 + i), place);
+      ASSERT_EQ(found != nullptr, i % 2 == 1 && i < 40) << i << " from " << from;
+      if (!found) continue;
+      EXPECT_EQ(found->number, i);
+      EXPECT_EQ(place, static_cast<std::size_t>(i / 2));
+    }
+  }
+}
+
+TEST(Json5TreeFindNear, GivesNothingInAnEmptyObject) {
+  const Document document(L"{}");
+  std::size_t place = 5;
+  EXPECT_EQ(document.tree.FindNear(document.tree.root, "k", place), nullptr);
+}
+
 // Errors
 
 struct PlaceCase {
