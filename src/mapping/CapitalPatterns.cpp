@@ -21,41 +21,42 @@ std::uint32_t TakeNumber(const std::uint8_t*& bytes) {
 // reach.
 class WordReader {
  public:
-  WordReader(std::wstring_view wholeText, const UpperTable& capitals)
-      : rest(wholeText), upper(capitals) {}
+  WordReader(std::wstring_view text, const UpperTable& capitals)
+      : rest(text.data()),
+        end(rest + text.size()),
+        upper(capitals),
+        capitalOfBlank(static_cast<std::uint32_t>(capitals.Upper(L' '))) {}
 
   // Takes the units of the pattern's word. False if the text's word begins otherwise.
   bool TakeBeginning(const std::uint8_t*& expected) {
-    std::uint32_t length = TakeNumber(expected);
+    const std::uint32_t length = TakeNumber(expected);
     if (length == 0) return true;
     SkipSpace();
-    if (length > rest.size()) return false;
-    for (; length > 1; --length) {
-      if (!Take(TakeNumber(expected))) return false;
+    if (length > static_cast<std::size_t>(end - rest)) return false;
+    const wchar_t* const last = rest + (length - 1);
+    for (; rest != last; ++rest) {
+      if (!IsCapital(*rest, TakeNumber(expected))) return false;
     }
-    return !IsAtTrailingSpace() && Take(TakeNumber(expected));
+    return !IsAtTrailingSpace() && IsCapital(*rest++, TakeNumber(expected));
   }
 
   // Goes behind the next blank. False if there is none.
   bool NextWord() {
-    while (!rest.empty()) {
-      const bool isBlank = upper.Upper(rest.front()) == L' ';
-      rest.remove_prefix(1);
-      if (isBlank) return true;
+    while (rest != end) {
+      if (upper.Upper(*rest++) == L' ') return true;
     }
     return false;
   }
 
  private:
-  bool Take(std::uint32_t expected) {
-    const wchar_t unit = rest.front();
-    rest.remove_prefix(1);
-    return static_cast<std::uint32_t>(upper.UpperTwice(unit)) == expected &&
-           upper.Upper(unit) != L' ';
+  // No blank belongs to a word, even if a pattern has a unit with a blank's capital.
+  bool IsCapital(wchar_t unit, std::uint32_t expected) const {
+    if (static_cast<std::uint32_t>(upper.UpperTwice(unit)) != expected) return false;
+    return expected != capitalOfBlank || upper.Upper(unit) != L' ';
   }
 
   void SkipSpace() {
-    while (!rest.empty() && IsSpaceOfWord(rest.front())) rest.remove_prefix(1);
+    while (rest != end && IsSpaceOfWord(*rest)) ++rest;
   }
 
   bool IsSpaceOfWord(wchar_t unit) const {
@@ -65,16 +66,15 @@ class WordReader {
 
   // Whether the word has nothing but white space from here on, which doesn't belong to it.
   bool IsAtTrailingSpace() const {
-    for (const wchar_t unit : rest) {
-      const wchar_t capital = upper.Upper(unit);
-      if (!IsSpace(capital)) return false;
-      if (capital == L' ') return true;
-    }
-    return true;
+    const wchar_t* unit = rest;
+    while (unit != end && IsSpaceOfWord(*unit)) ++unit;
+    return unit == end || upper.Upper(*unit) == L' ';
   }
 
-  std::wstring_view rest;
+  const wchar_t* rest;
+  const wchar_t* end;
   const UpperTable& upper;
+  std::uint32_t capitalOfBlank;
 };
 
 }  // namespace

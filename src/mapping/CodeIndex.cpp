@@ -40,15 +40,6 @@ std::uint64_t HashUnit(wchar_t unit, std::size_t place) {
   return factors[place] * static_cast<std::uint64_t>(unit);
 }
 
-// First words are many, and of all lengths. What their first few units are says which lengths are
-// worth a look.
-constexpr std::size_t guideLength = 3;
-constexpr int guideBits = 12;
-
-std::size_t GuideOf(std::uint64_t guideHash) {
-  return static_cast<std::size_t>(guideHash >> (64 - guideBits));
-}
-
 // The hash of the beginning that has one more word.
 std::uint64_t Extend(std::uint64_t beginning, std::uint64_t wordHash, std::size_t length) {
   std::uint64_t hash = (beginning + wordHash) * oddNumber + length;
@@ -59,18 +50,13 @@ std::uint64_t Extend(std::uint64_t beginning, std::uint64_t wordHash, std::size_
 // What is known of a pattern's word by its hash.
 struct HashedWord {
   std::uint64_t hash = 0;
-  std::uint64_t guideHash = 0;
   std::size_t length = 0;  // as far as it is told apart
 };
 
 HashedWord HashWord(std::wstring_view token, const UpperTable& upper) {
   HashedWord word;
   word.length = std::min(token.size(), maxLength);
-  for (std::size_t i = 0; i < word.length; ++i) {
-    if (i == guideLength) word.guideHash = word.hash;
-    word.hash += HashUnit(upper.Upper(token[i]), i);
-  }
-  if (word.length == guideLength) word.guideHash = word.hash;
+  for (std::size_t i = 0; i < word.length; ++i) word.hash += HashUnit(upper.Upper(token[i]), i);
   return word;
 }
 
@@ -86,12 +72,21 @@ bool IsBeginning(const Tokens& tokens, const Tokens& ofTokens, const UpperTable&
 
 // The rooms of a table for so many entries.
 std::size_t RoomsFor(std::size_t count) {
-  return count + count / 2 + 1;
+  return 2 * count + 1;
 }
 
 // Whether so many entries are too many for a table of this size.
 bool Crowd(std::size_t count, std::size_t rooms) {
-  return count > rooms - rooms / 4;
+  return count > rooms / 2 + rooms / 8;
+}
+
+// Eight bits for each pattern, in words of 64; their number is a power of two.
+std::size_t FilterSize(std::size_t patternCount) {
+  return std::bit_ceil(patternCount / 8 + 1);
+}
+
+std::uint64_t FilterBit(std::uint64_t hash) {
+  return std::uint64_t{1} << (hash & 63);
 }
 
 // Looking farther than this from where an entry should be would cost more than a walk.
@@ -104,7 +99,9 @@ constexpr std::size_t maxListed = 32;
 }  // namespace
 
 CodeIndex::CodeIndex(const Records& records)
-    : entries(RoomsFor(records.size())), guides(std::size_t{1} << guideBits) {
+    : entries(RoomsFor(records.size())),
+      filter(FilterSize(records.size())),
+      filterMask(filter.size() - 1) {
   for (std::uint32_t position = 0; position < records.size(); ++position) {
     if (!Add(records, position)) {
       entries.clear();
@@ -116,15 +113,14 @@ CodeIndex::CodeIndex(const Records& records)
 std::optional<int> CodeIndex::Find(std::wstring_view text) const {
   if (entries.empty()) return std::nullopt;
   CapitalWords words(text, upper);
-  std::wstring_view word;
-  words.Next(word);
   Beginnings steps[2];
-  steps[0].all[0] = {0, FirstLengths(word)};
-  steps[0].count = steps[0].all[0].nextLengths == 0 ? 0 : 1;
+  steps[0].all[0] = {0, firstLengths};
+  steps[0].count = 1;
   Match match;
   // Patterns that stand at longer beginnings have more words than these.
   for (std::size_t count = 0; steps[count % 2].count != 0 && match.wordCount > count; ++count) {
-    if (count > 0 && !words.Next(word)) break;
+    std::wstring_view word;
+    if (!words.Next(word)) break;
     if (!Step(steps[count % 2], word, text, steps[(count + 1) % 2], match)) return std::nullopt;
   }
   return match.position == noMatch ? noCodeId : static_cast<int>(match.position);
@@ -141,8 +137,7 @@ bool CodeIndex::Add(const Records& records, std::uint32_t position) {
   for (const std::wstring_view token : record.tokens) {
     if (entry && !PushOn(*entry, records, wordCount)) return false;
     const HashedWord word = HashWord(token, upper);
-    Lengths& first = word.length < guideLength ? shortLengths : guides[GuideOf(word.guideHash)];
-    (entry ? entry->nextLengths : first) |= Lengths{1} << word.length;
+    (entry ? entry->nextLengths : firstLengths) |= Lengths{1} << word.length;
     hash = Extend(hash, word.hash, word.length);
     entry = FindOrInsert(hash);
     if (!entry) return false;
@@ -190,16 +185,6 @@ bool CodeIndex::PushOn(Entry& entry, const Records& records, std::size_t wordCou
   entry.pattern = CapitalPatterns::none;
   entry.nextLengths = Lengths{1} << word.length;
   return true;
-}
-
-// The lengths that are worth a look in the first word of a text.
-CodeIndex::Lengths CodeIndex::FirstLengths(std::wstring_view word) const {
-  if (word.size() < guideLength) return shortLengths;
-  std::uint64_t guideHash = 0;
-  for (std::size_t i = 0; i < guideLength; ++i) {
-    guideHash += HashUnit(upper.UpperTwice(word[i]), i);
-  }
-  return shortLengths | guides[GuideOf(guideHash)];
 }
 
 // Takes one more word: each beginning goes on by each beginning of the word that a pattern has
@@ -275,6 +260,7 @@ CodeIndex::Entry* CodeIndex::FindOrInsert(std::uint64_t hash) {
     if (entry.hash == 0) {
       ++usedEntries;
       entry.hash = hash;
+      filter[hash >> 6 & filterMask] |= FilterBit(hash);
       return &entry;
     }
     if (++place == entries.size()) place = 0;
@@ -283,6 +269,7 @@ CodeIndex::Entry* CodeIndex::FindOrInsert(std::uint64_t hash) {
 }
 
 const CodeIndex::Entry* CodeIndex::FindEntry(std::uint64_t hash) const {
+  if ((filter[hash >> 6 & filterMask] & FilterBit(hash)) == 0) return nullptr;
   std::size_t place = HomeOf(hash);
   while (entries[place].hash != 0) {
     if (entries[place].hash == hash) return &entries[place];

@@ -74,7 +74,6 @@ class CodeIndex {
                  Place list) const;
   bool AddToList(Entry& entry, const MapTextRecord& record, std::uint32_t position);
   bool PushOn(Entry& entry, const Records& records, std::size_t wordCount);
-  Lengths FirstLengths(std::wstring_view word) const;
   bool Step(const Beginnings& from, std::wstring_view word, std::wstring_view text, Beginnings& to,
             Match& match) const;
   void Compare(Place list, std::wstring_view text, Match& match) const;
@@ -87,8 +86,9 @@ class CodeIndex {
   CapitalPatterns patterns;
   std::vector<Entry> entries;  // none if they would crowd
   std::size_t usedEntries = 0;
-  Lengths shortLengths = 0;     // of the first words that are too short for a guide
-  std::vector<Lengths> guides;  // of those that begin alike, by the hash of how they begin
+  std::vector<std::uint64_t> filter;  // a bit for each hash, so that most others needn't be sought
+  std::uint64_t filterMask;           // of an index of one of its words
+  Lengths firstLengths = 0;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
