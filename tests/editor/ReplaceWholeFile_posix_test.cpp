@@ -22,6 +22,7 @@
 #include <system_error>
 
 #include "editor/Files.h"
+#include "support/Apart.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
 #include "support/TempFolder.h"
@@ -41,20 +42,6 @@ std::set<std::string> NamesIn(const fs::path& folder) {
 
 unsigned ModeOf(const fs::path& path) {
   return static_cast<unsigned>(fs::status(path).permissions());
-}
-
-// Runs the work in a process of its own and gives the status of its end. The process ends without
-// a word, whatever the work does.
-template <class Work>
-int RunApart(Work work) {
-  const pid_t child = fork();
-  if (child == 0) {
-    work();
-    _exit(0);
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  return status;
 }
 
 // No file of this process may grow beyond the size. What happens instead is either an error of the

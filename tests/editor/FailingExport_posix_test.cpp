@@ -1,0 +1,227 @@
+// An export that can't go on: the system refuses a call, the disk is full, the process is killed.
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/ptrace.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "RevitMappingEditorDll.h"
+#include "support/Apart.h"
+#include "support/FailingCalls.h"
+#include "support/Program.h"
+#include "support/TempFolder.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What the system says of files without a name: that it has them, or that it has none.
+constexpr int waysToReplace[] = {0, EOPNOTSUPP};
+
+// What exports left of which each was killed one stop later than the one before, until the last one
+// ended by itself.
+struct KilledExports {
+  int keptOld = 0;
+  int madeNew = 0;
+  std::vector<std::string> beside = {};  // what the files held that were left beside the target
+  bool ended = false;
+};
+
+// An editor with a domain whose file takes more than a hundred thousand bytes, and a target for it.
+class FailingExport : public testing::Test {
+ protected:
+  FailingExport() : editor(L"", L"") {
+    std::string text = "==DOMEN\n@@@ Zones\n";
+    for (int i = 0; i < 100; ++i) {
+      text += "@ P" + std::to_string(i) + " 0 1 " + std::string(1000, 'n') + "\nValue int 1 0\n";
+    }
+    EXPECT_EQ(editor.CreateDomen(sources.Write("zones.txt", text).c_str()), 0);
+    Export();
+    newBytes = ReadBytes(target);
+    EXPECT_GT(newBytes.size(), 100'000u);
+  }
+
+  void Export() { editor.ExportJson(L"Zones", target.wstring().c_str()); }
+
+  // The target as it was before the export: with what it held, or missing.
+  void Reset(const std::optional<std::string>& bytes) {
+    fs::remove(target);
+    if (bytes) folder.Write("zones.json", *bytes);
+  }
+
+  std::optional<std::string> Held() const {
+    if (!fs::exists(target)) return std::nullopt;
+    return ReadBytes(target);
+  }
+
+  std::set<std::string> NamesBeside() const {
+    std::set<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder.Path())) {
+      if (entry.path() != target) names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  KilledExports ExportKilled(const std::optional<std::string>& old, int unnamedError);
+
+  TempFolder sources;
+  TempFolder folder;
+  fs::path target = folder.Path() / "zones.json";
+  RevitMappingEditorDll editor;
+  std::string newBytes;
+  const std::optional<std::string> olds[2] = {"old", std::nullopt};
+};
+
+// The calls for memory: how many a process makes depends on how much it has at hand.
+bool AsksForMemory(std::uint64_t call) {
+  return call == SYS_brk || call == SYS_mmap || call == SYS_munmap || call == SYS_madvise;
+}
+
+// How a process ends that is killed at a stop: before a system call of its work, or behind one. If
+// it makes fewer stops it ends by itself. Nothing if no process can be stopped here.
+template <class Work>
+std::optional<int> RunKilled(int stop, Work work) {
+  const pid_t child = fork();
+  if (child == 0) {
+    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(77);
+    raise(SIGSTOP);
+    work();
+    _exit(0);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  if (WIFEXITED(status)) return std::nullopt;
+  ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_EXITKILL | PTRACE_O_TRACESYSGOOD);
+  std::uint64_t call = SYS_kill;
+  for (int made = 0; WIFSTOPPED(status) && made < stop; made += !AsksForMemory(call)) {
+    ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    waitpid(child, &status, 0);
+    __ptrace_syscall_info stopped = {};
+    ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof stopped, &stopped);
+    if (stopped.op == PTRACE_SYSCALL_INFO_ENTRY) call = stopped.entry.nr;
+  }
+  if (!WIFSTOPPED(status)) return status;
+  kill(child, SIGKILL);
+  waitpid(child, &status, 0);
+  return status;
+}
+
+KilledExports FailingExport::ExportKilled(const std::optional<std::string>& old, int unnamedError) {
+  KilledExports exports;
+  for (int stop = 1; !exports.ended && stop < 1000; ++stop) {
+    Reset(old);
+    const std::optional<int> status = RunKilled(stop, [&] {
+      faults.unnamedError = unnamedError;
+      Export();
+    });
+    if (!status) break;
+    exports.ended = *status == 0;
+    EXPECT_TRUE(exports.ended || WIFSIGNALED(*status)) << stop;
+    const std::optional<std::string> held = Held();
+    EXPECT_TRUE(held == old || held == newBytes) << stop;
+    ++(held == old ? exports.keptOld : exports.madeNew);
+    for (const std::string& name : NamesBeside()) {
+      EXPECT_TRUE(name.starts_with(".mapping-editor-")) << name;
+      exports.beside.push_back(ReadBytes(folder.Path() / name));
+      if (unnamedError != 0) fs::remove(folder.Path() / name);
+    }
+  }
+  return exports;
+}
+
+// Between its last two steps it leaves the whole new file under another name, which goes with the
+// next export.
+TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAtWhicheverSystemCallTheProcessIsKilled) {
+  for (const std::optional<std::string>& old : olds) {
+    const KilledExports exports = ExportKilled(old, 0);
+    if (exports.keptOld == 0) GTEST_SKIP() << "no process may be stopped here";
+    EXPECT_TRUE(exports.ended);
+    EXPECT_TRUE(Held() == newBytes);
+    EXPECT_EQ(NamesBeside(), std::set<std::string>());
+    EXPECT_GE(exports.keptOld, 6) << "it looks for the target, opens, writes and names a file";
+    EXPECT_GE(exports.madeNew, 3);
+    EXPECT_EQ(exports.beside.empty(), !old);
+    for (const std::string& bytes : exports.beside) EXPECT_TRUE(bytes == newBytes);
+  }
+}
+
+// There it leaves the part that it has written.
+TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAlsoWhereEveryFileHasAName) {
+  for (const std::optional<std::string>& old : olds) {
+    const KilledExports exports = ExportKilled(old, EOPNOTSUPP);
+    if (exports.keptOld == 0) GTEST_SKIP() << "no process may be stopped here";
+    EXPECT_TRUE(exports.ended);
+    EXPECT_TRUE(Held() == newBytes);
+    EXPECT_GE(exports.keptOld, 6);
+    EXPECT_GE(exports.madeNew, 3);
+    for (const std::string& bytes : exports.beside) EXPECT_TRUE(newBytes.starts_with(bytes));
+  }
+}
+
+TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAndNothingElseWhicheverCallFails) {
+  for (const int unnamedError : waysToReplace) {
+    for (const std::optional<std::string>& old : olds) {
+      for (const int error : {EIO, ENOSPC}) {
+        int keptOld = 0;
+        bool failed = true;
+        for (int n = 1; failed; ++n) {
+          Reset(old);
+          failed = With({.failIn = n, .error = error, .unnamedError = unnamedError}, [&] {
+                     Export();
+                   }).callFailed;
+          EXPECT_TRUE(Held() == newBytes || (failed && Held() == old)) << n;
+          EXPECT_EQ(NamesBeside(), std::set<std::string>()) << n;
+          keptOld += Held() == old;
+        }
+        EXPECT_GE(keptOld, 3) << "it opens, writes and names a file";
+      }
+    }
+  }
+}
+
+// Runs the work in a process that has a disk of its own in the place of the folder. False if no
+// such disk can be made.
+template <class Work>
+bool RunOnDisk(const fs::path& folder, const char* size, Work work) {
+  const int status = RunApart([&] {
+    const bool mounted = unshare(CLONE_NEWNS) == 0 &&
+                         mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                         mount("none", folder.c_str(), "tmpfs", 0, size) == 0;
+    if (!mounted) _exit(77);
+    _exit(work() ? 0 : 1);
+  });
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 1) << size;
+  return status == 0;
+}
+
+TEST_F(FailingExport, LeavesTheOldFileAndNothingElseOnAFullDisk) {
+  for (const int unnamedError : waysToReplace) {
+    for (const std::optional<std::string>& old : olds) {
+      const auto leaves = [&](const std::optional<std::string>& expected) {
+        Reset(old);
+        faults.unnamedError = unnamedError;
+        Export();
+        return Held() == expected && NamesBeside().empty();
+      };
+      const bool made = RunOnDisk(folder.Path(), "size=64k", [&] { return leaves(old); }) &&
+                        RunOnDisk(folder.Path(), "size=1m", [&] { return leaves(newBytes); });
+      if (!made && !HasFailure()) GTEST_SKIP() << "no disk can be made here";
+    }
+  }
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll
