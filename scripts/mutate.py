@@ -94,7 +94,7 @@ STATEMENT = re.compile(
         (\+\+|--|\*|[\w.]|->|::|\[[^\]]*\])+ (\(|\s*[-+*/|&^]?=|\+\+|--)""", re.VERBOSE)
 
 # Results that `{}` stands for as well.
-EMPTY_RESULTS = {"false", "0", "nullptr", "std::nullopt", "{}", ""}
+EMPTY_RESULTS = {"false", "0", "nullptr", "std::nullopt", "{}", "", "statusDone"}
 
 
 class File:

@@ -43,7 +43,8 @@ const CodeItems& FindItems(const Classificator& classificator, const DomenStore&
     if (const CodeItems* items = remembered.Find(codeId)) return *items;
   }
   unkept = ComposeItems(classificator, domenStore, codeId, sourceKind);
-  return kept && unkept.complete ? remembered.Keep(codeId, std::move(unkept)) : unkept;
+  if (kept && unkept.complete) return remembered.Keep(codeId, std::move(unkept));
+  return unkept;
 }
 
 // The color of a key text in the active Colorat.

@@ -35,6 +35,10 @@ TEST(FileName, StandsBehindTheFolderAndTheDriveAndAheadOfAStream) {
       {L"ab:c.txt", L"ab"},  // a drive has one letter
       {L"1:b.txt", L"1"},    // and that is a Latin one
       {L"Я:b.txt", L"Я"},
+      {L"@:b.txt", L"@"},
+      {L"[:b.txt", L"["},
+      {L"`:b.txt", L"`"},
+      {L"{:b.txt", L"{"},
       {L"a/C:b.txt", L"C"},  // and stands in front
   };
   for (const Case& one : cases) EXPECT_EQ(FileName(one.path), one.name) << one.path;

@@ -790,6 +790,38 @@ TEST_F(JsonExport, WritesTheKeyOfAPropertyForItsId) {
   EXPECT_NE(text.find("      \"sId\": \"key\", // Имя (код) свойства\n"), text.npos);
 }
 
+// A number beyond those of the fields, as no file can have it.
+TEST_F(JsonExport, KnowsASeventhTypeAndNoOther) {
+  const std::pair<int, std::string> cases[] = {
+      {-1, ""},
+      {6,
+       ", // название поля списка значений\n"
+       "      \"sType\": \"as\", // тип значения (целое, действительное)\n"
+       "      \"sDefault\": \"\" // значение по умолчанию\n"},
+      {7, ""},
+  };
+  for (const auto& [valueType, behindTheTitle] : cases) {
+    DomenStore store;
+    Domen domen(L"a", L"A");
+    domen.AddProperty(L"P", DomenProperty(L"P", L"P", {}, false, 0));
+    domen.AddPropertyField(L"P", L"F", L"F", typeInt, false, L"1");
+    store.AddDomen(L"a", std::move(domen));
+    store.domens.at(L"a").properties.at(L"P").fields.at(0)->valueType = valueType;
+    store.ExportDomenJson(L"a", folder.Wide() + L"/exported.json");
+    const std::string text = ReadBytes(folder.Path() / "exported.json");
+    const std::string onlyTitle = " // название поля списка значений\n";
+    EXPECT_EQ(text.substr(text.find("  \"ArrayValueFields\"")),
+              "  \"ArrayValueFields\": {\n"
+              "    \"F\": {\n"
+              "      \"sName\": \"F\"" +
+                  (behindTheTitle.empty() ? onlyTitle : behindTheTitle) +
+                  "    }\n"
+                  "  }\n"
+                  "}\n")
+        << valueType;
+  }
+}
+
 TEST_F(JsonExport, ListsThePropertiesInTheOrderOfTheirKeys) {
   EXPECT_EQ(Load("a.json", "{Domen: {asFuncsNames: ['b', 'Я', 'a', 'Z']}}"), 0);
   const std::string text = Exported(L"a");

@@ -554,6 +554,16 @@ TEST(CheckInfos, GivesTheKeyAndNotTheId) {
   EXPECT_EQ(infos[0].fieldCount, 1);
 }
 
+// The number of a type may be any, as no file can have it.
+TEST(CheckInfos, TakesTheNumbersFrom3To5ForLists) {
+  DomenStore store = StoreWithKeyAndId();
+  const auto& fields = store.domens.at(L"D").properties.at(L"key").fields;
+  for (const int valueType : {-1, 0, 1, 2, 3, 4, 5, 6, 7}) {
+    fields.back()->valueType = valueType;
+    EXPECT_EQ(store.CheckInfos(L"D").at(0).isList, valueType >= 3 && valueType <= 5) << valueType;
+  }
+}
+
 TEST(FindProperty, LooksForTheKeyAndNotForTheId) {
   const DomenStore store = StoreWithKeyAndId();
   EXPECT_EQ(store.FindProperty(L"D", L"key").id, L"id");
