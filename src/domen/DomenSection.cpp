@@ -18,21 +18,39 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
+// What `PieceReader` gives at a blank, with the empty pieces passed over.
+class WordReader {
+ public:
+  explicit WordReader(std::wstring_view text) : at(text.data()), end(at + text.size()) {}
+
+  bool Next(std::wstring_view& word) {
+    while (true) {
+      while (at != end && *at == L' ') ++at;
+      if (at == end) return false;
+      const wchar_t* const start = at;
+      while (at != end && *at != L' ') ++at;
+      word = {start, static_cast<std::size_t>(at - start)};
+      if (!IsSpace(word.front()) && !IsSpace(word.back())) return true;
+      word = Trimmed(word);
+      if (!word.empty()) return true;
+    }
+  }
+
+ private:
+  const wchar_t* at;
+  const wchar_t* end;
+};
+
 // The pieces of an entry at blanks, the last of them being all the rest, in which one blank stands
 // where the entry may have more.
 template <std::size_t limit>
 class EntryPieces {
  public:
   explicit EntryPieces(std::wstring_view entry) {
-    PieceReader reader(entry, L" ", false);
+    WordReader reader(entry);
     while (count < limit && reader.Next(pieces[count])) ++count;
     if (count < limit) return;
-    std::wstring_view further;
-    if (!reader.Next(further)) return;
-    rest = pieces[limit - 1];
-    do rest.append(L" ").append(further);
-    while (reader.Next(further));
-    pieces[limit - 1] = rest;
+    for (std::wstring_view further; reader.Next(further);) Append(pieces[limit - 1], further);
   }
   EntryPieces(const EntryPieces&) = delete;
   EntryPieces& operator=(const EntryPieces&) = delete;
@@ -41,6 +59,16 @@ class EntryPieces {
   std::wstring_view operator[](std::size_t index) const { return pieces[index]; }
 
  private:
+  // Where one blank stands in the entry, the entry has the whole.
+  void Append(std::wstring_view& last, std::wstring_view further) {
+    if (rest.empty() && further.data() == last.data() + last.size() + 1) {
+      last = {last.data(), last.size() + 1 + further.size()};
+      return;
+    }
+    if (rest.empty()) rest = last;
+    last = rest.append(L" ").append(further);
+  }
+
   std::array<std::wstring_view, limit> pieces;
   std::size_t count = 0;
   std::wstring rest;
@@ -84,7 +112,15 @@ class DomenSectionParser {
     if (!propertyId.empty() && found != properties.end()) fields.emplace(found->second);
   }
 
-  void SetObjectTypes(std::wstring_view text) { objectTypes = SplitTrimmed(text, L" ", false); }
+  void SetObjectTypes(std::wstring_view text) {
+    std::size_t count = 0;
+    WordReader reader(text);
+    for (std::wstring_view type; reader.Next(type); ++count) {
+      if (count == objectTypes.size()) objectTypes.emplace_back();
+      objectTypes[count] = type;
+    }
+    objectTypes.resize(count);
+  }
 
   // Forgets the current property first, so that the fields behind a bad line go to none.
   void AddProperty(std::wstring_view text) {

@@ -9,7 +9,9 @@ FieldAdder::FieldAdder(DomenProperty& target) : property(&target) {}
 
 int FieldAdder::Add(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                     std::wstring defaultText) {
+  constexpr std::size_t usual = 4;
   constexpr std::size_t few = 32;
+  if (property->fields.empty()) property->fields.reserve(usual);
   if (property->fields.size() < few) {
     return property->AddValueField(std::move(fieldName), std::move(title), valueType, fieldFlag,
                                    std::move(defaultText));

@@ -1,6 +1,8 @@
 #include "domen/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <system_error>
 
 #include "editor/Text.h"
@@ -22,11 +24,10 @@ std::string ToNumberChars(std::wstring_view text, bool allowPoint) {
   if (negative || text.starts_with(L'+')) text.remove_prefix(1);
   if (text.empty()) return {};
   if (!IsDigit(text.front()) && !(allowPoint && text.front() == L'.')) return {};
-  std::string chars(negative ? "-" : "");
-  for (const wchar_t unit : text) {
-    // No number goes on behind a character from outside ASCII.
-    chars.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
-  }
+  std::string chars(text.size() + (negative ? 1 : 0), '-');
+  // No number goes on behind a character from outside ASCII.
+  std::transform(text.begin(), text.end(), chars.end() - static_cast<std::ptrdiff_t>(text.size()),
+                 [](wchar_t unit) { return unit < 0x80 ? static_cast<char>(unit) : '?'; });
   return chars;
 }
 
