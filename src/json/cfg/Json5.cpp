@@ -529,13 +529,17 @@ class Json5Parser {
     pending.erase(first, kept.base());
   }
 
-  // Few members are sooner sorted in their place.
+  // Few members, and those that are nearly in order, are sooner sorted in their place.
   template <class Iterator, class Less>
   static void StableSort(Iterator first, Iterator end, Less less) {
-    constexpr std::ptrdiff_t few = 16;
-    if (end - first > few) return std::stable_sort(first, end, less);
+    constexpr std::ptrdiff_t farthest = 16;
     for (Iterator next = first; next != end; ++next) {
-      std::rotate(std::upper_bound(first, next, *next, less), next, next + 1);
+      Iterator place = next;
+      while (place != first && less(*next, *(place - 1))) {
+        --place;
+        if (next - place > farthest) return std::stable_sort(first, end, less);
+      }
+      std::rotate(place, next, next + 1);
     }
   }
 
