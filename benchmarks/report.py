@@ -176,7 +176,8 @@ def text_load_rows(times):
 def json_rows(times):
     for row, what in [("json_load", "`CreateDomen` of `.json`"),
                       ("json_plain", "`CreateDomen` of `.json` without comments and blanks"),
-                      ("json_export", "`ExportJson`")]:
+                      ("json_export", "`ExportJson`"),
+                      ("json_replace", "`ExportJson` over an earlier export")]:
         yield Row(f"{what}, 10,000 properties", "nlohmann::json", times[f"{row}/ours/10000"],
                   times[f"{row}/nlohmann/10000"], at_most=1)
         yield growth_row(times, f"{what}, 20,000 properties", row, "ours", "10000", "20000")
