@@ -384,5 +384,41 @@ TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
   EXPECT_EQ(ReadLeadingInt(std::wstring(5'000'000, L'0') + L"7"), 7);
 }
 
+TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {
+  Colorats colorats;
+  std::wstring active;
+  {
+    std::wstring text = L"@main M\nA long key text 1 2 3 4\nKey-of-many-letters 1 2 3 4";
+    ParseColoratSection({colorats, active}, text);
+    text.assign(text.size(), L'x');
+  }
+  const Colorats copy = colorats;
+  colorats.clear();
+  ASSERT_EQ(copy.at(L"main").size(), 1u);
+  EXPECT_EQ(copy.at(L"main").begin()->first, L"Key-of-many-letters");
+}
+
+TEST(ColorMap, FindsAndListsWhateverWasAddedInBetween) {
+  ColorMap colors;
+  const auto keys = [&colors] {
+    std::wstring all;
+    for (const auto& [key, entry] : colors) all += key;
+    return all;
+  };
+  EXPECT_EQ(colors.find(L"b"), colors.end());
+  colors.Add(L"c", {1, 0, 0, 0, 0});
+  colors.Add(L"a", {2, 0, 0, 0, 0});
+  colors.Add(L"c", {3, 0, 0, 0, 0});
+  EXPECT_EQ(keys(), L"ac");
+  EXPECT_EQ(colors.find(L"c")->second.number, 1);
+  colors.Add(L"b", {4, 0, 0, 0, 0});
+  colors.Add(L"a", {5, 0, 0, 0, 0});
+  EXPECT_EQ(colors.find(L"a")->second.number, 2);
+  EXPECT_EQ(colors.find(L"b")->second.number, 4);
+  EXPECT_EQ(colors.find(L"d"), colors.end());
+  EXPECT_EQ(colors.size(), 3u);
+  EXPECT_EQ(keys(), L"abc");
+}
+
 }  // namespace
 }  // namespace TolvenLibs::RevitMappingEditorDll
