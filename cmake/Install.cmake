@@ -14,6 +14,7 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/classificator/Classificator.h
   src/classificator/ColoratSection.h
   src/domen/Domen.h
+  src/domen/DomenProperties.h
   src/domen/DomenProperty.h
   src/domen/DomenStore.h
   src/mapping/MapTextRecords.h
