@@ -62,10 +62,8 @@ bool DomenProperty::AppliesToObjectType(std::wstring_view objectType) const {
 
 int DomenProperty::AddValueField(std::wstring_view fieldName, std::wstring_view title,
                                  int valueType, bool fieldFlag, std::wstring_view defaultText) {
-  const bool taken = std::any_of(fields.begin(), fields.end(), [fieldName](const Field& field) {
-    return field->name == fieldName;
-  });
-  return taken ? -1 : AppendField(fieldName, title, valueType, fieldFlag, defaultText);
+  if (HasField(fieldName)) return -1;
+  return AppendField(fieldName, title, valueType, fieldFlag, defaultText);
 }
 
 int DomenProperty::AppendField(std::wstring_view fieldName, std::wstring_view title, int valueType,
@@ -75,6 +73,21 @@ int DomenProperty::AppendField(std::wstring_view fieldName, std::wstring_view ti
   fields.push_back(std::move(field));
   fields.back()->SetValue(std::wstring(defaultText));
   return 0;
+}
+
+// Among many fields a name is looked up, where it is compared with each of a few. Fields are only
+// ever added, so that those whose names are not known yet are the last.
+bool DomenProperty::HasField(std::wstring_view fieldName) {
+  constexpr std::size_t few = 32;
+  if (fields.size() < few) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [fieldName](const Field& field) { return field->name == fieldName; });
+  }
+  if (!fieldNames) fieldNames = std::make_unique<Names>();
+  for (std::size_t i = fieldNames->size(); i < fields.size(); ++i) {
+    fieldNames->insert(fields[i]->name);
+  }
+  return fieldNames->contains(fieldName);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "PropertyParameter.h"
@@ -45,6 +46,14 @@ struct DomenProperty {
   bool unique = false;
   int sortIndex = -1;  // the place in the interface's display; nothing here sorts by it
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
+
+ private:
+  using Names = std::unordered_set<std::wstring_view>;
+
+  bool HasField(std::wstring_view fieldName);
+
+  // Of the first of the fields, once there are many: null until then, and in a copy.
+  std::unique_ptr<Names> fieldNames;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

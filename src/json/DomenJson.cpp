@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "domen/DomenStore.h"
-#include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "editor/PathParts.h"
@@ -87,14 +86,14 @@ FieldDefault ReadFieldDefault(SectionReader& field) {
 }
 
 // The flag of a field tells whether its default stood in the file.
-void ReadField(CfgParser& parser, FieldAdder& fields, const std::vector<std::wstring>& names,
+void ReadField(CfgParser& parser, DomenProperty& property, const std::vector<std::wstring>& names,
                std::size_t index) {
   const std::wstring& name = names[index];
   SectionReader field(
       Open(parser, fieldsSection, index == 0, index + 1 == names.size(), name.c_str()));
   const std::wstring title = field.String(fieldName, name.c_str());
   const FieldDefault value = ReadFieldDefault(field);
-  fields.Add(name, title, value.valueType, field.Found(), value.text);
+  property.AddValueField(name, title, value.valueType, field.Found(), value.text);
 }
 
 // The file's own "sId" is overridden: the key is the id.
@@ -110,8 +109,7 @@ void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstrin
   const int sortIndex = section.Int(propertySortIndex, 0);
   const std::vector<std::wstring> fieldNames = section.Strings(propertyFuncsNames);
   DomenProperty property(std::move(id), std::move(name), std::move(objectTypes), unique, sortIndex);
-  FieldAdder fields(property);
-  for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, fields, fieldNames, i);
+  for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, property, fieldNames, i);
   domen.AddProperty(key, property);
 }
 
