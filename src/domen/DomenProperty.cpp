@@ -104,10 +104,7 @@ bool DomenProperty::AppliesToObjectType(std::wstring_view objectType) const {
 
 int DomenProperty::AddValueField(std::wstring fieldName, std::wstring title, int valueType,
                                  bool fieldFlag, std::wstring defaultText) {
-  const bool taken = std::any_of(fields.begin(), fields.end(), [&fieldName](const Field& field) {
-    return field->name == fieldName;
-  });
-  if (taken) return -1;
+  if (HasField(fieldName)) return -1;
   return AppendField(std::move(fieldName), std::move(title), valueType, fieldFlag,
                      std::move(defaultText));
 }
@@ -121,7 +118,23 @@ int DomenProperty::AppendField(std::wstring fieldName, std::wstring title, int v
   return 0;
 }
 
+// Among many fields a name is looked up, where it is compared with each of a few. Fields are only
+// ever added, so that those whose names are not known yet are the last.
+bool DomenProperty::HasField(std::wstring_view fieldName) {
+  constexpr std::size_t few = 32;
+  if (fields.size() < few) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [fieldName](const Field& field) { return field->name == fieldName; });
+  }
+  if (!fieldNames) fieldNames = std::make_unique<Names>();
+  for (std::size_t i = fieldNames->size(); i < fields.size(); ++i) {
+    fieldNames->insert(fields[i]->name);
+  }
+  return fieldNames->contains(fieldName);
+}
+
 void DomenProperty::PassValuesThroughText() {
+  fieldNames.reset();  // of fields that may be made anew
   for (Field& field : fields) {
     if (!IsSteady(*field)) field = CopyOf(*field);
   }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "PropertyParameter.h"
@@ -35,10 +36,6 @@ struct DomenProperty {
   int AddValueField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                     std::wstring defaultText);
 
-  // The same for a name that is known to be free.
-  int AppendField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
-                  std::wstring defaultText);
-
   // Makes of this property what a copy of it would be.
   void PassValuesThroughText();
 
@@ -48,6 +45,18 @@ struct DomenProperty {
   bool unique = false;
   int sortIndex = -1;  // the place in the interface's display; nothing here sorts by it
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
+
+ private:
+  using Names = std::unordered_set<std::wstring_view>;
+
+  bool HasField(std::wstring_view fieldName);
+
+  // `AddValueField` for a name that is known to be free.
+  int AppendField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
+                  std::wstring defaultText);
+
+  // Of the first of the fields, once there are many: null until then, and in a copy.
+  std::unique_ptr<Names> fieldNames;
 };
 
 // The text of the value that a field would have in a copy of its property.

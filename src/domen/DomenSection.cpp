@@ -2,14 +2,12 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "classificator/TextFile.h"
 #include "domen/DomenStore.h"
-#include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "editor/Text.h"
@@ -103,13 +101,13 @@ class DomenSectionParser {
   void OpenDomen(std::wstring_view text) {
     const std::wstring id(text.substr(0, text.find(L' ')));
     domen = nullptr;
-    fields.reset();
+    property = nullptr;
     if (id.empty()) return;
     domen = &store.AddDomen(id, Domen(id, id)).first->second;
     store.activeDomenId = id;
     DomenProperties& properties = domen->properties.Edit();
     const auto found = properties.find(propertyId);
-    if (!propertyId.empty() && found != properties.end()) fields.emplace(found->second);
+    if (!propertyId.empty() && found != properties.end()) property = &found->second;
   }
 
   void SetObjectTypes(std::wstring_view text) {
@@ -125,7 +123,7 @@ class DomenSectionParser {
   // Forgets the current property first, so that the fields behind a bad line go to none.
   void AddProperty(std::wstring_view text) {
     propertyId.clear();
-    fields.reset();
+    property = nullptr;
     if (!domen) return;
     const EntryPieces<4> pieces(text);
     int unique = 0;
@@ -140,25 +138,26 @@ class DomenSectionParser {
     const auto entry =
         properties.try_emplace(properties.end(), propertyId, propertyId, std::wstring(name),
                                objectTypes, unique == 1, sortIndex);
-    fields.emplace(entry->second);
+    property = &entry->second;
   }
 
   void AddField(std::wstring_view text) {
-    if (!fields) return;
+    if (!property) return;
     const EntryPieces<5> pieces(text);
     if (pieces.Count() < 4) return;
     const int valueType = ParsePropertyType(pieces[1]);
     int flag = 0;
     if (valueType == -1 || !ParseInt(pieces[2], flag)) return;
-    fields->Add(std::wstring(pieces[0]), std::wstring(pieces[pieces.Count() > 4 ? 4 : 0]),
-                valueType, flag != 0, std::wstring(pieces[3]));
+    property->AddValueField(std::wstring(pieces[0]),
+                            std::wstring(pieces[pieces.Count() > 4 ? 4 : 0]), valueType, flag != 0,
+                            std::wstring(pieces[3]));
   }
 
   DomenStore& store;
   std::vector<std::wstring> objectTypes;
   Domen* domen = nullptr;
-  std::wstring propertyId;           // empty if there is no current property
-  std::optional<FieldAdder> fields;  // of the property of this id in `domen`, if it has one
+  std::wstring propertyId;            // empty if there is no current property
+  DomenProperty* property = nullptr;  // of this id in `domen`, if it has one
 };
 
 }  // namespace

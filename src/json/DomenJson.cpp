@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "domen/DomenStore.h"
-#include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "editor/PathParts.h"
@@ -90,7 +89,7 @@ FieldDefault ReadFieldDefault(SectionReader& field) {
 }
 
 // The flag of a field tells whether its default stood in the file.
-void ReadField(CfgParser& parser, FieldAdder& fields, std::vector<std::wstring>& names,
+void ReadField(CfgParser& parser, DomenProperty& property, std::vector<std::wstring>& names,
                std::size_t index) {
   std::wstring& name = names[index];
   SectionReader field(
@@ -98,8 +97,8 @@ void ReadField(CfgParser& parser, FieldAdder& fields, std::vector<std::wstring>&
   const wchar_t* title = field.String(fieldName, name.c_str());
   FieldDefault value = ReadFieldDefault(field);
   std::wstring ownTitle(title);  // which may be the name
-  fields.Add(std::move(name), std::move(ownTitle), value.valueType, field.Found(),
-             std::move(value.text));
+  property.AddValueField(std::move(name), std::move(ownTitle), value.valueType, field.Found(),
+                         std::move(value.text));
 }
 
 // The file's own "sId" is overridden: the key is the id.
@@ -116,8 +115,7 @@ void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstrin
   std::vector<std::wstring> fieldNames = section.Strings(propertyFuncsNames);
   DomenProperty property(id, name, std::move(objectTypes), unique, sortIndex);
   property.fields.reserve(fieldNames.size());
-  FieldAdder fields(property);
-  for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, fields, fieldNames, i);
+  for (std::size_t i = 0; i < fieldNames.size(); ++i) ReadField(parser, property, fieldNames, i);
   domen.AddProperty(key, std::move(property));
 }
 

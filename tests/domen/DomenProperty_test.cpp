@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -123,6 +124,35 @@ TEST(AddValueField, TakesNamesThatDifferInAnyUnit) {
   }
   EXPECT_EQ(property.AddValueField(L"", L"", 0, false, L"5"), -1);
   EXPECT_EQ(property.fields.size(), 6u);
+}
+
+TEST(AddValueField, KnowsTheNamesOfManyFields) {
+  constexpr int many = 100;
+  DomenProperty property = NewProperty();
+  const auto add = [&property](int number) {
+    return property.AddValueField(L"F" + std::to_wstring(number), L"", 0, false, L"1");
+  };
+  for (int i = 0; i < many; ++i) {
+    EXPECT_EQ(add(i), 0);
+    EXPECT_EQ(add(i / 2), -1);
+  }
+  property = DomenProperty(property);
+  EXPECT_EQ(add(0), -1);
+  EXPECT_EQ(add(many - 1), -1);
+  EXPECT_EQ(add(many), 0);
+  const DomenProperty moved = std::move(property);
+  EXPECT_EQ(moved.fields.size(), std::size_t{many} + 1);
+}
+
+// The names of another property's fields are not its own, also where these are where the other's
+// were.
+TEST(AddValueField, ForgetsTheNamesOfFieldsThatWereAssignedOver) {
+  DomenProperty property = NewProperty();
+  for (int i = 0; i < 100; ++i) property.AddValueField(std::to_wstring(i), L"", 0, false, L"1");
+  property = NewProperty();
+  for (int i = 0; i < 100; ++i) {
+    EXPECT_EQ(property.AddValueField(std::to_wstring(i), L"", 0, false, L"1"), 0);
+  }
 }
 
 TEST(AddValueField, RefusesANumberThatIsNoType) {

@@ -1,0 +1,58 @@
+// Measures what inputs that are made to be dear cost at their full size and at half of it, and
+// prints a line for each, with tabs between the columns:
+//
+//   reader, input, size, seconds at half the size, seconds, bytes of the file, peak bytes of
+//   memory, bytes of stack, what twice the size may cost, the rule that makes it so
+//
+//   hostile_sizes [TEXT]   those cases alone whose reader or input has the text in it
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "hostile/Case.h"
+#include "hostile/Measure.h"
+
+namespace {
+
+// A machine's mood lengthens a time, and never shortens it. The two take turns, so that it is the
+// same for both, and the more often the less time they take.
+void MeasureBoth(const PreparedCase& half, const PreparedCase& full, Cost& ofHalf, Cost& ofFull) {
+  ofHalf = half.Measure();
+  ofFull = full.Measure();
+  const int repetitions = std::clamp(static_cast<int>(1 / ofFull.seconds), 2, 20);
+  for (int i = 0; i < repetitions; ++i) {
+    ofHalf.seconds = std::min(ofHalf.seconds, half.Measure().seconds);
+    ofFull.seconds = std::min(ofFull.seconds, full.Measure().seconds);
+  }
+}
+
+void Print(const HostileCase& input) {
+  const PreparedCase half(input, input.size / 2);
+  const PreparedCase full(input, input.size);
+  Cost ofHalf;
+  Cost ofFull;
+  MeasureBoth(half, full, ofHalf, ofFull);
+  std::printf("%s\t%s\t%zu\t%.6f\t%.6f\t%zu\t%zu\t%zu\t%g\t%s\n", input.reader, input.input,
+              input.size, ofHalf.seconds, ofFull.seconds, full.FileSize(), ofFull.peak,
+              ofFull.stack, input.most, input.rule);
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string wanted = argc > 1 ? argv[1] : "";
+  for (const HostileCase& input : AllHostileCases()) {
+    if ((std::string(input.reader) + ": " + input.input).find(wanted) == std::string::npos) {
+      continue;
+    }
+    try {
+      Print(input);
+    } catch (const std::exception& error) {
+      std::fprintf(stderr, "%s: %s: %s\n", input.reader, input.input, error.what());
+      return 1;
+    }
+  }
+}
