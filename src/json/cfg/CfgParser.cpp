@@ -24,6 +24,8 @@ std::string ReadWholeFile(const std::wstring& file) {
 CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
     : text(ReadWholeFile(file)) {
   if (ParseJson5(text, tree)) tree.root = {};
+  // Each member tends to be requested once.
+  record.Reserve(tree.members.size());
 }
 
 CfgParser::~CfgParser() = default;

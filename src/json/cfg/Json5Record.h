@@ -77,6 +77,9 @@ class Json5Record {
   Json5Record(const Json5Record&) = delete;
   Json5Record& operator=(const Json5Record&) = delete;
 
+  // Makes room for so many requests.
+  void Reserve(std::size_t count) { params.reserve(count); }
+
   // Opens an item, to which the requests that follow may belong.
   std::size_t Open(const wchar_t* sectionName, std::wstring_view itemName);
 
