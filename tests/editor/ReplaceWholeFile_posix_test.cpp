@@ -254,6 +254,18 @@ TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "last");
 }
 
+// A process without standard input has its number for any file.
+TEST(ReplaceWholeFile, AndReadFileTakeTheFirstNumberThatAFileMayHave) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", "old");
+  const int status = RunApart([&] {
+    close(STDIN_FILENO);
+    ReplaceWholeFile(file, "new");
+    _exit(ReadFile(file) == "new" ? 0 : 1);
+  });
+  EXPECT_EQ(status, 0);
+}
+
 TEST(ReplaceWholeFile, ShowsReadersTheOldFileOrTheNewOneWhole) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", oldBytes);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdint>
 #include <initializer_list>
 #include <locale>
 #include <random>
@@ -544,6 +545,32 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
       }
     }
   }
+}
+
+// What the index has for a word of two units. Words whose upper bits agree stand side by side.
+std::uint64_t HashOf(wchar_t first, wchar_t second) {
+  constexpr std::uint64_t factors[] = {0xE220A8397B1DCDAF, 0x6E789E6AA1B965F5};
+  constexpr std::uint64_t oddNumber = 0x9E3779B97F4A7C15;
+  const std::uint64_t word = factors[0] * static_cast<std::uint64_t>(first) +
+                             factors[1] * static_cast<std::uint64_t>(second);
+  const std::uint64_t hash = word * oddNumber + 2;
+  return (hash ^ (hash >> 32)) * 0xD6E8FEB86659FD93;
+}
+
+TEST(FindCodeId, TakesWordsWhoseHashesCrowd) {
+  Texts words;
+  for (wchar_t first = 0x5000; words.size() < 1200; ++first) {
+    for (wchar_t second = 0x5000; second < 0x5400; ++second) {
+      if (HashOf(first, second) >> 56 == 0) words.push_back({first, second});
+    }
+  }
+  std::wstring section = L"@C\n";
+  for (const std::wstring& word : words) section += word + L"\n";
+  const Classificator classificator = Read(section);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    EXPECT_EQ(FindCodeId(classificator, words[i] + L" a"), static_cast<int>(i));
+  }
+  EXPECT_EQ(FindCodeId(classificator, L"a"), -1);
 }
 
 TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
