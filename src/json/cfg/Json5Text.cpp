@@ -1,5 +1,6 @@
 #include "Json5Text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -52,7 +53,12 @@ std::string ToJson5Text(std::wstring_view text) {
 }
 
 void ToJson5Text(std::wstring_view text, std::string& bytes) {
-  bytes.clear();
+  const auto firstLong = std::find_if(
+      text.begin(), text.end(), [](wchar_t unit) { return static_cast<char32_t>(unit) >= 0x80; });
+  bytes.resize(static_cast<std::size_t>(firstLong - text.begin()));
+  std::transform(text.begin(), firstLong, bytes.begin(),
+                 [](wchar_t unit) { return static_cast<char>(unit); });
+  text.remove_prefix(bytes.size());
   while (!text.empty()) {
     auto code = static_cast<char32_t>(text.front());
     if (IsPair(text)) {
