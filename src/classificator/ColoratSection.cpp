@@ -33,7 +33,7 @@ int ReadClamped(std::wstring_view text, int top) {
 
 // A line's pieces, or nothing unless they are a key text and four values.
 std::optional<std::array<std::wstring_view, 5>> CutColorLine(std::wstring_view line) {
-  PieceReader reader(line, L" ", false);
+  WordReader reader(line);
   std::array<std::wstring_view, 5> pieces;
   for (std::wstring_view& piece : pieces) {
     if (!reader.Next(piece)) return std::nullopt;

@@ -16,29 +16,6 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// What `PieceReader` gives at a blank, with the empty pieces passed over.
-class WordReader {
- public:
-  explicit WordReader(std::wstring_view text) : at(text.data()), end(at + text.size()) {}
-
-  bool Next(std::wstring_view& word) {
-    while (true) {
-      while (at != end && *at == L' ') ++at;
-      if (at == end) return false;
-      const wchar_t* const start = at;
-      while (at != end && *at != L' ') ++at;
-      word = {start, static_cast<std::size_t>(at - start)};
-      if (!IsSpace(word.front()) && !IsSpace(word.back())) return true;
-      word = Trimmed(word);
-      if (!word.empty()) return true;
-    }
-  }
-
- private:
-  const wchar_t* at;
-  const wchar_t* end;
-};
-
 // The pieces of an entry at blanks, the last of them being all the rest, in which one blank stands
 // where the entry may have more.
 template <std::size_t limit>

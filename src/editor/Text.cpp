@@ -1,7 +1,5 @@
 #include "editor/Text.h"
 
-#include <algorithm>
-
 namespace TolvenLibs::RevitMappingEditorDll {
 
 bool IsSpaceOutsideAscii(wchar_t unit) {
@@ -41,21 +39,11 @@ bool StartsWith(std::wstring_view text, std::wstring_view prefix) {
 
 namespace {
 
-// Words are short, and their ends found sooner without a call.
-std::size_t FindBlank(std::wstring_view text) {
-  const std::size_t near = std::min<std::size_t>(text.size(), 16);
-  for (std::size_t i = 0; i < near; ++i) {
-    if (text[i] == L' ') return i;
-  }
-  return text.find(L' ', near);
-}
-
 // An empty separator occurs nowhere: found at every position, it would never be passed. The search
 // for a single unit is the faster one.
 std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
   if (separator.empty()) return text.npos;
-  if (separator.size() > 1) return text.find(separator);
-  return separator.front() == L' ' ? FindBlank(text) : text.find(separator.front());
+  return separator.size() == 1 ? text.find(separator.front()) : text.find(separator);
 }
 
 // For each beginning of the text the length of the longest shorter one that it ends in.

@@ -61,6 +61,31 @@ class PieceReader {
   bool atEnd = false;
 };
 
+// Gives what a `PieceReader` gives at a blank when it passes over what is empty, sooner: words are
+// short.
+class WordReader {
+ public:
+  explicit WordReader(std::wstring_view text) : at(text.data()), end(at + text.size()) {}
+
+  // Puts the next word into `word` and gives true, or gives false when there are no more.
+  bool Next(std::wstring_view& word) {
+    while (true) {
+      while (at != end && *at == L' ') ++at;
+      if (at == end) return false;
+      const wchar_t* const start = at;
+      while (at != end && *at != L' ') ++at;
+      word = {start, static_cast<std::size_t>(at - start)};
+      if (!IsSpace(word.front()) && !IsSpace(word.back())) return true;
+      word = Trimmed(word);
+      if (!word.empty()) return true;
+    }
+  }
+
+ private:
+  const wchar_t* at;
+  const wchar_t* end;
+};
+
 // How many pieces a `PieceReader` gives.
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
 

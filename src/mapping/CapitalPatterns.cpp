@@ -19,9 +19,9 @@ std::uint32_t TakeNumber(const std::uint8_t*& bytes) {
 
 // Reads a text against a pattern's words, as `CapitalWords` cuts it, but no farther than they
 // reach.
-class WordReader {
+class TextWords {
  public:
-  WordReader(std::wstring_view text, const UpperTable& capitals)
+  TextWords(std::wstring_view text, const UpperTable& capitals)
       : rest(text.data()),
         end(rest + text.size()),
         upper(capitals),
@@ -109,11 +109,11 @@ void CapitalPatterns::Append(std::uint32_t number) {
 
 bool Fits(const CapitalPatterns::Pattern& pattern, std::wstring_view text,
           const UpperTable& upper) {
-  WordReader reader(text, upper);
+  TextWords words(text, upper);
   const std::uint8_t* rest = pattern.words;
   for (std::uint32_t word = 0; word < pattern.wordCount; ++word) {
-    if (word > 0 && !reader.NextWord()) return false;
-    if (!reader.TakeBeginning(rest)) return false;
+    if (word > 0 && !words.NextWord()) return false;
+    if (!words.TakeBeginning(rest)) return false;
   }
   return true;
 }

@@ -142,6 +142,15 @@ TEST(SplitTrimmed, AgreesWithItsNaiveFormOnWhatIsWhiteSpace) {
   }
 }
 
+TEST(WordReader, GivesTheWordsOfEverySmallText) {
+  ForEachText({{L" ", L"\t", L"\n", L"\x3000", L"a", L"b"}, 6}, [](const std::wstring& text) {
+    Naive::Texts words;
+    WordReader reader(text);
+    for (std::wstring_view word; reader.Next(word);) words.emplace_back(word);
+    ASSERT_EQ(words, Naive::SplitTrimmed(text, L" ", false)) << PrintToString(text);
+  });
+}
+
 TEST(FindText, FindsWhatThePlainSearchFinds) {
   ForEachText({{L"a", L"b"}, 7}, [](const std::wstring& what) {
     ForEachText({{L"a", L"b"}, 8}, [&](const std::wstring& text) {
