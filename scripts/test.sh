@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Checks the formatting, then builds and tests everything: with sanitizers, for Windows under Wine,
-# and as released. At last it runs each benchmark once, so that none falls behind the library.
+# and as released; two editors on two threads with the thread sanitizer. Then it replays the corpora
+# of the fuzzer, fuzzes for a minute, and at last runs each benchmark once, so that none falls behind
+# the library.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 node=()
@@ -8,9 +10,11 @@ command -v npm >/dev/null || node=(nodejs npm)
 . scripts/setup.sh clang-format clang-19 locales g++-mingw-w64-x86-64-posix googletest wine64 \
   "${node[@]}"
 
-# A locale whose numbers are written otherwise, which must change nothing.
-locale -a | grep -qix 'de_DE\.utf-\?8' ||
-  "${as_root[@]}" localedef -i de_DE -f UTF-8 de_DE.UTF-8
+# Locales whose numbers and capitals are written otherwise, which must change nothing.
+for name in de_DE ru_RU tr_TR; do
+  locale -a | grep -qix "$name\.utf-\?8" ||
+    "${as_root[@]}" localedef -i "$name" -f UTF-8 "$name.UTF-8"
+done
 
 find include src tests tools examples benchmarks -name '*.h' -o -name '*.cpp' |
   xargs clang-format --dry-run --Werror
@@ -27,5 +31,12 @@ for preset in linux-sanitize windows-mingw linux-release; do
   cmake --build --preset "$preset"
   ctest --preset "$preset" --parallel "$(nproc)"
 done
+
+cmake --preset linux-tsan >/dev/null
+cmake --build --preset linux-tsan
+build/linux-tsan/tests/thread_tests --gtest_brief=1
+
+scripts/fuzz.sh --replay
+scripts/fuzz.sh 12
 
 scripts/bench.sh --brief

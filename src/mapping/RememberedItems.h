@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -9,6 +10,9 @@ struct CodeItems;
 
 // The items of the codes of one Classificator, as far as they were composed since anything changed
 // that they depend on: the Classificator or the domains. A copy remembers nothing.
+//
+// Each code id has its items for itself, also where one header has many of them. So what is
+// remembered has a bound, beyond which it begins anew: a few long headers can't fill the memory.
 class RememberedItems {
  public:
   RememberedItems();
@@ -19,13 +23,15 @@ class RememberedItems {
   // Null for a code that isn't remembered.
   const CodeItems* Find(int codeId) const;
 
-  // Keeps the items of a code that isn't remembered, and gives them back.
+  // Keeps the items of a code that isn't remembered, and gives them back. What was found before may
+  // be gone then.
   const CodeItems& Keep(int codeId, CodeItems items);
 
   void Forget();
 
  private:
   std::vector<std::unique_ptr<const CodeItems>> byCodeId;
+  std::size_t units = 0;  // of all texts in it
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
