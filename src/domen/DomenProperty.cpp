@@ -39,6 +39,10 @@ bool HasBareEnds(std::wstring_view text) {
   return !text.empty() && isBare(text.front()) && isBare(text.back());
 }
 
+bool IsBare(const std::wstring& text) {
+  return text.empty() || HasBareEnds(text);
+}
+
 bool IsFinite(double number) {
   return std::isfinite(number);
 }
@@ -52,10 +56,8 @@ bool IsSteady(const Properties::PropertyParameter& field) {
   switch (field.valueType) {
     case typeReal:
       return IsFinite(static_cast<const PropertyRealParameter&>(field).value);
-    case typeStr: {
-      const std::wstring& value = static_cast<const PropertyStrParameter&>(field).value;
-      return value.empty() || HasBareEnds(value);
-    }
+    case typeStr:
+      return IsBare(static_cast<const PropertyStrParameter&>(field).value);
     case typeIList:
       return !static_cast<const PropertyIListParameter&>(field).value.empty();
     case typeRList:

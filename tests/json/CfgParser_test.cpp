@@ -335,6 +335,14 @@ TEST(Section, IsANewObjectEachTimeAndStaysGoodWhenItsLikeEnds) {
   EXPECT_EQ(FindInt(*one, L"i"), 5);
 }
 
+TEST(Section, IsNotFoundUnderANameThatIsNoText) {
+  if (sizeof(wchar_t) == 2) GTEST_SKIP() << "every unit can be part of a text here";
+  ParsedFile file("{a: {b: {}, '': {}, '?': {}, '\\uFFFD': {}}}");
+  const std::wstring noText(1, static_cast<wchar_t>(0x110000));
+  EXPECT_TRUE(IsFound(file.parser, L"a", L"b"));
+  EXPECT_FALSE(IsFound(file.parser, L"a", noText.c_str()));
+}
+
 TEST(Section, StaysGoodWhileOthersAreOpenedAndEnded) {
   ParsedFile file("{Domen: {s: 'a'}, Properties: {P: {s: 'b'}}, ArrayValueFields: {F: {s: 'c'}}}");
   const SectionPointer domen = Open(file.parser, L"Domen");
@@ -648,6 +656,27 @@ TEST(Save, DoesNotDependOnTheBuffersOfTheRequests) {
             "    }\n"
             "  }\n"
             "}\n");
+}
+
+TEST(Save, TellsKeysAndCommentsApartHoweverManyThereAre) {
+  ParsedFile file("{}");
+  Texts texts;
+  for (int i = 0; i < 2000; ++i) texts.push_back(L"k" + std::to_wstring(i));
+  {
+    const SectionPointer section = Open(file.parser, L"a");
+    bool found = false;
+    for (int i = 0; i < 2000; ++i) {
+      const wchar_t* comment = texts[static_cast<std::size_t>(1999 - i)].c_str();
+      section->ParamInt(texts[static_cast<std::size_t>(i)].c_str(), i, found, comment, true);
+    }
+  }
+  file.parser.saveCfgParamsToJson5(file.path.c_str(), 2);
+  const std::string bytes = ReadBytes(file.path);
+  for (int i = 0; i < 2000; ++i) {
+    const std::string line = "\"k" + std::to_string(i) + "\": " + std::to_string(i) +
+                             (i < 1999 ? "," : "") + " // k" + std::to_string(1999 - i) + "\n";
+    EXPECT_NE(bytes.find(line), bytes.npos) << line;
+  }
 }
 
 TEST(Save, CanBeDoneAgainWithWhatWasRequestedSince) {

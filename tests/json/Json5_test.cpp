@@ -160,6 +160,9 @@ TEST(ParseJson5, EndsALineCommentAtEachLineTerminatorAndAtTheEnd) {
   }
   EXPECT_EQ(Parsed(L"1// c"), L"1");
   EXPECT_EQ(Parsed(L"1//"), L"1");
+  for (std::size_t letters = 0; letters < 20; ++letters) {
+    EXPECT_EQ(Parsed(L"1//" + std::wstring(letters, L'я')), L"1") << letters;
+  }
 }
 
 TEST(ParseJson5, EndsALineCommentAtNothingElse) {

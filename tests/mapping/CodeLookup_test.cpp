@@ -425,6 +425,26 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
   EXPECT_EQ(FindCodeId(Read(L"abc"), L"bcd"), -1);
 }
 
+// A pattern that was read when its units were no white space, and no blanks either.
+TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
+  const Classificator classificator = Read(L"ax\na_b\na*b\nc\nq ax");
+  const UpperFunction uppers[] = {
+      [](wchar_t unit) { return unit == L'X' ? L'\t' : UpperOfLatin(unit); },
+      [](wchar_t unit) { return unit == L'X' ? L' ' : UpperOfLatin(unit); },
+      [](wchar_t unit) { return unit == L'_' ? L' ' : UpperOfLatin(unit); },
+      [](wchar_t unit) { return unit == L'*' ? L' ' : UpperOfLatin(unit); },
+      [](wchar_t unit) { return unit == L' ' ? L'*' : UpperOfLatin(unit); },
+  };
+  for (const UpperFunction upper : uppers) {
+    const GlobalLocale locale(upper);
+    for (const wchar_t* text :
+         {L"ax", L"aX", L"aXX", L"axx", L"aX b", L"ax b", L"aXb", L"a_b", L"a b", L"a*b", L"a",
+          L"a ", L"aX ", L"a__b", L"X c", L"Xc", L"q aX", L"q ax", L"q aX b"}) {
+      EXPECT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text)) << text;
+    }
+  }
+}
+
 TEST(FindCodeId, SetsNoLocale) {
   const GlobalLocale locale(UpperOfLatin);
   const std::locale before;

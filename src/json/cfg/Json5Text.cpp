@@ -10,11 +10,11 @@ namespace {
 
 constexpr char noText = '\xFF';
 
-// The code at the head of `bytes`, which loses it. Its form has been checked.
+// The code above ASCII at the head of `bytes`, which loses it. Its form has been checked.
 char32_t TakeCode(std::string_view& bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
-  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  char32_t code = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  char32_t code = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     code = (code << 6) | (static_cast<unsigned char>(bytes[i]) & 0x3FU);
   }
