@@ -74,22 +74,6 @@ std::uint32_t TakeUnits(std::wstring_view& text) {
   return noCodePoint;
 }
 
-// For what lies outside ASCII.
-void PutBytes(std::uint32_t code, std::string& bytes) {
-  const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
-  if (code < 0x800) {
-    put(0xC0 | (code >> 6));
-  } else if (code < 0x10000) {
-    put(0xE0 | (code >> 12));
-    put(0x80 | ((code >> 6) & 0x3F));
-  } else {
-    put(0xF0 | (code >> 18));
-    put(0x80 | ((code >> 12) & 0x3F));
-    put(0x80 | ((code >> 6) & 0x3F));
-  }
-  put(0x80 | (code & 0x3F));
-}
-
 // Most of a file is, and eight bytes at a time are faster than each alone.
 bool StartsWithEightOfAscii(std::string_view bytes) {
   std::uint64_t eight = 0;
@@ -107,6 +91,22 @@ std::wstring TakeText(std::string_view& bytes) {
 }
 
 }  // namespace
+
+char* PutUtf8(std::uint32_t code, char* out) {
+  const auto put = [&out](std::uint32_t byte) { *out++ = static_cast<char>(byte); };
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6));
+  } else if (code < 0x10000) {
+    put(0xE0 | (code >> 12));
+    put(0x80 | ((code >> 6) & 0x3F));
+  } else {
+    put(0xF0 | (code >> 18));
+    put(0x80 | ((code >> 12) & 0x3F));
+    put(0x80 | ((code >> 6) & 0x3F));
+  }
+  put(0x80 | (code & 0x3F));
+  return out;
+}
 
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
   while (!bytes.empty()) {
@@ -153,7 +153,8 @@ bool AppendUtf8(std::string& bytes, std::wstring_view text) {
     }
     const std::uint32_t code = TakeUnits(text);
     if (code == noCodePoint) return false;
-    PutBytes(code, bytes);
+    char form[4];
+    bytes.append(form, PutUtf8(code, form));
   }
   return true;
 }

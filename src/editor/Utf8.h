@@ -36,6 +36,10 @@ std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
 // surrogate without its partner, or a number above U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);
 
+// Writes the bytes of a number from 0x80 to 0x10FFFF, two to four of them, and gives the place
+// behind them. A surrogate gets the three that its number would have.
+char* PutUtf8(std::uint32_t code, char* out);
+
 // Adds the UTF-8 form of `text` to `bytes`, or gives false at the first unit that has none, with
 // the form of those ahead of it added.
 bool AppendUtf8(std::string& bytes, std::wstring_view text);

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "editor/Utf8.h"
+
 namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
@@ -26,21 +28,6 @@ char* PutEscape(std::uint32_t unit, char* out) {
   }
   *out++ = 'u';
   for (int shift = 12; shift >= 0; shift -= 4) *out++ = "0123456789abcdef"[(unit >> shift) & 0xF];
-  return out;
-}
-
-char* PutUtf8(std::uint32_t code, char* out) {
-  if (code < 0x800) {
-    *out++ = ToByte(0xC0 | (code >> 6));
-  } else if (code < 0x10000) {
-    *out++ = ToByte(0xE0 | (code >> 12));
-    *out++ = ToByte(0x80 | ((code >> 6) & 0x3F));
-  } else {
-    *out++ = ToByte(0xF0 | (code >> 18));
-    *out++ = ToByte(0x80 | ((code >> 12) & 0x3F));
-    *out++ = ToByte(0x80 | ((code >> 6) & 0x3F));
-  }
-  *out++ = ToByte(0x80 | (code & 0x3F));
   return out;
 }
 

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "editor/Utf8.h"
+
 namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
@@ -31,19 +33,12 @@ bool IsPair(std::wstring_view text) {
 }  // namespace
 
 void AppendJson5Code(std::string& bytes, char32_t code) {
-  const auto put = [&bytes](char32_t byte) { bytes.push_back(static_cast<char>(byte)); };
-  if (code < 0x80) return put(code);
-  if (code < 0x800) {
-    put(0xC0 | (code >> 6));
-  } else if (code < 0x10000) {
-    put(0xE0 | (code >> 12));
-    put(0x80 | ((code >> 6) & 0x3F));
-  } else {
-    put(0xF0 | (code >> 18));
-    put(0x80 | ((code >> 12) & 0x3F));
-    put(0x80 | ((code >> 6) & 0x3F));
+  if (code < 0x80) {
+    bytes.push_back(static_cast<char>(code));
+    return;
   }
-  put(0x80 | (code & 0x3F));
+  char form[4];
+  bytes.append(form, PutUtf8(code, form));
 }
 
 std::string ToJson5Text(std::wstring_view text) {
