@@ -21,8 +21,10 @@ constexpr unsigned char leadOfSurrogates = 0xED;
 constexpr std::array<bool, 256> plainBytes = [] {
   std::array<bool, 256> plain = {};
   std::fill(plain.begin() + ' ', plain.end() - 1, true);
-  for (const unsigned char byte : {'"', '\\'}) plain[byte] = false;
-  for (const unsigned char byte : {leadOfTerminators, leadOfSurrogates}) plain[byte] = false;
+  plain['"'] = false;
+  plain['\\'] = false;
+  plain[leadOfTerminators] = false;
+  plain[leadOfSurrogates] = false;
   return plain;
 }();
 
