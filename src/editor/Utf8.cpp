@@ -68,7 +68,7 @@ std::wstring TakeText(std::string_view& bytes) {
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
   while (!bytes.empty()) {
     while (StartsWithEightOfAscii(bytes)) {
-      out = std::copy_n(bytes.data(), 8, out);
+      out = std::copy_n(bytes.begin(), 8, out);
       bytes.remove_prefix(8);
     }
     if (bytes.empty()) break;

@@ -52,7 +52,7 @@ char32_t TakeJson5Code(std::string_view& bytes) {
     return 0xFFFD;
   }
   const auto lead = static_cast<unsigned char>(bytes.front());
-  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  const std::size_t length = 2U + (lead >= 0xE0 ? 1 : 0) + (lead >= 0xF0 ? 1 : 0);
   char32_t code = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     code = (code << 6) | (static_cast<unsigned char>(bytes[i]) & 0x3FU);

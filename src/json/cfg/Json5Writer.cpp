@@ -167,7 +167,7 @@ class RecordWriter {
     const std::size_t first = *next;
     bool alone = true;
     while (next != items.InOrder().end() && items.AreOfOneSection(first, *next)) {
-      const Place end = EndOfItem();
+      const auto end = EndOfItem();
       alone = alone && (end == items.InOrder().end() || !items.AreOfOneSection(first, *end));
       const std::string_view name = record.Items()[*next].name;
       if (name.empty() && alone) {
@@ -198,7 +198,7 @@ class RecordWriter {
 
   // The requests for one key after the first of them only replace its value.
   void WriteParams(Lines& lines, Place end) {
-    for (Place item = next; item != end; ++item) {
+    for (auto item = next; item != end; ++item) {
       for (auto param = Begin(*item), behind = Begin(*item + 1); param != behind; ++param) {
         lastOfKey[param->key] = &*param;
       }
