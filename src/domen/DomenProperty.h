@@ -1,9 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "PropertyParameter.h"
@@ -47,7 +47,7 @@ struct DomenProperty {
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
 
  private:
-  using Names = std::unordered_set<std::wstring_view>;
+  using Names = std::set<std::wstring_view>;
 
   bool HasField(std::wstring_view fieldName);
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iterator>
 #include <limits>
 #include <map>
@@ -424,6 +425,38 @@ TEST(WriteJson5, PutsRequestsThatTakeTurnsIntoTheItemsThatTheyWereMadeOf) {
             "    }\n"
             "  }\n"
             "}\n");
+}
+
+// The keys of two requests for each of the names, the second in the opposite order.
+std::string RequestsForEach(const std::vector<std::string>& names) {
+  Requests requests;
+  for (const std::string& name : names) requests.Section(L"S", ToWideText(name)).Set(L"a", 1);
+  requests.Section(L"T");
+  for (auto name = names.rbegin(); name != names.rend(); ++name) {
+    requests.Section(L"S", ToWideText(*name)).Set(L"b", 2);
+  }
+  return requests.Text();
+}
+
+// Names whose hashes have so many of their lowest bits in common.
+std::vector<std::string> NamesOfAlikeHashes(std::size_t count, unsigned bits) {
+  const std::size_t mask = (std::size_t{1} << bits) - 1;
+  std::vector<std::string> names;
+  for (int i = 0; names.size() < count; ++i) {
+    std::string name = "n" + std::to_string(i);
+    if ((std::hash<std::string_view>()(name) & mask) == 0) names.push_back(std::move(name));
+  }
+  return names;
+}
+
+TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
+  const std::vector<std::string> names = NamesOfAlikeHashes(500, 12);
+  std::string expected;
+  for (const std::string& name : names) {
+    expected += (expected.empty() ? "\n" : ",\n") + ("    \"" + name + "\": {\n") +
+                "      \"a\": 1,\n      \"b\": 2\n    }";
+  }
+  EXPECT_EQ(RequestsForEach(names), "{\n  \"S\": {" + expected + "\n  },\n  \"T\": {}\n}\n");
 }
 
 TEST(WriteJson5, TellsKeysAndNamesApartByUnit) {

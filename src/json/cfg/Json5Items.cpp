@@ -11,7 +11,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 Json5Items::Json5Items(const Json5Record& requests)
     : record(requests), first(requests.Items().size()), order(first.size()) {
-  FindFirst();
+  if (!FindFirstByHash()) FindFirstBySorting();
   const std::vector<std::size_t> firstOfSections = FirstOfSections();
   const auto isBefore = [&](std::size_t left, std::size_t right) {
     const std::size_t leftSection = firstOfSections[record.Items()[left].section];
@@ -24,15 +24,38 @@ Json5Items::Json5Items(const Json5Record& requests)
 }
 
 // By a table in which an item stands at its hash, or else at the next place that is free: at least
-// half of it is.
-void Json5Items::FindFirst() {
+// half of it is. False if too many others stand in the way: hashes that are alike by intention are
+// more than it is made for.
+bool Json5Items::FindFirstByHash() {
   constexpr auto none = static_cast<std::size_t>(-1);
+  constexpr std::size_t maxTries = 128;
   std::vector<std::size_t> table(std::bit_ceil(2 * first.size() + 1), none);
   for (std::size_t item = 0; item < first.size(); ++item) {
-    std::size_t at = Hash(item) & (table.size() - 1);
-    while (table[at] != none && !AreOfOneName(table[at], item)) at = (at + 1) & (table.size() - 1);
-    if (table[at] == none) table[at] = item;
-    first[item] = table[at];
+    const std::size_t home = Hash(item);
+    std::size_t tries = 0;
+    const auto entry = [&]() -> std::size_t& { return table[(home + tries) & (table.size() - 1)]; };
+    while (entry() != none && !AreOfOneName(entry(), item)) {
+      if (++tries == maxTries) return false;
+    }
+    if (entry() == none) entry() = item;
+    first[item] = entry();
+  }
+  return true;
+}
+
+void Json5Items::FindFirstBySorting() {
+  const auto nameOf = [this](std::size_t item) {
+    return std::pair(record.Items()[item].section, record.Items()[item].name);
+  };
+  std::vector<std::size_t> sorted(first.size());
+  std::iota(sorted.begin(), sorted.end(), std::size_t{0});
+  std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t left, std::size_t right) {
+    return nameOf(left) < nameOf(right);
+  });
+  std::size_t last = 0;
+  for (const std::size_t item : sorted) {
+    if (nameOf(last) != nameOf(item)) last = item;
+    first[item] = last;
   }
 }
 

@@ -25,7 +25,8 @@ class Json5Items {
   }
 
  private:
-  void FindFirst();
+  bool FindFirstByHash();
+  void FindFirstBySorting();
   std::size_t Hash(std::size_t item) const;
   bool AreOfOneName(std::size_t left, std::size_t right) const;
   std::vector<std::size_t> FirstOfSections() const;
