@@ -262,23 +262,30 @@ def quotas(mutants, count):
 # ---- Building and running ----
 
 
-def limit_memory():
-  resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+def limits(seconds):
+  """Sets the limits of a command. Its time is the processor's: what else a machine does, or that it
+  holds the command up, must not pass for a hang."""
+  def set_limits():
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+    if seconds:
+      resource.setrlimit(resource.RLIMIT_CPU, (round(seconds), round(seconds) + 1))
+  return set_limits
 
 
 def run(command, folder, seconds=None, environment=None):
   """Status and output of a command, None for one that had to be stopped. Nothing of it is left."""
   with subprocess.Popen(
       command, cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-      stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=limit_memory) as process:
+      stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=limits(seconds)) as process:
     try:
-      output, _ = process.communicate(timeout=seconds)
+      # Whoever waits for ever takes no processor's time.
+      output, _ = process.communicate(timeout=seconds and 20 * seconds)
       status = process.returncode
     except subprocess.TimeoutExpired:
       os.killpg(process.pid, signal.SIGKILL)
       output, _ = process.communicate()
       status = None
-  return status, output.decode("utf-8", "replace")
+  return None if status == -signal.SIGXCPU else status, output.decode("utf-8", "replace")
 
 
 class Stage:
@@ -353,7 +360,6 @@ class Tree:
       killer = self._killer(stage)
       if killer:
         raise RuntimeError(f"without any change fails {killer}")
-      # Other work on the machine must not pass for a hang.
       stage.seconds = 15 + 6 * (time.monotonic() - start)
 
   def _killer(self, stage):
