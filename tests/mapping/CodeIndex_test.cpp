@@ -12,7 +12,9 @@
 #include <vector>
 
 #include "mapping/CodeLookup.h"
+#include "mapping/MapTextRecords.h"
 #include "mapping/MapTextSection.h"
+#include "support/GlobalLocale.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -28,6 +30,17 @@ constexpr std::optional<int> cannotTell;
 // What the index of the patterns tells of the text.
 std::optional<int> Told(const std::wstring& patterns, std::wstring_view text) {
   return Read(patterns).records.Index()->Find(text);
+}
+
+TEST(CodeIndex, IsMadeOnceUntilTheLocaleChanges) {
+  const MapTextRecords records = Read(L"wall").records;
+  const CodeIndex* const index = records.Index();
+  EXPECT_EQ(records.Index(), index);
+  const MapTextRecords copy = records;
+  EXPECT_EQ(copy.Index(), index);
+  const GlobalLocale locale(UpperOfLatin);
+  EXPECT_NE(records.Index(), index);
+  EXPECT_EQ(copy.Index()->Find(L"walls"), 0);
 }
 
 TEST(CodeIndex, TellsThatNoRecordFitsIfThereIsNone) {
