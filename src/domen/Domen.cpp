@@ -21,9 +21,8 @@ void Domen::AddProperty(const std::wstring& key, DomenProperty&& property) {
 void Domen::AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
                              const std::wstring& title, int valueType, bool fieldFlag,
                              const std::wstring& defaultText) {
-  DomenProperties& edited = properties.Edit();
-  const auto found = edited.find(key);
-  if (found == edited.end()) return;
+  const auto found = properties.Edit().find(key);
+  if (found == properties.end()) return;
   found->second.AddValueField(fieldName, title, valueType, fieldFlag, defaultText);
 }
 

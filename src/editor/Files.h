@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,10 +25,16 @@ std::optional<std::wstring> FindFile(const std::wstring& dataFolder, const std::
 // then is the result.
 std::optional<std::string> ReadFile(const std::wstring& path);
 
-// Puts a file of these bytes in the place of whatever stands under `path`, in one step: whoever
-// reads it sees the old file or the new one, whole. Raises `std::system_error` if that fails, and
-// the old file is as it was: a folder is never replaced, nor anything else but a file that may be
-// written. A link stays, and what it leads to is replaced.
-void ReplaceWholeFile(const std::wstring& path, std::string_view bytes);
+// Takes the next bytes of a file.
+using TakeBytes = std::function<void(std::string_view)>;
+
+// Gives all bytes of a file, in as many pieces as it likes.
+using WriteBytes = std::function<void(const TakeBytes&)>;
+
+// Puts a file in the place of whatever stands under `path`, in one step: whoever reads it sees the
+// old file or the new one, whole. Raises `std::system_error` if that fails, and whatever `write`
+// raises; the old file is as it was then. A folder is never replaced, nor anything else but a file
+// that may be written. A link stays, and what it leads to is replaced.
+void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -65,6 +65,11 @@ class Descriptor {
     return got < 0 ? 0 : static_cast<std::size_t>(got);
   }
 
+  void WriteAll(const WriteBytes& write) const {
+    write([this](std::string_view bytes) { Write(bytes); });
+  }
+
+ private:
   void Write(std::string_view bytes) const {
     while (!bytes.empty()) {
       const ssize_t written = write(number, bytes.data(), bytes.size());
@@ -74,7 +79,6 @@ class Descriptor {
     }
   }
 
- private:
   int number;
 };
 
@@ -135,22 +139,22 @@ bool NameUnnamed(const Descriptor& file, const Target& target) {
 
 // The common way: a file that has no name until it is whole, so that a process that is killed
 // leaves nothing behind. False if the system has no such files.
-bool ReplaceByUnnamed(const Target& target, std::string_view bytes) {
+bool ReplaceByUnnamed(const Target& target, const WriteBytes& write) {
   const int opened = open(target.Folder().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
   if (opened < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) return false;
   const Descriptor file(opened);
-  file.Write(bytes);
+  file.WriteAll(write);
   if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
   return NameUnnamed(file, target);
 }
 
 // The way for all other file systems: a file under a name that no other process uses.
-void ReplaceByNamed(const Target& target, std::string_view bytes) {
+void ReplaceByNamed(const Target& target, const WriteBytes& write) {
   fs::path beside = target.Beside();
   beside += std::to_string(getpid());
   const Descriptor file(open(beside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
   try {
-    file.Write(bytes);
+    file.WriteAll(write);
     if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
   } catch (...) {
     unlink(beside.c_str());
@@ -195,11 +199,11 @@ std::optional<std::string> ReadFile(const std::wstring& path) {
   return bytes;
 }
 
-void ReplaceWholeFile(const std::wstring& path, std::string_view bytes) {
+void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
   const std::optional<fs::path> native = ToNativePath(path);
   if (!native) ThrowError(ENOENT);
   const Target target = FindTarget(*native);
-  if (!ReplaceByUnnamed(target, bytes)) ReplaceByNamed(target, bytes);
+  if (!ReplaceByUnnamed(target, write)) ReplaceByNamed(target, write);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

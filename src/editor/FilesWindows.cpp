@@ -68,7 +68,7 @@ DWORD Chunk(std::size_t size) {
   return static_cast<DWORD>(std::min<std::size_t>(size, 1u << 30));
 }
 
-void WriteAll(const Handle& file, std::string_view bytes) {
+void Write(const Handle& file, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD written = 0;
     Check(WriteFile(file.Get(), bytes.data(), Chunk(bytes.size()), &written, nullptr) != 0);
@@ -111,12 +111,12 @@ std::wstring Beside(const std::wstring& target) {
 }
 
 // Writes a file that vanishes if the process ends before it is whole.
-void WriteBeside(const std::wstring& name, std::string_view bytes) {
+void WriteBeside(const std::wstring& name, const WriteBytes& write) {
   const Handle file(CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
   Check(file.IsOpen());
   SetTemporary(file, true);
-  WriteAll(file, bytes);
+  write([&file](std::string_view bytes) { Write(file, bytes); });
   SetTemporary(file, false);
 }
 
@@ -165,7 +165,7 @@ std::optional<std::string> ReadFile(const std::wstring& path) {
   return bytes;
 }
 
-void ReplaceWholeFile(const std::wstring& path, std::string_view bytes) {
+void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
   const std::wstring target = BehindLinks(ToNativePath(path));
   const DWORD attributes = GetFileAttributesW(target.c_str());
   constexpr DWORD closed = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
@@ -173,7 +173,7 @@ void ReplaceWholeFile(const std::wstring& path, std::string_view bytes) {
     throw std::system_error(ERROR_ACCESS_DENIED, std::system_category());
   }
   const std::wstring beside = Beside(target);
-  WriteBeside(beside, bytes);
+  WriteBeside(beside, write);
   if (MoveFileExW(beside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
   const std::error_code error = LastError();
   DeleteFileW(beside.c_str());

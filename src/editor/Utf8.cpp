@@ -47,33 +47,6 @@ std::uint32_t TakeCodePoint(std::string_view& bytes) {
 
 namespace {
 
-wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
-  if constexpr (sizeof(wchar_t) == 2) {
-    if (code > 0xFFFF) {
-      *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
-      *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
-      return out;
-    }
-  }
-  *out++ = static_cast<wchar_t>(code);
-  return out;
-}
-
-// The code point at the head of `text`, which loses its units.
-std::uint32_t TakeUnits(std::wstring_view& text) {
-  const auto code = static_cast<std::uint32_t>(text.front());
-  text.remove_prefix(1);
-  if (!IsSurrogate(code)) return code <= lastCodePoint ? code : noCodePoint;
-  if constexpr (sizeof(wchar_t) == 2) {
-    const std::uint32_t low = text.empty() ? 0 : static_cast<std::uint32_t>(text.front());
-    if (code < 0xDC00 && low >= 0xDC00 && low <= 0xDFFF) {
-      text.remove_prefix(1);
-      return ((code - 0xD7C0) << 10) + (low - 0xDC00);
-    }
-  }
-  return noCodePoint;
-}
-
 // Most of a file is, and eight bytes at a time are faster than each alone.
 bool StartsWithEightOfAscii(std::string_view bytes) {
   std::uint64_t eight = 0;
@@ -92,26 +65,10 @@ std::wstring TakeText(std::string_view& bytes) {
 
 }  // namespace
 
-char* PutUtf8(std::uint32_t code, char* out) {
-  const auto put = [&out](std::uint32_t byte) { *out++ = static_cast<char>(byte); };
-  if (code < 0x800) {
-    put(0xC0 | (code >> 6));
-  } else if (code < 0x10000) {
-    put(0xE0 | (code >> 12));
-    put(0x80 | ((code >> 6) & 0x3F));
-  } else {
-    put(0xF0 | (code >> 18));
-    put(0x80 | ((code >> 12) & 0x3F));
-    put(0x80 | ((code >> 6) & 0x3F));
-  }
-  put(0x80 | (code & 0x3F));
-  return out;
-}
-
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
   while (!bytes.empty()) {
     while (StartsWithEightOfAscii(bytes)) {
-      out = std::copy_n(bytes.data(), 8, out);
+      out = std::copy_n(bytes.begin(), 8, out);
       bytes.remove_prefix(8);
     }
     if (bytes.empty()) break;
@@ -152,7 +109,7 @@ bool AppendUtf8(std::string& bytes, std::wstring_view text) {
       continue;
     }
     const std::uint32_t code = TakeUnits(text);
-    if (code == noCodePoint) return false;
+    if (code > lastCodePoint || IsSurrogate(code)) return false;
     char form[4];
     bytes.append(form, PutUtf8(code, form));
   }

@@ -36,9 +36,52 @@ std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
 // surrogate without its partner, or a number above U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);
 
+// The code point at the head of `text`, which loses the unit or the two that it has; a unit that
+// stands for none is the result as it is.
+inline std::uint32_t TakeUnits(std::wstring_view& text) {
+  const auto code = static_cast<std::uint32_t>(text.front());
+  text.remove_prefix(1);
+  if constexpr (sizeof(wchar_t) == 2) {
+    const std::uint32_t low = text.empty() ? 0 : static_cast<std::uint32_t>(text.front());
+    if (code >= 0xD800 && code < 0xDC00 && low >= 0xDC00 && low <= 0xDFFF) {
+      text.remove_prefix(1);
+      return ((code - 0xD7C0) << 10) + (low - 0xDC00);
+    }
+  }
+  return code;
+}
+
+// Writes the units of a code point, one or two, or a surrogate as it is, and gives the place behind
+// them.
+inline wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
+  if constexpr (sizeof(wchar_t) == 2) {
+    if (code > 0xFFFF) {
+      *out++ = static_cast<wchar_t>(0xD7C0 + (code >> 10));
+      *out++ = static_cast<wchar_t>(0xDC00 + (code & 0x3FF));
+      return out;
+    }
+  }
+  *out++ = static_cast<wchar_t>(code);
+  return out;
+}
+
 // Writes the bytes of a number from 0x80 to 0x10FFFF, two to four of them, and gives the place
 // behind them. A surrogate gets the three that its number would have.
-char* PutUtf8(std::uint32_t code, char* out);
+inline char* PutUtf8(std::uint32_t code, char* out) {
+  const auto put = [&out](std::uint32_t byte) { *out++ = static_cast<char>(byte); };
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6));
+  } else if (code < 0x10000) {
+    put(0xE0 | (code >> 12));
+    put(0x80 | ((code >> 6) & 0x3F));
+  } else {
+    put(0xF0 | (code >> 18));
+    put(0x80 | ((code >> 12) & 0x3F));
+    put(0x80 | ((code >> 6) & 0x3F));
+  }
+  put(0x80 | (code & 0x3F));
+  return out;
+}
 
 // Adds the UTF-8 form of `text` to `bytes`, or gives false at the first unit that has none, with
 // the form of those ahead of it added.

@@ -5,7 +5,6 @@
 #include <JSON5Section.h>
 
 #include <cstddef>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -126,8 +125,8 @@ class SectionWriter {
  public:
   explicit SectionWriter(OpenSection opened) : section(std::move(opened)) {}
 
-  void String(const SchemaKey& key, const std::wstring& value) {
-    section->ParamString(key.name, value.c_str(), found, key.comment, true);
+  void String(const SchemaKey& key, const wchar_t* value) {
+    section->ParamString(key.name, value, found, key.comment, true);
   }
 
   void Int(const SchemaKey& key, int value) {
@@ -147,25 +146,70 @@ class SectionWriter {
   bool found = false;
 };
 
-void WriteDomen(CfgParser& parser, const Domen& domen) {
+struct FieldRow {
+  const wchar_t* name;
+  const wchar_t* title;
+  int valueType;
+};
+
+// A property, with as many of the next object types and fields as belong to it.
+struct PropertyRow {
+  const wchar_t* key;
+  const wchar_t* name;
+  bool unique;
+  int sortIndex;
+  std::size_t objectTypeCount;
+  std::size_t fieldCount;
+};
+
+// A domain as an export goes through it. What stands far apart in memory is fetched sooner in one
+// go than with requests in between.
+struct DomenRows {
+  explicit DomenRows(const Domen& domen) {
+    properties.reserve(domen.properties.size());
+    for (const auto& [key, property] : domen.properties) {
+      properties.push_back({key.c_str(), property.name.c_str(), property.unique, property.sortIndex,
+                            property.objectTypes.size(), property.fields.size()});
+      for (const std::wstring& type : property.objectTypes) objectTypes.push_back(type.c_str());
+      for (const auto& field : property.fields) {
+        fields.push_back({field->name.c_str(), field->title.c_str(), field->valueType});
+      }
+    }
+  }
+
+  std::vector<PropertyRow> properties;
+  std::vector<const wchar_t*> objectTypes;
+  std::vector<FieldRow> fields;
+};
+
+void WriteDomen(CfgParser& parser, const std::wstring& name, const DomenRows& rows) {
   std::vector<std::wstring> keys;
-  for (const auto& [key, property] : domen.properties) keys.push_back(key);
+  keys.reserve(rows.properties.size());
+  for (const PropertyRow& row : rows.properties) keys.emplace_back(row.key);
   SectionWriter section(Open(parser, domenSection, true, true, L""));
-  section.String(domenName, domen.name);
+  section.String(domenName, name.c_str());
   section.Strings(domenFuncsNames, std::move(keys));
 }
 
-void WriteProperty(CfgParser& parser, const std::wstring& key, const DomenProperty& property,
-                   bool first, bool last) {
-  std::vector<std::wstring> fieldNames;
-  for (const auto& field : property.fields) fieldNames.push_back(field->name);
-  SectionWriter section(Open(parser, propertiesSection, first, last, key.c_str()));
-  section.Strings(propertyObjectTypes, property.objectTypes);
-  section.String(propertyId, key);
-  section.String(propertyName, property.name);
-  section.Int(propertyUnique, property.unique ? 1 : 0);
-  section.Int(propertySortIndex, property.sortIndex);
-  section.Strings(propertyFuncsNames, std::move(fieldNames));
+void WriteProperties(CfgParser& parser, const DomenRows& rows) {
+  const wchar_t* const* type = rows.objectTypes.data();
+  const FieldRow* field = rows.fields.data();
+  for (const PropertyRow& row : rows.properties) {
+    std::vector<std::wstring> types(type, type + row.objectTypeCount);
+    std::vector<std::wstring> fieldNames;
+    fieldNames.reserve(row.fieldCount);
+    for (std::size_t i = 0; i < row.fieldCount; ++i) fieldNames.emplace_back(field[i].name);
+    type += row.objectTypeCount;
+    field += row.fieldCount;
+    SectionWriter section(Open(parser, propertiesSection, &row == &rows.properties.front(),
+                               &row == &rows.properties.back(), row.key));
+    section.Strings(propertyObjectTypes, std::move(types));
+    section.String(propertyId, row.key);
+    section.String(propertyName, row.name);
+    section.Int(propertyUnique, row.unique ? 1 : 0);
+    section.Int(propertySortIndex, row.sortIndex);
+    section.Strings(propertyFuncsNames, std::move(fieldNames));
+  }
 }
 
 // The types are counted from 1 here, where the rest of the library counts from 0, so that a field
@@ -198,13 +242,11 @@ void WriteFieldType(SectionWriter& section, int valueType) {
 
 // All fields of the domain make one run. Where the first property has no fields no request is the
 // first of the run, and where the last has none no request is its last.
-void WriteFields(CfgParser& parser, const DomenProperty& property, bool firstProperty,
-                 bool lastProperty) {
-  for (std::size_t i = 0; i < property.fields.size(); ++i) {
-    const Properties::PropertyParameter& field = *property.fields[i];
-    SectionWriter section(Open(parser, fieldsSection, firstProperty && i == 0,
-                               lastProperty && i + 1 == property.fields.size(),
-                               field.name.c_str()));
+void WriteFields(CfgParser& parser, const DomenRows& rows) {
+  for (const FieldRow& field : rows.fields) {
+    const bool first = &field == &rows.fields.front() && rows.properties.front().fieldCount != 0;
+    const bool last = &field == &rows.fields.back() && rows.properties.back().fieldCount != 0;
+    SectionWriter section(Open(parser, fieldsSection, first, last, field.name));
     section.String(fieldName, field.title);
     WriteFieldType(section, field.valueType);
   }
@@ -235,20 +277,10 @@ void DomenStore::ExportDomenJson(const std::wstring& domenId, const std::wstring
   if (found == domens.end()) return;
   try {
     const auto parser = std::make_unique<CfgParser>(target.c_str(), L"", cfgLanguage);
-    const Domen& domen = found->second;
-    WriteDomen(*parser, domen);
-    const DomenProperty* first = nullptr;
-    const DomenProperty* last = nullptr;
-    if (!domen.properties.empty()) {
-      first = &domen.properties.begin()->second;
-      last = &std::prev(domen.properties.end())->second;
-    }
-    for (const auto& [key, property] : domen.properties) {
-      WriteProperty(*parser, key, property, &property == first, &property == last);
-    }
-    for (const auto& [key, property] : domen.properties) {
-      WriteFields(*parser, property, &property == first, &property == last);
-    }
+    const DomenRows rows(found->second);
+    WriteDomen(*parser, found->second.name, rows);
+    WriteProperties(*parser, rows);
+    WriteFields(*parser, rows);
     parser->saveCfgParamsToJson5(target.c_str(), 2);
   } catch (...) {
     // Nobody is told: the target is as it was.

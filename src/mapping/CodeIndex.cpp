@@ -194,7 +194,7 @@ bool CodeIndex::Step(const Beginnings& from, std::wstring_view word, std::wstrin
                      Beginnings& to, Match& match) const {
   Lengths wanted = 0;
   for (std::size_t i = 0; i < from.count; ++i) wanted |= from.all[i].nextLengths;
-  const std::size_t longest = std::min<std::size_t>(word.size(), std::bit_width(wanted) - 1U);
+  const std::size_t longest = std::min<std::size_t>(word.size(), std::bit_width(wanted | 1) - 1U);
   const Lengths possible = ~Lengths{0} >> (maxLength - longest);
 
   WordHashes hashes;

@@ -8,10 +8,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "editor/Files.h"
 #include "support/FailingCalls.h"
 #include "support/Program.h"
+#include "support/ReplaceBy.h"
 #include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -30,7 +32,7 @@ struct Replaced {
     fs::permissions(path, fs::perms{0640});
   }
 
-  void Replace() const { ReplaceWholeFile(path.wstring(), newBytes); }
+  void Replace() const { ReplaceBy(path.wstring(), newBytes); }
 
   // The folder holds what it held, and nothing else.
   bool AsBefore() const {
@@ -138,6 +140,19 @@ TEST(ReplaceWholeFile, WritesOnWhereACallWritesLessOrIsInterrupted) {
                              .portion = 1000};
     EXPECT_EQ(ErrorOf(interrupted, [&] { replaced.Replace(); }), 0);
     EXPECT_TRUE(replaced.Done());
+  }
+}
+
+TEST(ReplaceWholeFile, LeavesNothingWhereNotAllPiecesComeAndFilesNeedNames) {
+  for (const bool old : {true, false}) {
+    const Replaced replaced(old);
+    const auto stop = [](const TakeBytes& take) {
+      take(newBytes);
+      throw std::system_error(ERANGE, std::generic_category());
+    };
+    const auto replace = [&] { ReplaceWholeFile(replaced.path.wstring(), stop); };
+    EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, replace), ERANGE);
+    EXPECT_TRUE(replaced.AsBefore()) << old;
   }
 }
 

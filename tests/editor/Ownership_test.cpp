@@ -25,6 +25,7 @@
 #include <utility>
 #include <vector>
 
+#include "Json5Record.h"
 #include "RevitMappingEditorDll.h"
 #include "support/Classificators.h"
 #include "support/OutOfRange.h"
@@ -1232,6 +1233,26 @@ TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
 }
 
 // A sort that can't have a buffer takes longer and gives the same.
+// More strings than the record has room for at first.
+TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
+  const long before = heap.blocks;
+  bool failed = true;
+  for (long n = 1; failed; ++n) {
+    {
+      Json5Record record;
+      std::vector<const wchar_t*> strings(20'000);
+      for (const wchar_t*& string : strings) string = new wchar_t[1]();
+      const auto adopt = [&] { record.Adopt(strings.data(), strings.size()); };
+      const Attempt attempt = RunFailing(n, adopt);
+      failed = attempt.failed;
+      EXPECT_EQ(attempt.raised, failed) << n;
+    }
+    EXPECT_EQ(heap.blocks, before) << n;
+    ASSERT_TRUE(!failed || n < 10);
+    EXPECT_TRUE(failed || n > 1) << "no allocation failed";
+  }
+}
+
 TEST_F(Ownership, IsTheSameWhereNoBlockIsGivenThatMayBeRefused) {
   folder.Write("rich.txt", RichFile());
   const auto answersOf = [this](bool refuses) {

@@ -25,6 +25,7 @@
 #include "support/Apart.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
+#include "support/ReplaceBy.h"
 #include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -77,7 +78,7 @@ TEST(ReplaceWholeFile, KeepsThePermissionsOfTheOldFile) {
   const std::wstring file = folder.Write("a", "old");
   for (const unsigned mode : {0600u, 0644u, 0755u, 0666u, 0777u, 0620u}) {
     fs::permissions(folder.Path() / "a", static_cast<fs::perms>(mode));
-    ReplaceWholeFile(file, "new");
+    ReplaceBy(file, "new");
     EXPECT_EQ(ModeOf(folder.Path() / "a"), mode);
   }
 }
@@ -87,7 +88,7 @@ TEST(ReplaceWholeFile, GivesANewFileThePermissionsThatNewFilesHave) {
   const mode_t before = umask(0);
   for (const mode_t mask : {mode_t{0}, mode_t{022}, mode_t{077}, mode_t{027}}) {
     umask(mask);
-    ReplaceWholeFile(folder.Wide() + L"/a", "new");
+    ReplaceBy(folder.Wide() + L"/a", "new");
     EXPECT_EQ(ModeOf(folder.Path() / "a"), 0666u & ~mask);
     fs::remove(folder.Path() / "a");
   }
@@ -98,7 +99,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileToThoseWhoHaveItOpen) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", "old");
   std::ifstream reader(folder.Path() / "a", std::ios::binary);
-  ReplaceWholeFile(file, "new and longer");
+  ReplaceBy(file, "new and longer");
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "new and longer");
 }
@@ -108,8 +109,8 @@ TEST(ReplaceWholeFile, NeverReplacesADevice) {
   if (stat("/dev/null", &before) != 0 || !S_ISCHR(before.st_mode)) GTEST_SKIP() << "no device here";
   const TempFolder folder;
   fs::create_symlink("/dev/null", folder.Path() / "link");
-  EXPECT_THROW(ReplaceWholeFile(L"/dev/null", "new"), std::system_error);
-  EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/link", "new"), std::system_error);
+  EXPECT_THROW(ReplaceBy(L"/dev/null", "new"), std::system_error);
+  EXPECT_THROW(ReplaceBy(folder.Wide() + L"/link", "new"), std::system_error);
   struct stat after = {};
   ASSERT_EQ(lstat("/dev/null", &after), 0);
   EXPECT_TRUE(S_ISCHR(after.st_mode));
@@ -121,7 +122,7 @@ TEST(ReplaceWholeFile, NeverReplacesAPipeAndDoesNotWaitForIt) {
   const TempFolder folder;
   const fs::path pipe = folder.Path() / "pipe";
   if (mkfifo(pipe.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
-  EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/pipe", "new"), std::system_error);
+  EXPECT_THROW(ReplaceBy(folder.Wide() + L"/pipe", "new"), std::system_error);
   EXPECT_TRUE(fs::is_fifo(pipe));
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"pipe"});
 }
@@ -135,8 +136,8 @@ TEST(ReplaceWholeFile, MakesNothingInAFolderThatMayNotBeWritten) {
   std::optional<PlainUser> plainUser(std::in_place);
   const bool refused = access(closed.c_str(), W_OK) != 0;
   if (refused) {
-    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/closed/new", "new"), std::system_error);
-    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/closed/old", "new"), std::system_error);
+    EXPECT_THROW(ReplaceBy(folder.Wide() + L"/closed/new", "new"), std::system_error);
+    EXPECT_THROW(ReplaceBy(folder.Wide() + L"/closed/old", "new"), std::system_error);
   }
   plainUser.reset();
   fs::permissions(closed, fs::perms::owner_all);
@@ -153,7 +154,7 @@ TEST(ReplaceWholeFile, LeavesAFileThatMayNotBeWritten) {
   std::optional<PlainUser> plainUser(std::in_place);
   const bool refused = access((folder.Path() / "a").c_str(), W_OK) != 0;
   if (refused) {
-    EXPECT_THROW(ReplaceWholeFile(file, "new"), std::system_error);
+    EXPECT_THROW(ReplaceBy(file, "new"), std::system_error);
   }
   plainUser.reset();
   if (!refused) GTEST_SKIP() << "no file is closed to this user";
@@ -171,7 +172,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseIfTheNewOneDoesNotFit) {
     return RunApart([&] {
       LimitFileSize(size, false);
       try {
-        ReplaceWholeFile(path, newBytes);
+        ReplaceBy(path, newBytes);
       } catch (const std::system_error& error) {
         _exit(error.code() == std::errc::file_too_large ? 1 : 2);
       }
@@ -196,7 +197,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseIfTheProcessDiesInTheMiddle
       const rlimit noCore = {0, 0};
       setrlimit(RLIMIT_CORE, &noCore);
       LimitFileSize(size, true);
-      ReplaceWholeFile(file, newBytes);
+      ReplaceBy(file, newBytes);
     });
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ) << size;
     EXPECT_TRUE(ReadBytes(folder.Path() / "a") == oldBytes) << size;
@@ -222,8 +223,8 @@ int KillOverAndOver(const TempFolder& folder, const std::string& one, const std:
     const int status = RunApart([&] {
       DieIn(moment);
       while (true) {
-        ReplaceWholeFile(file, other);
-        ReplaceWholeFile(file, one);
+        ReplaceBy(file, other);
+        ReplaceBy(file, one);
       }
     });
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
@@ -240,7 +241,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWheneverTheProcessDies) {
   const TempFolder folder;
   if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
   KillOverAndOver(folder, oldBytes, newBytes, killings, std::chrono::milliseconds(2));
-  ReplaceWholeFile(folder.Wide() + L"/a", "last");
+  ReplaceBy(folder.Wide() + L"/a", "last");
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
 }
 
@@ -249,7 +250,7 @@ TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
   if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
   const int left = KillOverAndOver(folder, "a", "b", killings, std::chrono::microseconds(500));
   RecordProperty("left", left);
-  ReplaceWholeFile(folder.Wide() + L"/a", "last");
+  ReplaceBy(folder.Wide() + L"/a", "last");
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "last");
 }
@@ -260,7 +261,7 @@ TEST(ReplaceWholeFile, AndReadFileTakeTheFirstNumberThatAFileMayHave) {
   const std::wstring file = folder.Write("a", "old");
   const int status = RunApart([&] {
     close(STDIN_FILENO);
-    ReplaceWholeFile(file, "new");
+    ReplaceBy(file, "new");
     _exit(ReadFile(file) == "new" ? 0 : 1);
   });
   EXPECT_EQ(status, 0);
@@ -272,8 +273,8 @@ TEST(ReplaceWholeFile, ShowsReadersTheOldFileOrTheNewOneWhole) {
   const pid_t child = fork();
   if (child == 0) {
     for (int i = 0; i < 10; ++i) {
-      ReplaceWholeFile(file, newBytes);
-      ReplaceWholeFile(file, oldBytes);
+      ReplaceBy(file, newBytes);
+      ReplaceBy(file, oldBytes);
     }
     _exit(0);
   }

@@ -7,13 +7,16 @@
 #include <fstream>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "editor/Files.h"
 #include "support/CurrentFolder.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
+#include "support/ReplaceBy.h"
 #include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -36,10 +39,34 @@ TEST(ReplaceWholeFile, MakesANewFileOfTheBytesAsTheyAre) {
   for (int byte = 0; byte < 256; ++byte) all.push_back(static_cast<char>(byte));
   for (const std::string& bytes :
        {""s, "a"s, "a\r\nb\n\r\x1A\0c"s, all, std::string(5'000'001, 'a')}) {
-    ReplaceWholeFile(folder.Wide() + L"/a", bytes);
+    ReplaceBy(folder.Wide() + L"/a", bytes);
     EXPECT_TRUE(ReadBytes(folder.Path() / "a") == bytes) << bytes.size();
     EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
     fs::remove(folder.Path() / "a");
+  }
+}
+
+TEST(ReplaceWholeFile, PutsThePiecesOfAFileSideBySide) {
+  const TempFolder folder;
+  ReplaceWholeFile(folder.Wide() + L"/a", [](const TakeBytes& take) {
+    for (const std::string_view piece : {"one ", "", "two ", "three"}) take(piece);
+  });
+  EXPECT_EQ(ReadBytes(folder.Path() / "a"), "one two three");
+  ReplaceWholeFile(folder.Wide() + L"/b", [](const TakeBytes&) {});
+  EXPECT_EQ(ReadBytes(folder.Path() / "b"), "");
+}
+
+TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseWhereNotAllPiecesCome) {
+  for (const bool old : {true, false}) {
+    const TempFolder folder;
+    if (old) folder.Write("a", "old");
+    const auto fail = [](const TakeBytes& take) {
+      take("new");
+      throw std::runtime_error("no more");
+    };
+    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/a", fail), std::runtime_error);
+    EXPECT_EQ(NamesIn(folder.Path()), old ? std::set<std::string>{"a"} : std::set<std::string>{});
+    EXPECT_EQ(ReadBytes(folder.Path() / "a"), old ? "old" : "");
   }
 }
 
@@ -47,7 +74,7 @@ TEST(ReplaceWholeFile, LeavesNothingOfTheOldFile) {
   const TempFolder folder;
   for (const std::string& old : {""s, "a"s, std::string(5'000'000, 'a')}) {
     for (const std::string& bytes : {""s, "new"s, std::string(100'000, 'b')}) {
-      ReplaceWholeFile(folder.Write("a", old), bytes);
+      ReplaceBy(folder.Write("a", old), bytes);
       EXPECT_TRUE(ReadBytes(folder.Path() / "a") == bytes) << old.size() << ", " << bytes.size();
       EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
     }
@@ -56,7 +83,7 @@ TEST(ReplaceWholeFile, LeavesNothingOfTheOldFile) {
 
 TEST(ReplaceWholeFile, ReplacesAFileOverAndOver) {
   const TempFolder folder;
-  for (int i = 0; i < 20; ++i) ReplaceWholeFile(folder.Wide() + L"/a", std::to_string(i));
+  for (int i = 0; i < 20; ++i) ReplaceBy(folder.Wide() + L"/a", std::to_string(i));
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "19");
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
 }
@@ -64,7 +91,7 @@ TEST(ReplaceWholeFile, ReplacesAFileOverAndOver) {
 TEST(ReplaceWholeFile, TouchesNoOtherFile) {
   const TempFolder folder;
   for (const char* name : {"a.new", ".a.new", "a~", "a.tmp", "b"}) folder.Write(name, "other");
-  ReplaceWholeFile(folder.Write("a", "old"), "new");
+  ReplaceBy(folder.Write("a", "old"), "new");
   for (const char* name : {"a.new", ".a.new", "a~", "a.tmp", "b"}) {
     EXPECT_EQ(ReadBytes(folder.Path() / name), "other") << name;
   }
@@ -76,8 +103,8 @@ TEST(ReplaceWholeFile, TakesARelativePathFromTheCurrentFolder) {
   fs::create_directory(folder.Path() / "inner");
   const CurrentFolder current(folder.Path());
   for (const wchar_t* path : {L"a", L"./b", L"inner/a", L"inner/../c"}) {
-    ReplaceWholeFile(path, "old");
-    ReplaceWholeFile(path, "new");
+    ReplaceBy(path, "old");
+    ReplaceBy(path, "new");
   }
   EXPECT_EQ(NamesIn(folder.Path()), (std::set<std::string>{"a", "b", "c", "inner"}));
   EXPECT_EQ(NamesIn(folder.Path() / "inner"), std::set<std::string>{"a"});
@@ -99,7 +126,7 @@ TEST(ReplaceWholeFile, TakesANameInAnyScriptWhateverTheCLocaleIs) {
     const TempFolder folder;
     for (const auto& one : names) {
       for (const char* bytes : {"old", "new"}) {
-        ReplaceWholeFile(folder.Wide() + one.wide, bytes);
+        ReplaceBy(folder.Wide() + one.wide, bytes);
         EXPECT_EQ(ReadBytes(folder.Path() / one.name), bytes) << locale;
       }
     }
@@ -114,7 +141,7 @@ TEST(ReplaceWholeFile, TakesTheLongestNameThatThereIs) {
   if (!std::ofstream(folder.Path() / name)) GTEST_SKIP() << "names are shorter here";
   fs::remove(folder.Path() / name);
   for (const char* bytes : {"old", "new"}) {
-    ReplaceWholeFile(folder.Wide() + L"/" + std::wstring(255, L'a'), bytes);
+    ReplaceBy(folder.Wide() + L"/" + std::wstring(255, L'a'), bytes);
     EXPECT_EQ(ReadBytes(folder.Path() / name), bytes);
   }
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{name});
@@ -132,7 +159,7 @@ TEST(ReplaceWholeFile, RaisesAnErrorWhereNoFileCanBeAndMakesNothing) {
       folder.Wide() + L"/" + std::wstring(300, L'я'),
   };
   for (const std::wstring& path : paths) {
-    EXPECT_THROW(ReplaceWholeFile(path, "new"), std::system_error) << path;
+    EXPECT_THROW(ReplaceBy(path, "new"), std::system_error) << path;
   }
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "old");
@@ -142,7 +169,7 @@ TEST(ReplaceWholeFile, RaisesAnErrorForANameThatIsNoText) {
   if (fs::path::preferred_separator != '/') GTEST_SKIP() << "a name is any units here";
   const TempFolder folder;
   const std::wstring noText(1, static_cast<wchar_t>(0xD83D));
-  EXPECT_THROW(ReplaceWholeFile(folder.Wide() + L"/" + noText, "new"), std::system_error);
+  EXPECT_THROW(ReplaceBy(folder.Wide() + L"/" + noText, "new"), std::system_error);
   EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
@@ -152,7 +179,7 @@ TEST(ReplaceWholeFile, NeverReplacesAFolder) {
   fs::create_directory(folder.Path() / "full");
   folder.Write("full/a", "old");
   for (const wchar_t* name : {L"/empty", L"/full", L"/empty/", L"/full/.", L"/full/..", L"/"}) {
-    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + name, "new"), std::system_error) << name;
+    EXPECT_THROW(ReplaceBy(folder.Wide() + name, "new"), std::system_error) << name;
   }
   EXPECT_EQ(NamesIn(folder.Path()), (std::set<std::string>{"empty", "full"}));
   EXPECT_TRUE(fs::is_empty(folder.Path() / "empty"));
@@ -166,7 +193,7 @@ TEST(ReplaceWholeFile, LeavesAFileAloneThatMayNotBeWritten) {
   std::optional<PlainUser> plainUser(std::in_place);
   const bool closed = !std::ofstream(folder.Path() / "a", std::ios::app);
   if (closed) {
-    EXPECT_THROW(ReplaceWholeFile(file, "new"), std::system_error);
+    EXPECT_THROW(ReplaceBy(file, "new"), std::system_error);
   }
   plainUser.reset();
   fs::permissions(folder.Path() / "a", fs::perms::owner_all);
@@ -186,7 +213,7 @@ TEST(ReplaceWholeFile, ReplacesWhatALinkLeadsToAndLeavesTheLink) {
   fs::create_directory_symlink(elsewhere.Path(), folder.Path() / "elsewhere", error);
   for (const wchar_t* name : {L"/link", L"/second", L"/elsewhere/target"}) {
     const std::string bytes = "new through " + fs::path(name).string();
-    ReplaceWholeFile(folder.Wide() + name, bytes);
+    ReplaceBy(folder.Wide() + name, bytes);
     EXPECT_EQ(ReadBytes(elsewhere.Path() / "target"), bytes);
   }
   EXPECT_EQ(fs::read_symlink(folder.Path() / "link"), elsewhere.Path() / "target");
@@ -205,7 +232,7 @@ TEST(ReplaceWholeFile, RefusesALinkToNoFileAndLeavesIt) {
   fs::create_symlink("loop", folder.Path() / "loop", error);
   fs::create_directory_symlink("folder", folder.Path() / "to-folder", error);
   for (const wchar_t* name : {L"/dangling", L"/loop", L"/to-folder"}) {
-    EXPECT_THROW(ReplaceWholeFile(folder.Wide() + name, "new"), std::system_error) << name;
+    EXPECT_THROW(ReplaceBy(folder.Wide() + name, "new"), std::system_error) << name;
     EXPECT_TRUE(fs::is_symlink(folder.Path() / fs::path(name).relative_path())) << name;
   }
   EXPECT_EQ(NamesIn(folder.Path()),

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <random>
+#include <span>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -39,6 +41,14 @@ class Requests {
     return *this;
   }
 
+  // The place of the item that was opened last, and the way back to one.
+  std::size_t Place() const { return current; }
+
+  Requests& Back(std::size_t place) {
+    current = place;
+    return *this;
+  }
+
   Requests& Set(std::wstring_view key, const Value& value, std::wstring_view comment = L"") {
     const std::uint32_t keyPlace = record.repeated.PlaceOf(std::wstring(key).c_str());
     const std::uint32_t commentPlace = record.repeated.PlaceOf(std::wstring(comment).c_str());
@@ -46,7 +56,18 @@ class Requests {
     return *this;
   }
 
-  std::string Text() const { return FormatJson5(record); }
+  std::string Text() const {
+    std::string text;
+    WriteJson5(record, [&text](std::string_view piece) { text += piece; });
+    return text;
+  }
+
+  // The size of the largest piece that the text is given in.
+  std::size_t LargestPiece() const {
+    std::size_t largest = 0;
+    WriteJson5(record, [&](std::string_view piece) { largest = std::max(largest, piece.size()); });
+    return largest;
+  }
 
  private:
   struct Setter {
@@ -54,9 +75,10 @@ class Requests {
     void operator()(int number) const { Set(number); }
     void operator()(double number) const { Set(number); }
     void operator()(const Texts& texts) const {
-      std::vector<std::wstring_view> kept;
-      for (const std::wstring& text : texts) kept.push_back(record.Keep(text));
-      Set(record.List(kept));
+      const std::span<std::string_view> kept = record.List(texts.size());
+      std::transform(texts.begin(), texts.end(), kept.begin(),
+                     [this](const std::wstring& text) { return record.Keep(text); });
+      Set(kept);
     }
     void Set(const Json5RecordValue& value) const { record.Set(item, key, comment, value); }
 
@@ -90,11 +112,11 @@ std::wstring ReadBack(const std::wstring& value) {
 
 // Layout
 
-TEST(FormatJson5, WritesAnEmptyRecordAsAnEmptyObject) {
+TEST(WriteJson5, WritesAnEmptyRecordAsAnEmptyObject) {
   EXPECT_EQ(Requests().Text(), "{}\n");
 }
 
-TEST(FormatJson5, IndentsByTwoAndPutsCommentsBehindTheValues) {
+TEST(WriteJson5, IndentsByTwoAndPutsCommentsBehindTheValues) {
   Requests requests;
   requests.Section(L"Domen").Set(L"sName", L"Zones"s, L"Имя");
   requests.Set(L"asFuncsNames", Texts{L"ZoneKind", L"Limits"}, L"Свойства");
@@ -119,7 +141,7 @@ TEST(FormatJson5, IndentsByTwoAndPutsCommentsBehindTheValues) {
             "}\n");
 }
 
-TEST(FormatJson5, WritesSectionsAndItemsWithoutKeysAsEmptyObjects) {
+TEST(WriteJson5, WritesSectionsAndItemsWithoutKeysAsEmptyObjects) {
   Requests requests;
   requests.Section(L"A").Section(L"B", L"one").Section(L"B", L"two").Section(L"C");
   EXPECT_EQ(requests.Text(),
@@ -133,7 +155,7 @@ TEST(FormatJson5, WritesSectionsAndItemsWithoutKeysAsEmptyObjects) {
             "}\n");
 }
 
-TEST(FormatJson5, PutsTheKeysOfAnOnlyItemWithoutANameIntoTheSectionItself) {
+TEST(WriteJson5, PutsTheKeysOfAnOnlyItemWithoutANameIntoTheSectionItself) {
   Requests requests;
   requests.Section(L"S", L"").Set(L"b", 2, L"own").Set(L"c", 3);
   EXPECT_EQ(requests.Text(),
@@ -145,7 +167,7 @@ TEST(FormatJson5, PutsTheKeysOfAnOnlyItemWithoutANameIntoTheSectionItself) {
             "}\n");
 }
 
-TEST(FormatJson5, GivesAnItemWithoutANameAPlaceAmongOthers) {
+TEST(WriteJson5, GivesAnItemWithoutANameAPlaceAmongOthers) {
   Requests requests;
   requests.Section(L"S", L"first").Set(L"a", 1);
   requests.Section(L"S", L"").Set(L"b", 2, L"own");
@@ -162,7 +184,7 @@ TEST(FormatJson5, GivesAnItemWithoutANameAPlaceAmongOthers) {
             "}\n");
 }
 
-TEST(FormatJson5, WritesNamesAndKeysLikeAnyString) {
+TEST(WriteJson5, WritesNamesAndKeysLikeAnyString) {
   Requests requests;
   requests.Section(L"a \"b\"", L"Свойство\n").Set(L"", 1).Set(L"back\\slash", 2);
   requests.Section(L"");
@@ -178,7 +200,7 @@ TEST(FormatJson5, WritesNamesAndKeysLikeAnyString) {
             "}\n");
 }
 
-TEST(FormatJson5, WritesNoByteOrderMarkAndNoCarriageReturn) {
+TEST(WriteJson5, WritesNoByteOrderMarkAndNoCarriageReturn) {
   const std::string text =
       Requests().Section(L"S").Set(L"k", L"a\r\nb"s, L"c\r\nd").Set(L"l", Texts{L"\r"}).Text();
   EXPECT_EQ(text.front(), '{');
@@ -187,7 +209,7 @@ TEST(FormatJson5, WritesNoByteOrderMarkAndNoCarriageReturn) {
 
 // Values
 
-TEST(FormatJson5, WritesArraysOfStringsOnOneLine) {
+TEST(WriteJson5, WritesArraysOfStringsOnOneLine) {
   EXPECT_EQ(Written(Texts{}), "[]");
   EXPECT_EQ(Written(Texts{L"a"}), "[\"a\"]");
   EXPECT_EQ(Written(Texts{L"a", L"", L"б", L"a"}), "[\"a\", \"\", \"б\", \"a\"]");
@@ -197,14 +219,14 @@ TEST(FormatJson5, WritesArraysOfStringsOnOneLine) {
   EXPECT_EQ(Written(Texts(100, L"a")), hundred + "]");
 }
 
-TEST(FormatJson5, WritesIntegersWithoutAPoint) {
+TEST(WriteJson5, WritesIntegersWithoutAPoint) {
   EXPECT_EQ(Written(0), "0");
   EXPECT_EQ(Written(-7), "-7");
   EXPECT_EQ(Written(std::numeric_limits<int>::max()), "2147483647");
   EXPECT_EQ(Written(std::numeric_limits<int>::min()), "-2147483648");
 }
 
-TEST(FormatJson5, WritesRealsWithAPointOrAnExponentInTheirShortestForm) {
+TEST(WriteJson5, WritesRealsWithAPointOrAnExponentInTheirShortestForm) {
   const std::pair<double, const char*> cases[] = {
       {0.0, "0.0"},
       {-0.0, "-0.0"},
@@ -227,14 +249,14 @@ TEST(FormatJson5, WritesRealsWithAPointOrAnExponentInTheirShortestForm) {
   for (const auto& [number, text] : cases) EXPECT_EQ(Written(number), text);
 }
 
-TEST(FormatJson5, WritesRealsThatJsonHasNoNumberForAsNull) {
+TEST(WriteJson5, WritesRealsThatJsonHasNoNumberForAsNull) {
   EXPECT_EQ(Written(infinity), "null");
   EXPECT_EQ(Written(-infinity), "null");
   EXPECT_EQ(Written(std::numeric_limits<double>::quiet_NaN()), "null");
   EXPECT_EQ(Written(-std::numeric_limits<double>::quiet_NaN()), "null");
 }
 
-TEST(FormatJson5, WritesStringsInDoubleQuotationMarks) {
+TEST(WriteJson5, WritesStringsInDoubleQuotationMarks) {
   EXPECT_EQ(Written(L""s), R"("")");
   EXPECT_EQ(Written(L"it's"s), R"("it's")");
   EXPECT_EQ(Written(L"say \"a\""s), R"("say \"a\"")");
@@ -244,7 +266,7 @@ TEST(FormatJson5, WritesStringsInDoubleQuotationMarks) {
   EXPECT_EQ(Written(L"Стена, 漢字"s), "\"Стена, 漢字\"");
 }
 
-TEST(FormatJson5, EscapesEachControlCharacter) {
+TEST(WriteJson5, EscapesEachControlCharacter) {
   for (wchar_t unit = 0; unit < 0x20; ++unit) {
     const std::string digits = "0123456789abcdef";
     std::string escape = "\\u00"s + digits[static_cast<std::size_t>(unit) / 16] +
@@ -258,11 +280,11 @@ TEST(FormatJson5, EscapesEachControlCharacter) {
   }
 }
 
-TEST(FormatJson5, EscapesTheLineTerminatorsAboveAscii) {
+TEST(WriteJson5, EscapesTheLineTerminatorsAboveAscii) {
   EXPECT_EQ(Written(L"a\u2028b\u2029"s), R"("a\u2028b\u2029")");
 }
 
-TEST(FormatJson5, WritesAllOtherCharactersAsTheyAre) {
+TEST(WriteJson5, WritesAllOtherCharactersAsTheyAre) {
   EXPECT_EQ(Written(L"/\x007F\x0085\u00A0\u2027\u202A\uFEFF\xFFFF"s),
             "\"/\x7F\xC2\x85\xC2\xA0\xE2\x80\xA7\xE2\x80\xAA\xEF\xBB\xBF\xEF\xBF\xBF\"");
   EXPECT_EQ(Written(L"\uD7FF\uE000"s), "\"\xED\x9F\xBF\xEE\x80\x80\"");
@@ -270,7 +292,7 @@ TEST(FormatJson5, WritesAllOtherCharactersAsTheyAre) {
             "\"\xF0\x90\x80\x80\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF\"");
 }
 
-TEST(FormatJson5, EscapesSurrogatesWithoutAPartner) {
+TEST(WriteJson5, EscapesSurrogatesWithoutAPartner) {
   EXPECT_EQ(Written(L"\xD83D"s), R"("\ud83d")");
   EXPECT_EQ(Written(L"\xDE00"s), R"("\ude00")");
   EXPECT_EQ(Written(L"\xD800\xDBFF\xDC00"s.substr(0, 2)), R"("\ud800\udbff")");
@@ -279,28 +301,28 @@ TEST(FormatJson5, EscapesSurrogatesWithoutAPartner) {
   EXPECT_EQ(Written(Texts{L"\xD83D", L"\xDE00"}), R"(["\ud83d", "\ude00"])");
 }
 
-TEST(FormatJson5, WritesTwoUnitsOfAPairSoThatTheyReadAsTheirCodePoint) {
+TEST(WriteJson5, WritesTwoUnitsOfAPairSoThatTheyReadAsTheirCodePoint) {
   EXPECT_EQ(ReadBack(L"\xD83D\xDE00"), L"\U0001F600");
   EXPECT_EQ(ReadBack(L"a\xD83D\xD83D\xDE00\xDE00z"), L"a\xD83D\U0001F600\xDE00z");
 }
 
-TEST(FormatJson5, WritesEveryUnitSoThatItReadsAsItself) {
+TEST(WriteJson5, WritesEveryUnitSoThatItReadsAsItself) {
   for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
     const std::wstring value(2, static_cast<wchar_t>(unit));
     ASSERT_EQ(ReadBack(value), value) << unit;
   }
 }
 
-TEST(FormatJson5, WritesAFileThatCanBeReadWhateverNumberAUnitIs) {
+TEST(WriteJson5, WritesAFileThatCanBeReadWhateverNumberAUnitIs) {
   if (sizeof(wchar_t) == 2) GTEST_SKIP() << "every unit is one of UTF-16";
   const std::wstring value = {L'a', static_cast<wchar_t>(0x110041), static_cast<wchar_t>(-1)};
-  EXPECT_EQ(ReadBack(value), L"aA\xFFFF");
+  EXPECT_EQ(ReadBack(value), L"a\xFFFD\xFFFD");
   EXPECT_EQ(ReadBack(L"\U0010FFFF"), L"\U0010FFFF");
 }
 
 // Comments
 
-TEST(FormatJson5, WritesACommentBehindItsValueAndTheComma) {
+TEST(WriteJson5, WritesACommentBehindItsValueAndTheComma) {
   EXPECT_EQ(Written(1, L"Комментарий"), "1 // Комментарий");
   EXPECT_EQ(Written(Texts{L"a", L"b"}, L"c"), R"(["a", "b"] // c)");
   EXPECT_EQ(Written(1, L""), "1");
@@ -308,13 +330,13 @@ TEST(FormatJson5, WritesACommentBehindItsValueAndTheComma) {
   EXPECT_EQ(Written(1, L"\U0001F600\t"), "1 // \xF0\x9F\x98\x80\t");
 }
 
-TEST(FormatJson5, PutsABlankForEachLineTerminatorInAComment) {
+TEST(WriteJson5, PutsABlankForEachLineTerminatorInAComment) {
   EXPECT_EQ(Written(1, L"a\nb"), "1 // a b");
   EXPECT_EQ(Written(1, L"a\r\nb"), "1 // a  b");
   EXPECT_EQ(Written(1, L"a\u2028b\u2029c\rd"), "1 // a b c d");
 }
 
-TEST(FormatJson5, WritesValidUtf8WhateverACommentHolds) {
+TEST(WriteJson5, WritesValidUtf8WhateverACommentHolds) {
   const std::string text =
       Requests().Section(L"S").Set(L"k", 1, L"a\xD83Dg").Set(L"l", 2, L"\xDE00").Text();
   Json5Tree tree;
@@ -324,7 +346,7 @@ TEST(FormatJson5, WritesValidUtf8WhateverACommentHolds) {
 
 // Order and repeats
 
-TEST(FormatJson5, KeepsTheOrderOfTheFirstRequests) {
+TEST(WriteJson5, KeepsTheOrderOfTheFirstRequests) {
   Requests requests;
   requests.Section(L"Z").Set(L"b", 1).Set(L"a", 2);
   requests.Section(L"Y", L"y");
@@ -357,7 +379,7 @@ TEST(FormatJson5, KeepsTheOrderOfTheFirstRequests) {
             "}\n");
 }
 
-TEST(FormatJson5, ReplacesTheValueOfAKeyInItsPlace) {
+TEST(WriteJson5, ReplacesTheValueOfAKeyInItsPlace) {
   Requests requests;
   requests.Section(L"S", L"i").Set(L"a", 1, L"one").Set(L"b", 2, L"two");
   requests.Section(L"S", L"j").Set(L"a", 3, L"three");
@@ -376,7 +398,35 @@ TEST(FormatJson5, ReplacesTheValueOfAKeyInItsPlace) {
             "}\n");
 }
 
-TEST(FormatJson5, TellsKeysAndNamesApartByUnit) {
+TEST(WriteJson5, PutsRequestsThatTakeTurnsIntoTheItemsThatTheyWereMadeOf) {
+  Requests requests;
+  const std::size_t a = requests.Section(L"S", L"a").Set(L"k", 1, L"old").Place();
+  const std::size_t t = requests.Section(L"T", L"t").Set(L"k", 2).Place();
+  const std::size_t b = requests.Section(L"S", L"b").Place();
+  requests.Back(a).Set(L"l", 3).Back(t).Set(L"l", 4).Back(b).Set(L"k", 5);
+  requests.Back(a).Set(L"k", 6, L"new").Section(L"S", L"a").Set(L"m", 7).Back(t).Set(L"k", 8);
+  EXPECT_EQ(requests.Text(),
+            "{\n"
+            "  \"S\": {\n"
+            "    \"a\": {\n"
+            "      \"k\": 6, // new\n"
+            "      \"l\": 3,\n"
+            "      \"m\": 7\n"
+            "    },\n"
+            "    \"b\": {\n"
+            "      \"k\": 5\n"
+            "    }\n"
+            "  },\n"
+            "  \"T\": {\n"
+            "    \"t\": {\n"
+            "      \"k\": 8,\n"
+            "      \"l\": 4\n"
+            "    }\n"
+            "  }\n"
+            "}\n");
+}
+
+TEST(WriteJson5, TellsKeysAndNamesApartByUnit) {
   Requests requests;
   requests.Section(L"S", L"a").Set(L"k", 1).Set(L"K", 2);
   requests.Section(L"S", L"A").Section(L"s", L"a");
@@ -398,7 +448,7 @@ TEST(FormatJson5, TellsKeysAndNamesApartByUnit) {
             "}\n");
 }
 
-TEST(FormatJson5, ChangesNothingInTheRecord) {
+TEST(WriteJson5, ChangesNothingInTheRecord) {
   Requests requests;
   requests.Section(L"S").Set(L"a", 1.5, L"c");
   const std::string text = requests.Text();
@@ -633,7 +683,7 @@ std::size_t CountValues(const Json5Tree& tree, const Json5Value& value) {
 
 constexpr unsigned randomRecords = 500;
 
-TEST(FormatJson5, WritesRandomRecordsSoThatTheyReadAsWhatTheyHold) {
+TEST(WriteJson5, WritesRandomRecordsSoThatTheyReadAsWhatTheyHold) {
   for (unsigned seed = 0; seed < randomRecords; ++seed) {
     SCOPED_TRACE(seed);
     const auto record = MakeRandomRecord(seed);
@@ -650,14 +700,14 @@ TEST(FormatJson5, WritesRandomRecordsSoThatTheyReadAsWhatTheyHold) {
   }
 }
 
-TEST(FormatJson5, WritesJsonButForTheComments) {
+TEST(WriteJson5, WritesJsonButForTheComments) {
   for (unsigned seed = 0; seed < randomRecords; ++seed) {
     const std::string text = MakeRandomRecord(seed)->requests.Text();
     ASSERT_TRUE(IsJson(WithoutComments(text))) << text;
   }
 }
 
-TEST(FormatJson5, WritesTheSameRequestsAsTheSameBytes) {
+TEST(WriteJson5, WritesTheSameRequestsAsTheSameBytes) {
   for (unsigned seed = 0; seed < randomRecords; ++seed) {
     ASSERT_EQ(MakeRandomRecord(seed)->requests.Text(), MakeRandomRecord(seed)->requests.Text());
   }
@@ -665,17 +715,35 @@ TEST(FormatJson5, WritesTheSameRequestsAsTheSameBytes) {
 
 // Huge texts
 
-TEST(FormatJson5, IsDoneWithTextsOfFiveMillionUnits) {
+TEST(WriteJson5, IsDoneWithTextsOfFiveMillionUnits) {
   EXPECT_EQ(Written(std::wstring(5'000'000, L'a')).size(), 5'000'002u);
   EXPECT_EQ(Written(std::wstring(1'000'000, L'\n')).size(), 2'000'002u);
   EXPECT_EQ(Written(1, std::wstring(5'000'000, L'\n')).size(), 5'000'005u);
 }
 
-TEST(FormatJson5, IsDoneWithAMillionStrings) {
+TEST(WriteJson5, IsDoneWithAMillionStrings) {
   EXPECT_EQ(Written(Texts(1'000'000, L"a")).size(), 5'000'000u);
 }
 
-TEST(FormatJson5, IsDoneWithAHundredThousandItems) {
+TEST(WriteJson5, GivesALongFileInPieces) {
+  Requests requests;
+  for (int i = 0; i < 100'000; ++i) {
+    requests.Section(L"S", L"item" + std::to_wstring(i)).Set(L"k", i, L"comment");
+  }
+  EXPECT_GT(requests.Text().size(), 4'000'000u);
+  EXPECT_LE(requests.LargestPiece(), 65'536u);
+}
+
+TEST(WriteJson5, CutsALongStringIntoPieces) {
+  Requests requests;
+  requests.Section(L"S").Set(L"k", std::wstring(300'000, L'\n'));
+  std::string expected = "{\n  \"S\": {\n    \"k\": \"";
+  for (int i = 0; i < 300'000; ++i) expected += "\\n";
+  EXPECT_EQ(requests.Text(), expected + "\"\n  }\n}\n");
+  EXPECT_LE(requests.LargestPiece(), 65'536u);
+}
+
+TEST(WriteJson5, IsDoneWithAHundredThousandItems) {
   Requests requests;
   for (int i = 0; i < 100'000; ++i) {
     requests.Section(L"S", L"item" + std::to_wstring(i)).Set(L"k", i, L"comment");

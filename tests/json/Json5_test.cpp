@@ -1103,6 +1103,12 @@ TEST(Json5TreeFindNear, GivesNothingInAnEmptyObject) {
   EXPECT_EQ(document.tree.FindNear(document.tree.root, "k", place), nullptr);
 }
 
+TEST(Json5TreeFindNear, GivesNothingInWhatIsNoObject) {
+  const Document document(L"['a']");
+  std::size_t place = 0;
+  EXPECT_EQ(document.tree.FindNear(document.tree.root, "", place), nullptr);
+}
+
 // Errors
 
 struct PlaceCase {

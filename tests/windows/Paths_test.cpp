@@ -13,6 +13,7 @@
 #include "editor/Files.h"
 #include "editor/Text.h"
 #include "support/CurrentFolder.h"
+#include "support/ReplaceBy.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"
 
@@ -100,7 +101,7 @@ TEST(WindowsPaths, MayBeLongerThanTheOldLimit) {
   EXPECT_EQ(Load(L"", WithSlashes(scheme.File().wstring(), L'/')), 0);
   EXPECT_EQ(Load(L"", (scheme.File().parent_path() / L"none.txt").wstring()), -1);
 
-  ReplaceWholeFile(scheme.File().wstring(), "new");
+  ReplaceBy(scheme.File().wstring(), "new");
   EXPECT_EQ(ReadFile(scheme.File().wstring()), "new");
 }
 
@@ -156,7 +157,7 @@ TEST(WindowsSharing, ReplacesATargetThatAnotherReadsOrLeavesItAlone) {
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
     bool replaced = true;
     try {
-      ReplaceWholeFile(scheme.File().wstring(), "new");
+      ReplaceBy(scheme.File().wstring(), "new");
     } catch (const std::system_error&) {
       replaced = false;
     }
@@ -170,7 +171,7 @@ TEST(WindowsSharing, ReplacesATargetThatAnotherReadsOrLeavesItAlone) {
 TEST(WindowsSharing, LeavesAReadOnlyTargetAlone) {
   const SchemeFolder scheme(L"target.json");
   SetFileAttributesW(scheme.File().c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_THROW(ReplaceWholeFile(scheme.File().wstring(), "new"), std::system_error);
+  EXPECT_THROW(ReplaceBy(scheme.File().wstring(), "new"), std::system_error);
   SetFileAttributesW(scheme.File().c_str(), FILE_ATTRIBUTE_NORMAL);
   EXPECT_EQ(std::distance(fs::directory_iterator(scheme.Folder()), {}), 1);
 }

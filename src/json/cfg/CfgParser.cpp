@@ -4,7 +4,6 @@
 #include <system_error>
 #include <utility>
 
-#include "Json5Text.h"
 #include "editor/Files.h"
 
 using namespace TolvenLibs::RevitMappingEditorDll;
@@ -24,8 +23,6 @@ std::string ReadWholeFile(const std::wstring& file) {
 CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
     : text(ReadWholeFile(file)) {
   if (ParseJson5(text, tree)) tree.root = {};
-  // Each member tends to be requested once.
-  record.Reserve(tree.members.size());
 }
 
 CfgParser::~CfgParser() = default;
@@ -33,18 +30,17 @@ CfgParser::~CfgParser() = default;
 JSON5Section* CfgParser::Section(const wchar_t* sectionName, bool& found, bool /*first*/,
                                  bool /*last*/, const wchar_t* itemName) {
   const std::size_t item = record.Open(sectionName, itemName);
-  const Json5RecordItem& opened = record.Items()[item];
   const Json5Value* value = nullptr;
   if (tree.root.kind == Json5Value::Kind::object) {
-    ToJson5Text(opened.name, itemBytes);
-    value = Find(record.repeated.Bytes(opened.section), itemBytes);
+    const Json5RecordItem& opened = record.Items()[item];
+    value = Find(record.repeated.Bytes(opened.section), opened.name);
   }
   found = value != nullptr;
   return new JSON5Section(tree, value, record, item);
 }
 
 void CfgParser::saveCfgParamsToJson5(const wchar_t* file, int /*kind*/) {
-  ReplaceWholeFile(file, FormatJson5(record));
+  ReplaceWholeFile(file, [this](const TakeBytes& take) { WriteJson5(record, take); });
 }
 
 const Json5Value* CfgParser::Find(std::string_view sectionName, std::string_view itemName) {

@@ -48,6 +48,5 @@ class CfgParser {
   TolvenLibs::RevitMappingEditorDll::Json5Tree tree;
   // Where the last item of a section was found: the next one tends to stand behind it.
   std::unordered_map<const TolvenLibs::RevitMappingEditorDll::Json5Value*, std::size_t> places;
-  std::string itemBytes;  // the name of the item that was opened last
   TolvenLibs::RevitMappingEditorDll::Json5Record record;
 };

@@ -1,12 +1,13 @@
 #include "JSON5Section.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 using namespace TolvenLibs::RevitMappingEditorDll;
 
@@ -21,9 +22,10 @@ const wchar_t* JSON5Section::ParamString(const wchar_t* key, const wchar_t* defa
   const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::string;
-  const std::wstring_view result = found ? record.KeepWide(value->text) : record.Keep(defaultValue);
-  record.Set(item, keyPlace, record.repeated.PlaceOf(comment), result);
-  return result.data();
+  const wchar_t* result = found ? record.KeepWide(value->text).data() : defaultValue;
+  record.Set(item, keyPlace, record.repeated.PlaceOf(comment),
+             found ? value->text : record.Keep(defaultValue));
+  return result;
 }
 
 int JSON5Section::ParamInt(const wchar_t* key, int defaultValue, bool& found,
@@ -57,26 +59,30 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
   const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::array;
+  const std::uint32_t commentPlace = record.repeated.PlaceOf(comment);
   if (!found) {
-    record.Set(item, keyPlace, record.repeated.PlaceOf(comment),
-               record.List(std::span(defaultValues, defaultSize)));
+    const std::span<std::string_view> texts = record.List(defaultSize);
+    std::transform(defaultValues, defaultValues + defaultSize, texts.begin(),
+                   [this](const wchar_t* text) { return record.Keep(text); });
+    record.Set(item, keyPlace, commentPlace, texts);
     count = defaultCount;
     return defaultValues;
   }
 
-  std::vector<std::wstring_view> texts;
-  texts.reserve(value->members.count);
+  std::span<std::string_view> texts = record.List(value->members.count);
+  auto end = texts.begin();
   for (const Json5Member& element : tree.Members(*value)) {
-    if (element.value.kind != Kind::string) continue;
-    texts.push_back(record.KeepWide(element.value.text));
+    if (element.value.kind == Kind::string) *end++ = element.value.text;
   }
+  texts = {texts.begin(), end};
+  record.Set(item, keyPlace, commentPlace, texts);
   count = static_cast<int>(texts.size());
-  record.Set(item, keyPlace, record.repeated.PlaceOf(comment), record.List(texts));
   // A caller releases no array of no strings.
   if (texts.empty()) return nullptr;
-  auto* result = new const wchar_t*[texts.size()];
-  for (std::size_t i = 0; i < texts.size(); ++i) result[i] = texts[i].data();
-  return result;
+  auto result = std::make_unique<const wchar_t*[]>(texts.size());
+  std::transform(texts.begin(), texts.end(), result.get(),
+                 [this](std::string_view text) { return record.KeepWide(text).data(); });
+  return result.release();
 }
 
 const Json5Value* JSON5Section::FindValue(std::uint32_t key, bool overriding) const {

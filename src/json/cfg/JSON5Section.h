@@ -22,7 +22,7 @@ class JSON5Section {
                const TolvenLibs::RevitMappingEditorDll::Json5Value* fileSection,
                TolvenLibs::RevitMappingEditorDll::Json5Record& requests, std::size_t requestedItem);
 
-  // The result stays good until the parser ends.
+  // The result stays good until the parser ends, or is `defaultValue` itself.
   const wchar_t* ParamString(const wchar_t* key, const wchar_t* defaultValue, bool& found,
                              const wchar_t* comment, bool overriding);
 

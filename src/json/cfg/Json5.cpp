@@ -171,6 +171,8 @@ void SkipComment(Cursor& cursor) {
 }
 
 void SkipSpace(Cursor& cursor) {
+  // In files without blanks there is none.
+  if (const char byte = cursor.Peek(); IsAscii(byte) && byte > ' ' && byte != '/') return;
   while (true) {
     cursor.SkipWhile(IsAsciiSpace);
     if (cursor.AtEnd()) return;
@@ -602,7 +604,9 @@ Json5Error ErrorAt(std::string_view text, const Malformed& malformed) {
     const std::uint32_t code = cursor.TakeCode();
     const bool ended = IsLineTerminator(code) && !(code == '\r' && cursor.Peek() == '\n');
     error.line += ended ? 1 : 0;
-    error.column = ended ? 1 : error.column + (sizeof(wchar_t) == 2 && code > 0xFFFF ? 2 : 1);
+    wchar_t units[2];
+    const auto width = static_cast<std::size_t>(PutUnits(code, units) - units);
+    error.column = ended ? 1 : error.column + width;
   }
   return error;
 }

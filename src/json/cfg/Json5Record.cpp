@@ -1,6 +1,5 @@
 #include "Json5Record.h"
 
-#include <algorithm>
 #include <cwchar>
 #include <functional>
 #include <utility>
@@ -43,54 +42,48 @@ std::uint32_t RepeatedTexts::Add(const wchar_t* text) {
 
 std::size_t Json5Record::Open(const wchar_t* sectionName, std::wstring_view itemName) {
   const std::uint32_t section = repeated.PlaceOf(sectionName);
-  items.push_back({section, Keep(itemName)});
-  return items.size() - 1;
+  items.push_back({section, Keep(itemName), params.size()});
+  current = items.size() - 1;
+  return current;
 }
 
 void Json5Record::Set(std::size_t item, std::uint32_t key, std::uint32_t comment,
                       const Json5RecordValue& value) {
-  params.push_back({item, key, comment, value});
+  if (item != current) {
+    items.push_back({items[item].section, items[item].name, params.size()});
+    current = item;
+  }
+  params.push_back({key, comment, value});
 }
 
-std::wstring_view Json5Record::Keep(std::wstring_view text) {
-  wchar_t* copy = Room(text.size() + 1);
-  text.copy(copy, text.size());
-  copy[text.size()] = L'\0';
-  blockFilled += text.size() + 1;
-  return {copy, text.size()};
+std::string_view Json5Record::Keep(std::wstring_view text) {
+  ToJson5Text(text, bytes);
+  auto* copy = Room<char>(bytes.size());
+  bytes.copy(copy, bytes.size());
+  return {copy, bytes.size()};
 }
 
-std::wstring_view Json5Record::KeepWide(std::string_view bytes) {
-  wchar_t* copy = Room(bytes.size() + 1);
-  const auto size = static_cast<std::size_t>(PutWideText(bytes, copy) - copy);
-  copy[size] = L'\0';
-  blockFilled += size + 1;
+std::wstring_view Json5Record::KeepWide(std::string_view text) {
+  const std::size_t size = WideSize(text);
+  auto* copy = Room<wchar_t>(size + 1);
+  *PutWideText(text, copy) = L'\0';
   return {copy, size};
 }
 
-// Room for so many units at the end of the last block.
-wchar_t* Json5Record::Room(std::size_t units) {
-  constexpr std::size_t usualSize = 16384;
-  if (blockSize - blockFilled < units) {
-    const std::size_t size = std::max(usualSize, units);
-    kept.push_back(std::make_unique_for_overwrite<wchar_t[]>(size));
-    blockSize = size;
-    blockFilled = 0;
-  }
-  return kept.back().get() + blockFilled;
+std::span<std::string_view> Json5Record::List(std::size_t count) {
+  auto* texts = Room<std::string_view>(count);
+  std::uninitialized_default_construct_n(texts, count);
+  return {texts, count};
 }
 
 void Json5Record::Adopt(const wchar_t** strings, std::size_t count) {
-  std::vector<std::unique_ptr<const wchar_t[]>>& owners = adopted;
+  std::size_t done = 0;
   try {
-    if (owners.capacity() - owners.size() < count) {
-      owners.reserve(std::max(2 * owners.capacity(), owners.size() + count));
-    }
+    for (; done < count; ++done) adopted.emplace_back(strings[done]);
   } catch (...) {
-    for (std::size_t i = 0; i < count; ++i) delete[] strings[i];
+    for (; done < count; ++done) delete[] strings[done];
     throw;
   }
-  for (std::size_t i = 0; i < count; ++i) owners.emplace_back(strings[i]);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

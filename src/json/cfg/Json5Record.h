@@ -1,18 +1,22 @@
-// What was requested of a `CfgParser`, in the order of the requests.
+// What was requested of a `CfgParser`, in the order of the requests. Its texts are as `Json5Text.h`
+// has them.
 
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
+#include <deque>
 #include <memory>
+#include <memory_resource>
 #include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <variant>
 #include <vector>
+
+#include "editor/Files.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -26,7 +30,7 @@ class RepeatedTexts {
   std::size_t Count() const { return texts.size(); }
   const std::wstring& operator[](std::size_t place) const { return *texts[place]; }
 
-  // The text as JSON5 has it, see `Json5Text.h`.
+  // The text as JSON5 has it.
   const std::string& Bytes(std::size_t place) const { return bytes[place]; }
 
  private:
@@ -47,23 +51,20 @@ class RepeatedTexts {
   std::vector<std::string> bytes;
 };
 
-// An item of a section, once for each time that it was opened.
+// An item of a section, once for each time that it was opened, and once more where its requests go
+// on behind those of another.
 struct Json5RecordItem {
   std::uint32_t section;   // a place
-  std::wstring_view name;  // "" for the section itself
+  std::string_view name;   // "" for the section itself
+  std::size_t firstParam;  // those up to the first of the next item belong to this one
 };
 
-// Some of the record's texts, side by side.
-struct Json5RecordTexts {
-  std::size_t first;
-  std::size_t count;
-};
+using Json5RecordTexts = std::span<const std::string_view>;
 
 // A string, an integer, a real, or an array of strings.
-using Json5RecordValue = std::variant<std::wstring_view, int, double, Json5RecordTexts>;
+using Json5RecordValue = std::variant<std::string_view, int, double, Json5RecordTexts>;
 
 struct Json5RecordParam {
-  std::size_t item;
   std::uint32_t key;      // a place
   std::uint32_t comment;  // a place
   Json5RecordValue value;
@@ -77,29 +78,21 @@ class Json5Record {
   Json5Record(const Json5Record&) = delete;
   Json5Record& operator=(const Json5Record&) = delete;
 
-  // Makes room for so many requests.
-  void Reserve(std::size_t count) { params.reserve(count); }
-
-  // Opens an item, to which the requests that follow may belong.
+  // Opens an item, to which the requests that follow may belong, and gives its place.
   std::size_t Open(const wchar_t* sectionName, std::wstring_view itemName);
 
-  // Records a value. Its texts must be kept.
+  // Records a value of an item that was opened. Its texts must live as long as the record.
   void Set(std::size_t item, std::uint32_t key, std::uint32_t comment,
            const Json5RecordValue& value);
 
-  // The value of an array of kept texts.
-  template <class Range>
-  Json5RecordTexts List(const Range& range) {
-    const std::size_t first = texts.size();
-    texts.insert(texts.end(), std::begin(range), std::end(range));
-    return {first, texts.size() - first};
-  }
+  // The text as JSON5 has it, which lives as long as the record.
+  std::string_view Keep(std::wstring_view text);
 
-  // A copy of the text that lives as long as the record, with a NUL behind it.
-  std::wstring_view Keep(std::wstring_view text);
+  // The wide form of a text of JSON5, with a NUL behind it, which lives as long as the record.
+  std::wstring_view KeepWide(std::string_view text);
 
-  // The same of a text of JSON5.
-  std::wstring_view KeepWide(std::string_view bytes);
+  // An array for so many texts, which lives as long as the record.
+  std::span<std::string_view> List(std::size_t count);
 
   // Takes over strings that were made with `new[]`; if memory runs out it frees them and raises
   // `bad_alloc`.
@@ -107,28 +100,29 @@ class Json5Record {
 
   RepeatedTexts repeated;
 
-  const std::vector<Json5RecordItem>& Items() const { return items; }
-  const std::vector<Json5RecordParam>& Params() const { return params; }
-
-  std::span<const std::wstring_view> Texts(const Json5RecordTexts& listed) const {
-    return std::span(texts).subspan(listed.first, listed.count);
-  }
+  const std::pmr::deque<Json5RecordItem>& Items() const { return items; }
+  const std::pmr::deque<Json5RecordParam>& Params() const { return params; }
 
  private:
-  wchar_t* Room(std::size_t units);
-  std::vector<Json5RecordItem> items;
-  std::vector<Json5RecordParam> params;
-  std::vector<std::wstring_view> texts;          // of the arrays
-  std::vector<std::unique_ptr<wchar_t[]>> kept;  // blocks with texts side by side
-  std::size_t blockSize = 0;                     // of the last block
-  std::size_t blockFilled = 0;
-  std::vector<std::unique_ptr<const wchar_t[]>> adopted;
+  template <class Element>
+  Element* Room(std::size_t count) {
+    return std::pmr::polymorphic_allocator<Element>(&memory).allocate(count);
+  }
+
+  // What is kept stands side by side, and what grows does so without being moved, as that would
+  // take as much memory again.
+  std::pmr::monotonic_buffer_resource memory{65536};
+  std::pmr::deque<Json5RecordItem> items{&memory};
+  std::pmr::deque<Json5RecordParam> params{&memory};
+  std::pmr::deque<std::unique_ptr<const wchar_t[]>> adopted{&memory};
+  std::size_t current = 0;  // the item, by its place, that the last of `items` is
+  std::string bytes;        // of the text that was kept last
 };
 
-// The record as a file: one object with the sections, each an object with its items, in JSON that
-// has comments, as UTF-8. Sections, items and keys stand in the order of the first request for
-// each, a key with the value and the comment of the last. Two records of the same requests give the
-// same bytes.
-std::string FormatJson5(const Json5Record& record);
+// Gives the record as a file, piece by piece: one object with the sections, each an object with its
+// items, in JSON that has comments, as UTF-8. Sections, items and keys stand in the order of the
+// first request for each, a key with the value and the comment of the last. Two records of the same
+// requests give the same bytes.
+void WriteJson5(const Json5Record& record, const TakeBytes& take);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "editor/Files.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+// `ReplaceWholeFile` with bytes that are given in one piece.
+inline void ReplaceBy(const std::wstring& path, std::string_view bytes) {
+  ReplaceWholeFile(path, [bytes](const TakeBytes& take) { take(bytes); });
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
