@@ -262,23 +262,30 @@ def quotas(mutants, count):
 # ---- Building and running ----
 
 
-def limit_memory():
-  resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+def limits(seconds):
+  """Sets the limits of a command. Its time is the processor's: what else a machine does, or that it
+  holds the command up, must not pass for a hang."""
+  def set_limits():
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+    if seconds:
+      resource.setrlimit(resource.RLIMIT_CPU, (round(seconds), round(seconds) + 1))
+  return set_limits
 
 
 def run(command, folder, seconds=None, environment=None):
   """Status and output of a command, None for one that had to be stopped. Nothing of it is left."""
   with subprocess.Popen(
       command, cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-      stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=limit_memory) as process:
+      stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=limits(seconds)) as process:
     try:
-      output, _ = process.communicate(timeout=seconds)
+      # Whoever waits for ever takes no processor's time.
+      output, _ = process.communicate(timeout=seconds and 20 * seconds)
       status = process.returncode
     except subprocess.TimeoutExpired:
       os.killpg(process.pid, signal.SIGKILL)
       output, _ = process.communicate()
       status = None
-  return status, output.decode("utf-8", "replace")
+  return None if status == -signal.SIGXCPU else status, output.decode("utf-8", "replace")
 
 
 class Stage:
@@ -353,7 +360,6 @@ class Tree:
       killer = self._killer(stage)
       if killer:
         raise RuntimeError(f"without any change fails {killer}")
-      # Other work on the machine must not pass for a hang.
       stage.seconds = 15 + 6 * (time.monotonic() - start)
 
   def _killer(self, stage):
@@ -455,6 +461,40 @@ def try_file(trees, source, candidates, quota, report):
     trees.append(tree)
 
 
+class Results:
+  """What became of the mutants so far. The files are written with each, so that a run that is
+  stopped leaves what it has found."""
+
+  def __init__(self, seed, possible):
+    self.seed = seed
+    self.possible = possible
+    self.rows = []
+    self.lock = threading.Lock()
+
+  def add(self, source, mutant, outcome):
+    row = (outcome, *columns(source, mutant))
+    with self.lock:
+      self.rows.append(row)
+      print("\t".join(row), flush=True)
+      write_table(WORK / "mutants.tsv", sorted(self.rows, key=lambda row: row[1:]))
+      write_table(WORK / "survivors.tsv", sorted(row[1:] for row in self._living()))
+      (WORK / "summary.txt").write_text(self.summary(), encoding="utf-8")
+
+  def _living(self):
+    return [row for row in self.rows if row[0] == "lives"]
+
+  def summary(self):
+    built = [row for row in self.rows if row[0] != "doesn't build"]
+    living = len(self._living())
+    files = len({row[1].partition(":")[0] for row in built})
+    usage = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return (f"{len(built)} mutants of {self.possible} possible ones in {files} files, seed "
+            f"{self.seed}: {len(built) - living} killed "
+            f"({100 * (1 - living / max(1, len(built))):.1f} %), {living} live; "
+            f"{len(self.rows) - len(built)} more did not build; "
+            f"{(usage.ru_utime + usage.ru_stime) / 60:.0f} minutes of processor time\n")
+
+
 def write_table(path, rows):
   text = "".join("\t".join(row) + "\n" for row in rows)
   path.write_text(text, encoding="utf-8")
@@ -475,15 +515,6 @@ def main():
   with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
     list(pool.map(Tree.prepare, trees))
 
-  rows = []
-  lock = threading.Lock()
-
-  def report(source, mutant, outcome):
-    row = (outcome, *columns(source, mutant))
-    with lock:
-      rows.append(row)
-      print("\t".join(row), flush=True)
-
   if options.again:
     lived = set((WORK / "survivors.tsv").read_text(encoding="utf-8").splitlines())
     for name, found in mutants.items():
@@ -491,28 +522,18 @@ def main():
     share = {name: len(found) for name, found in mutants.items() if found}
   else:
     share = quotas(mutants, options.count)
+
+  results = Results(options.seed, sum(map(len, mutants.values())))
   with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
     futures = []
-    for name in sorted(share, key=share.get, reverse=True):
+    # A change to a header builds most of the tree anew: these come last.
+    for name in sorted(share, key=lambda name: (name.endswith(".h"), -share[name])):
       candidates = random.Random(f"{options.seed} {name}").sample(mutants[name], len(mutants[name]))
       futures.append(
-          pool.submit(try_file, trees, sources[name], candidates, share[name], report))
+          pool.submit(try_file, trees, sources[name], candidates, share[name], results.add))
     for future in futures:
       future.result()
-
-  built = [row for row in rows if row[0] != "doesn't build"]
-  living = [row for row in built if row[0] == "lives"]
-  usage = resource.getrusage(resource.RUSAGE_CHILDREN)
-  possible = sum(len(found) for found in mutants.values())
-  summary = (f"{len(built)} mutants of {possible} possible ones in {len(share)} files, seed "
-             f"{options.seed}: {len(built) - len(living)} killed "
-             f"({100 * (1 - len(living) / max(1, len(built))):.1f} %), {len(living)} live; "
-             f"{len(rows) - len(built)} more did not build; "
-             f"{(usage.ru_utime + usage.ru_stime) / 60:.0f} minutes of processor time\n")
-  write_table(WORK / "mutants.tsv", sorted(rows, key=lambda row: row[1:]))
-  write_table(WORK / "survivors.tsv", sorted(row[1:] for row in living))
-  (WORK / "summary.txt").write_text(summary, encoding="utf-8")
-  sys.stdout.write(summary)
+  sys.stdout.write(results.summary())
   return 0
 
 

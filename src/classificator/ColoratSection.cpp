@@ -105,7 +105,7 @@ int ParseColoratSection(ColoratTable table, std::wstring_view text,
   for (std::wstring_view block; blocks.Next(block);) {
     PieceReader lines = CutEntries(block, false);
     std::wstring_view title;
-    if (!lines.Next(title)) continue;
+    lines.Next(title);
     std::wstring_view firstLine;
     if (!PieceReader(lines).Next(firstLine)) continue;
     const std::size_t blank = title.find(L' ');

@@ -39,6 +39,19 @@ IndexedProperties SomeProperties() {
   return properties;
 }
 
+TEST(IndexedProperties, AreReadAsAMapIs) {
+  const IndexedProperties properties = SomeProperties();
+  EXPECT_EQ(properties.size(), 4u);
+  EXPECT_FALSE(properties.empty());
+  EXPECT_TRUE(IndexedProperties().empty());
+  EXPECT_EQ(properties.count(L"b"), 1u);
+  EXPECT_EQ(properties.count(L"B"), 0u);
+  EXPECT_EQ(properties.at(L"b").id, L"b");
+  EXPECT_EQ(properties.find(L"d")->second.id, L"d");
+  EXPECT_EQ(properties.find(L"D"), properties.end());
+  EXPECT_EQ(properties.begin()->first, L"a");
+}
+
 TEST(IndexedProperties, GiveThoseThatApplyToEachOfTheTypesInTheOrderOfTheKeys) {
   const IndexedProperties properties = SomeProperties();
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({})), (Texts{L"a", L"b", L"c", L"d"}));

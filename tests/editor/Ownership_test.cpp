@@ -164,6 +164,7 @@ void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noe
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
+using namespace std::string_literals;
 using Editor = RevitMappingEditorDll;
 
 // Everything that a call can hand out, freed as a caller frees it.
@@ -732,6 +733,24 @@ TEST_F(Ownership, IsOfANewBufferEvenForAnEmptyText) {
     EXPECT_EQ(after.blocks - before.blocks, 2);
     EXPECT_EQ(after.arrayBytes - before.arrayBytes, 2 * sizeof(wchar_t));
   }
+}
+
+// A NUL in a file ends the text for the caller.
+TEST_F(Ownership, IsOfNoUnitBehindTheFirstNulOfAText) {
+  const std::wstring file = folder.Write("nul.txt", "==MAPTEXT\n@A1\0B2\nwall\n"s);
+  Editor one(L"", L"");
+  ASSERT_EQ(one.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str()), 0);
+  ASSERT_EQ(one.SetActiveClassificator(L"S"), 0);
+  one.SetEndMark(L"a mark that nobody sees");
+  Results code;
+  Results mapping;
+  const Heap before = heap;
+  code.text = one.GetClaccificatorCode(0);
+  mapping.text = one.GetMappingStr(L"wall", 1, L"");
+  const Heap after = heap;
+  EXPECT_EQ(after.arrayBytes - before.arrayBytes, code.Bytes() + mapping.Bytes());
+  EXPECT_STREQ(code.text, L"A1");
+  EXPECT_STREQ(mapping.text, L"Code A1");
 }
 
 TEST_F(Ownership, IsNotTouchedByLaterCallsNorByTheEndOfTheEditor) {

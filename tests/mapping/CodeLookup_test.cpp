@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "classificator/Classificator.h"
+#include "mapping/CodeIndex.h"
 #include "support/GlobalLocale.h"
 #include "support/KeptTokens.h"
 #include "support/LoadedScheme.h"
@@ -521,7 +522,12 @@ std::wstring WordOf(std::initializer_list<int> differences, int times) {
   return word;
 }
 
-// The index hashes words to 64 bits. These words have one hash.
+// Whether the index leaves this text to the walk over the records.
+bool IsLeftToTheWalk(const Classificator& classificator, std::wstring_view text) {
+  return !classificator.mapTextSection.records.Index()->Find(text);
+}
+
+// The index hashes words to 64 bits. These words have one hash, and it takes 32 of them.
 TEST(FindCodeId, TellsWordsOfOneHashApart) {
   const auto word = [](int times) {
     return WordOf({5, -15, -18, -19, 24, -21, -4, 42, -41, 7}, times);
@@ -532,6 +538,7 @@ TEST(FindCodeId, TellsWordsOfOneHashApart) {
     for (int i = 0; i < count; ++i)
       section += word(count + i) + L" a\n" + word(count + i) + L" b\n";
     const Classificator classificator = Read(section);
+    EXPECT_EQ(IsLeftToTheWalk(classificator, L"a"), count > 32) << count;
     for (int i = 0; i < count; ++i) {
       EXPECT_EQ(FindCodeId(classificator, word(i) + L" b"), i) << count;
       EXPECT_EQ(FindCodeId(classificator, word(count + i) + L" b"), count + 2 * i + 1) << count;
@@ -587,6 +594,7 @@ TEST(FindCodeId, TakesWordsWhoseHashesCrowd) {
   std::wstring section = L"@C\n";
   for (const std::wstring& word : words) section += word + L"\n";
   const Classificator classificator = Read(section);
+  EXPECT_TRUE(IsLeftToTheWalk(classificator, L"a"));
   for (std::size_t i = 0; i < words.size(); ++i) {
     EXPECT_EQ(FindCodeId(classificator, words[i] + L" a"), static_cast<int>(i));
   }
