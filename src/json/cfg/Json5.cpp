@@ -170,9 +170,7 @@ void SkipComment(Cursor& cursor) {
   }
 }
 
-void SkipSpace(Cursor& cursor) {
-  // In files without blanks there is none.
-  if (const char byte = cursor.Peek(); IsAscii(byte) && byte > ' ' && byte != '/') return;
+void SkipSomeSpace(Cursor& cursor) {
   while (true) {
     cursor.SkipWhile(IsAsciiSpace);
     if (cursor.AtEnd()) return;
@@ -185,6 +183,12 @@ void SkipSpace(Cursor& cursor) {
     if (!IsSpaceOutsideAscii(cursor.PeekCode(size))) return;
     cursor.Skip(size);
   }
+}
+
+void SkipSpace(Cursor& cursor) {
+  // In files without blanks there is none.
+  const char byte = cursor.Peek();
+  if (!IsAscii(byte) || byte <= ' ' || byte == '/') SkipSomeSpace(cursor);
 }
 
 // Numbers
@@ -291,10 +295,18 @@ bool IsLowSurrogate(std::uint32_t code) {
 constexpr std::string_view escapeLetters = "bfnrtv";
 constexpr std::string_view escapedCodes = "\b\f\n\r\t\v";
 
-// Whether a byte of a string stands for itself whatever the quotation mark.
+// The bytes of ASCII that stand for themselves in a string whatever the quotation mark.
+constexpr std::array<bool, 256> plainBytes = [] {
+  std::array<bool, 256> plain = {};
+  std::fill_n(plain.begin(), 0x80, true);
+  for (const char byte : std::string_view("\"'\\\n\r")) {
+    plain[static_cast<unsigned char>(byte)] = false;
+  }
+  return plain;
+}();
+
 bool IsPlain(char byte) {
-  return IsAscii(byte) && byte != '"' && byte != '\'' && byte != '\\' && byte != '\n' &&
-         byte != '\r';
+  return plainBytes[static_cast<unsigned char>(byte)];
 }
 
 // Reads a string from behind its opening quotation mark, and the closing one with it.
