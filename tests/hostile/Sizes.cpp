@@ -21,7 +21,7 @@ namespace {
 void MeasureBoth(const PreparedCase& half, const PreparedCase& full, Cost& ofHalf, Cost& ofFull) {
   ofHalf = half.Measure();
   ofFull = full.Measure();
-  const int repetitions = std::clamp(static_cast<int>(0.5 / ofFull.seconds), 1, 10);
+  const int repetitions = std::clamp(static_cast<int>(1.0 / ofFull.seconds), 3, 20);
   for (int i = 0; i < repetitions; ++i) {
     ofHalf.seconds = std::min(ofHalf.seconds, half.Measure().seconds);
     ofFull.seconds = std::min(ofFull.seconds, full.Measure().seconds);
