@@ -129,7 +129,7 @@ HostileCases ParamCases() {
       Param("blanks in a statement", 10'000'000,
             [](std::size_t size) { return "A" + Times(size, " ") + "P=1"; }),
       Param("opening braces", 10'000'000, [](std::size_t size) { return Times(size, "{") + "A"; }),
-      Param("statements of one code", 1'000'000,
+      Param("statements of one code", 4'000'000,
             [](std::size_t size) { return Times(size, "A P=1\n"); }),
       Param("codes that begin alike", 1'000'000,
             [](std::size_t size) {

@@ -63,7 +63,7 @@ HostileCases DomenCases() {
           [](std::size_t size) { return "@ P 0 1\nF str 0 " + Times(size, "\""); },
           RequireOneField),
       DomenSection(
-          "object types of one property", 1'000'000,
+          "object types of one property", 4'000'000,
           [](std::size_t size) { return "@@" + Times(size, " Door") + "\n@ P 0 1\n"; },
           RequireOneProperty),
       DomenSection(
