@@ -5,6 +5,18 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+namespace {
+
+std::vector<std::size_t> InBoth(const std::vector<std::size_t>& left,
+                                const std::vector<std::size_t>& right) {
+  std::vector<std::size_t> both;
+  std::set_intersection(left.begin(), left.end(), right.begin(), right.end(),
+                        std::back_inserter(both));
+  return both;
+}
+
+}  // namespace
+
 ObjectTypeIndex::ObjectTypeIndex(const DomenProperties& properties) {
   all.reserve(properties.size());
   for (const auto& [key, property] : properties) {
@@ -40,14 +52,7 @@ ObjectTypeIndex::Places ObjectTypeIndex::ThatName(
   for (const std::wstring& type : objectTypes) {
     const auto found = byType.find(type);
     if (found == byType.end()) return {};
-    if (&type == &objectTypes.front()) {
-      named = found->second;
-      continue;
-    }
-    Places both;
-    std::set_intersection(named.begin(), named.end(), found->second.begin(), found->second.end(),
-                          std::back_inserter(both));
-    named = std::move(both);
+    named = &type == &objectTypes.front() ? found->second : InBoth(named, found->second);
   }
   return named;
 }

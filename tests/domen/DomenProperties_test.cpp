@@ -165,6 +165,22 @@ TEST(Domen, MovesAPropertyInAsItWouldCopyItIn) {
   }
 }
 
+// Most values are such, and a property that is moved in then costs no new fields.
+TEST(Domen, KeepsTheFieldsWhoseValuesPassThroughTextUnchanged) {
+  DomenProperty property = PropertyFor(L"P", {});
+  const wchar_t* const values[] = {L"5", L"0.5", L"a b", L"1 2", L"0.5 2", L"a b"};
+  for (int valueType = 0; valueType < 6; ++valueType) {
+    property.AddValueField(std::to_wstring(valueType), L"", valueType, false, values[valueType]);
+  }
+  std::vector<const Properties::PropertyParameter*> fields;
+  for (const auto& field : property.fields) fields.push_back(field.get());
+  Domen domen(L"D", L"");
+  domen.AddProperty(L"P", std::move(property));
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    EXPECT_EQ(domen.properties.at(L"P").fields[i].get(), fields[i]) << i;
+  }
+}
+
 TEST(Domen, KeepsTheFirstOfTwoPropertiesThatAreMovedIn) {
   Domen domen(L"D", L"");
   domen.AddProperty(L"P", PropertyFor(L"first", {}));

@@ -1232,7 +1232,6 @@ TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
   EXPECT_EQ(Answers(*editor), answers);
 }
 
-// A sort that can't have a buffer takes longer and gives the same.
 // More strings than the record has room for at first.
 TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
   const long before = heap.blocks;
@@ -1253,6 +1252,21 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
   }
 }
 
+TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
+  bool failed = true;
+  for (long n = 1; failed; ++n) {
+    RepeatedTexts texts;
+    const wchar_t* const text = L"a text that is too long to stand in a string itself";
+    failed = RunFailing(n, [&] { texts.PlaceOf(text); }).failed;
+    ASSERT_EQ(texts.PlaceOf(text), 0u) << n;
+    ASSERT_EQ(texts.Count(), 1u) << n;
+    EXPECT_EQ(texts[0], text) << n;
+    EXPECT_EQ(texts.PlaceOf(L"another"), 1u) << n;
+    ASSERT_TRUE(!failed || n < 20);
+  }
+}
+
+// A sort that can't have a buffer takes longer and gives the same.
 TEST_F(Ownership, IsTheSameWhereNoBlockIsGivenThatMayBeRefused) {
   folder.Write("rich.txt", RichFile());
   const auto answersOf = [this](bool refuses) {

@@ -127,6 +127,25 @@ TEST(ReplaceWholeFile, NeverReplacesAPipeAndDoesNotWaitForIt) {
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"pipe"});
 }
 
+// The error that a replacement ends with.
+std::error_code ErrorOf(const std::wstring& path) {
+  try {
+    ReplaceBy(path, "new");
+    return {};
+  } catch (const std::system_error& error) {
+    return error.code();
+  }
+}
+
+TEST(ReplaceWholeFile, TellsAFolderFromWhatElseIsNoFile) {
+  const TempFolder folder;
+  const fs::path pipe = folder.Path() / "pipe";
+  if (mkfifo(pipe.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
+  EXPECT_EQ(ErrorOf(folder.Wide()), std::errc::is_a_directory);
+  EXPECT_EQ(ErrorOf(folder.Wide() + L"/pipe"), std::errc::invalid_argument);
+  EXPECT_EQ(ErrorOf(folder.Wide() + L"/file"), std::error_code());
+}
+
 TEST(ReplaceWholeFile, MakesNothingInAFolderThatMayNotBeWritten) {
   const TempFolder folder;
   const fs::path closed = folder.Path() / "closed";
