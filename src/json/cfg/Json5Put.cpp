@@ -28,11 +28,11 @@ constexpr std::array<bool, 256> plainBytes = [] {
   return plain;
 }();
 
-bool IsPlain(std::string_view text) {
+// Whether one of those two begins another character here.
+bool BeginsPlain(std::string_view text) {
   const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   if (byte(0) == leadOfTerminators) return byte(1) != 0x80 || (byte(2) | 1) != 0xA9;
-  if (byte(0) == leadOfSurrogates) return byte(1) < 0xA0;
-  return plainBytes[byte(0)];
+  return byte(0) == leadOfSurrogates && byte(1) < 0xA0;
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ bool IsPlain(std::string_view text) {
 std::size_t PlainSize(std::string_view text) {
   std::size_t size = 0;
   while (size < text.size() &&
-         (plainBytes[static_cast<unsigned char>(text[size])] || IsPlain(text.substr(size)))) {
+         (plainBytes[static_cast<unsigned char>(text[size])] || BeginsPlain(text.substr(size)))) {
     ++size;
   }
   return size;
