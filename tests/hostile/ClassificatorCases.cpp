@@ -114,7 +114,7 @@ HostileCases ColoratCases() {
           "blocks of one id", 1'000'000,
           [](std::size_t size) { return Times(size, "@c C\nk 1 2 3 4\n"); }, one),
       Colorat(
-          "lines of one key text", 1'000'000,
+          "lines of one key text", 4'000'000,
           [](std::size_t size) { return "c C\n" + Times(size, "k 1 2 3 4\n") + "last 1 2 3 4\n"; },
           last),
       ColoratOfMany("key texts that begin alike", [](std::size_t i, std::size_t) { return i; }),

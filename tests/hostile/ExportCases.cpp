@@ -1,8 +1,9 @@
 // A domain as a JSON5 file, which is read once more.
 
-#include <filesystem>
+#include <bit>
 
 #include "hostile/Case.h"
+#include "support/AlikeHashes.h"
 
 namespace {
 
@@ -20,6 +21,15 @@ HostileCase Export(const char* input, std::size_t size,
             Require(subject.editor.CreateDomen(file.c_str()) == 0, "the exported file");
             ask(subject);
           }};
+}
+
+// In as many bits as a table of up to eight places for each property would look at.
+std::string PropertiesOfAlikeHashes(std::size_t count) {
+  std::string properties;
+  for (const std::string& name : NamesOfAlikeHashes(count, static_cast<unsigned>(std::bit_width(8 * count)))) {
+    properties += "@ " + name + " 0 1\n";
+  }
+  return properties;
 }
 
 }  // namespace
@@ -44,6 +54,11 @@ HostileCases ExportCases() {
             Require(PropertyCount(subject, L"E") == static_cast<int>(subject.size),
                     "the properties");
           }),
+      Export("properties whose hashes are alike", 4'000, PropertiesOfAlikeHashes,
+             [](Subject& subject) {
+               Require(PropertyCount(subject, L"E") == static_cast<int>(subject.size),
+                       "the properties");
+             }),
       Export(
           "fields of one property", 500'000,
           [](std::size_t size) {
@@ -55,7 +70,7 @@ HostileCases ExportCases() {
                     "the fields");
           }),
       Export(
-          "object types of one property", 1'000'000,
+          "object types of one property", 4'000'000,
           [](std::size_t size) { return "@@" + Times(size, " Door") + "\n@ P 0 1\n"; }, one),
   };
 }

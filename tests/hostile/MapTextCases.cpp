@@ -73,7 +73,7 @@ HostileCases MapTextCases() {
             Require(CodeId(subject, words + L"none") == -1, "none");
           }),
       MapText(
-          "patterns that all begin one text", 100'000,
+          "patterns that all begin one text", 400'000,
           [](std::size_t size) { return Join(size, ByBits); },
           [](Subject& subject) {
             const std::wstring words = Wide(Times(20, "aaa "));
@@ -96,13 +96,13 @@ HostileCases MapTextCases() {
           "empty blocks of a header", 1'000'000,
           [](std::size_t size) { return "@A " + Times(size, "{}") + "\nwall"; }, RequireCode),
       MapText(
-          "units of an opening mark that nearly stands in a header", 1'000'000,
+          "units of an opening mark that nearly stands in a header", 4'000'000,
           [](std::size_t size) {
             return "@$ " + Times(size, "[") + "x ]\n@A " + Times(4 * size, "[") + "\nwall";
           },
           [](Subject& subject) { Require(CodeId(subject, L"walls") == 0, "the pattern"); }),
       MapText(
-          "units of a closing mark that nearly stands in a header", 1'000'000,
+          "units of a closing mark that nearly stands in a header", 4'000'000,
           [](std::size_t size) {
             return "@$ { " + Times(size, "]") + "x\n@A {P=1" + Times(4 * size, "]") + "\nwall";
           },

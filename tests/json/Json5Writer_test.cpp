@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <iterator>
 #include <limits>
 #include <map>
@@ -22,6 +21,7 @@
 #include "Json5.h"
 #include "Json5Record.h"
 #include "Json5Text.h"
+#include "support/AlikeHashes.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -436,17 +436,6 @@ std::string RequestsForEach(const std::vector<std::string>& names) {
     requests.Section(L"S", ToWideText(*name)).Set(L"b", 2);
   }
   return requests.Text();
-}
-
-// Names whose hashes have so many of their lowest bits in common.
-std::vector<std::string> NamesOfAlikeHashes(std::size_t count, unsigned bits) {
-  const std::size_t mask = (std::size_t{1} << bits) - 1;
-  std::vector<std::string> names;
-  for (int i = 0; names.size() < count; ++i) {
-    std::string name = "n" + std::to_string(i);
-    if ((std::hash<std::string_view>()(name) & mask) == 0) names.push_back(std::move(name));
-  }
-  return names;
 }
 
 TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
