@@ -25,8 +25,9 @@ HostileCase Export(const char* input, std::size_t size,
 
 // In as many bits as a table of up to eight places for each property would look at.
 std::string PropertiesOfAlikeHashes(std::size_t count) {
+  const auto bits = static_cast<unsigned>(std::bit_width(8 * count));
   std::string properties;
-  for (const std::string& name : NamesOfAlikeHashes(count, static_cast<unsigned>(std::bit_width(8 * count)))) {
+  for (const std::string& name : NamesOfAlikeHashes(count, bits)) {
     properties += "@ " + name + " 0 1\n";
   }
   return properties;

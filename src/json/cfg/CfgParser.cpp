@@ -4,6 +4,7 @@
 #include <system_error>
 #include <utility>
 
+#include "Json5.h"
 #include "editor/Files.h"
 
 using namespace TolvenLibs::RevitMappingEditorDll;

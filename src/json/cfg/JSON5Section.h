@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "Json5.h"
 #include "Json5Record.h"
+#include "Json5Tree.h"
 
 // One open section of a `CfgParser`, which must outlive it.
 //
