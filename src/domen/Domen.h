@@ -9,6 +9,9 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 // One domain: a named set of properties. A moved-from domain is empty.
 struct Domen {
+  // What a look into the map of domains makes for a key that it lacks: no id, name or properties.
+  Domen() = default;
+
   // A domain without properties.
   Domen(std::wstring domenId, std::wstring domenName);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <system_error>
 
 #include "editor/Text.h"
@@ -15,6 +16,12 @@ bool IsDigit(wchar_t unit) {
   return unit >= L'0' && unit <= L'9';
 }
 
+// No number goes on behind a character from outside ASCII, which becomes one that none has. Some
+// systems' units have a sign.
+char ToAscii(wchar_t unit) {
+  return static_cast<std::uint32_t>(unit) < 0x80 ? static_cast<char>(unit) : '?';
+}
+
 // The text as `from_chars` takes it: without leading white space and a plus sign, in plain
 // characters. Empty if it can't begin a number of decimal digits, `allowPoint` telling whether a
 // point may stand in for the first digit.
@@ -25,9 +32,8 @@ std::string ToNumberChars(std::wstring_view text, bool allowPoint) {
   if (text.empty()) return {};
   if (!IsDigit(text.front()) && !(allowPoint && text.front() == L'.')) return {};
   std::string chars(text.size() + (negative ? 1 : 0), '-');
-  // No number goes on behind a character from outside ASCII.
   std::transform(text.begin(), text.end(), chars.end() - static_cast<std::ptrdiff_t>(text.size()),
-                 [](wchar_t unit) { return unit < 0x80 ? static_cast<char>(unit) : '?'; });
+                 ToAscii);
   return chars;
 }
 

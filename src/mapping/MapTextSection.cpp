@@ -168,19 +168,33 @@ ItemLists ItemsOf(const CodeHeader& header) {
   return ItemLists(std::shared_ptr<const ItemSource>(std::shared_ptr<void>(), &header.items));
 }
 
-// Sorted by the number of tokens, and among equals in the order of the file.
+// One of each pattern, at the position that the function gives for its number of tokens.
+template <class PositionFor>
 std::vector<MapTextRecord> MakeRecords(const std::vector<PatternLine>& patterns,
-                                       const PatternTexts& texts) {
+                                       const PatternTexts& texts, PositionFor positionFor) {
   std::vector<MapTextRecord> records(patterns.size());
-  std::vector<std::size_t> positions = FirstPositions(patterns);
   const std::wstring_view* tokens = texts.tokens.data();
   for (const PatternLine& pattern : patterns) {
     const CodeHeader& header = texts.headers[pattern.header];
-    records[positions[pattern.tokenCount]++] = {header.code, ItemsOf(header), pattern.text,
+    records[positionFor(pattern.tokenCount)] = {header.code, ItemsOf(header), pattern.text,
                                                 Tokens(tokens, pattern.tokenCount)};
     tokens += pattern.tokenCount;
   }
   return records;
+}
+
+// Sorted by the number of tokens, and among equals in the order of the file.
+std::vector<MapTextRecord> SortedRecords(const std::vector<PatternLine>& patterns,
+                                         const PatternTexts& texts) {
+  std::vector<std::size_t> positions = FirstPositions(patterns);
+  return MakeRecords(patterns, texts,
+                     [&positions](std::uint32_t count) { return positions[count]++; });
+}
+
+std::vector<MapTextRecord> RecordsAsWritten(const std::vector<PatternLine>& patterns,
+                                            const PatternTexts& texts) {
+  std::size_t position = 0;
+  return MakeRecords(patterns, texts, [&position](std::uint32_t) { return position++; });
 }
 
 }  // namespace
@@ -194,9 +208,16 @@ void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
   texts->section = std::move(owner);
   texts->capitals = std::make_unique_for_overwrite<wchar_t[]>(text.size());
   MapTextParser parser(section, *texts);
-  PieceReader statements = SplitStatements(text);
-  for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
-  if (!parser.patterns.empty()) section.records = {MakeRecords(parser.patterns, *texts), texts};
+  try {
+    PieceReader statements = SplitStatements(text);
+    for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
+  } catch (...) {
+    // The lines that have been read stay, and are not sorted any more.
+    section.records = {RecordsAsWritten(parser.patterns, *texts), texts};
+    section.records.Edit();
+    throw;
+  }
+  if (!parser.patterns.empty()) section.records = {SortedRecords(parser.patterns, *texts), texts};
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

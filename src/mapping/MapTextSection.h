@@ -30,6 +30,8 @@ struct MapTextSection {
 // The records end up sorted by their number of tokens, fewest first, in the order of the file among
 // equals. So the general pattern stands ahead of the special one and wins: this is required.
 //
+// An exception leaves the records of the lines ahead of it, in the order of the file.
+//
 // The records look at the text, which lives as long as they do: `owner` keeps it alive, or if there
 // is none they keep a copy of it.
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,

@@ -3,6 +3,9 @@
 #include <array>
 #include <cstddef>
 #include <locale>
+#include <string>
+
+#include "editor/RuntimeLocale.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -26,13 +29,16 @@ class UpperTable {
   }
 
   // Whether the global locale still is that of the table.
-  bool IsCurrent() const { return std::locale() == locale; }
+  bool IsCurrent() const {
+    return std::locale() == locale && runtimeLocale == LocaleBehindFacets();
+  }
 
  private:
   static constexpr std::size_t behindCyrillic = 0x460;
 
   std::locale locale;
   const std::ctype<wchar_t>* facet;  // of `locale`
+  std::string runtimeLocale = LocaleBehindFacets();
   std::size_t rememberedCount = 0;
   std::array<wchar_t, behindCyrillic> remembered;
   std::array<wchar_t, behindCyrillic> rememberedTwice;

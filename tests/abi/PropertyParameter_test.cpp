@@ -24,5 +24,16 @@ TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlaces) {
   EXPECT_EQ(SlotOf(&PropertyParameter::GetValue), 2);
 }
 
+TEST(PropertyParameterAbi, HasItsMembersInTheirOrderBehindThePlaceOfTheOperations) {
+  const PropertyIntParameter field(L"", L"", false);
+  const auto offset = [&field](const void* member) {
+    return static_cast<const char*>(member) - reinterpret_cast<const char*>(&field);
+  };
+  EXPECT_EQ(offset(&field.name), static_cast<std::ptrdiff_t>(sizeof(void*)));
+  EXPECT_LT(offset(&field.name), offset(&field.title));
+  EXPECT_LT(offset(&field.title), offset(&field.valueType));
+  EXPECT_LT(offset(&field.valueType), offset(&field.fieldFlag));
+}
+
 }  // namespace
 }  // namespace TolvenLibs::RevitMappingEditorDll::Properties

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "mapping/CodeLookup.h"
 #include "support/GlobalLocale.h"
 #include "support/TempFolder.h"
 #include "support/UpperFails.h"
@@ -323,6 +324,19 @@ TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
   EXPECT_EQ(loaded.record.mapTextSection.domenIds, Texts{L"D"});
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Y");
   EXPECT_EQ(loaded.Patterns(), Texts{});
+}
+
+// They are sorted only once the section is at its end.
+TEST(Load, KeepsThePatternsAheadOfAnExceptionInTheOrderOfTheFile) {
+  const GlobalLocale failing(
+      [](wchar_t unit) { return unit == L'#' ? UpperFails(unit) : UpperOfLatin(unit); });
+  const Loaded loaded("==MAPTEXT\n@A\nbasic wall\nwall\n@B\ndoor#\nroof");
+  EXPECT_EQ(loaded.status, 3);
+  EXPECT_EQ(loaded.Patterns(), (Texts{L"basic wall", L"wall"}));
+  EXPECT_EQ(loaded.record.mapTextSection.records[1].code, L"A");
+  EXPECT_EQ(FindCodeId(loaded.record, L"Basic walls"), 0);
+  EXPECT_EQ(FindCodeId(loaded.record, L"Walls"), 1);
+  EXPECT_EQ(FindCodeId(loaded.record, L"Roof"), -1);
 }
 
 }  // namespace

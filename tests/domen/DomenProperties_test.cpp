@@ -65,6 +65,13 @@ TEST(IndexedProperties, GiveThoseThatApplyToEachOfTheTypesInTheOrderOfTheKeys) {
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({L""})), Texts{L"b"});
 }
 
+TEST(IndexedProperties, KnowNoTypeThatStandsForAll) {
+  IndexedProperties properties;
+  properties.Edit().emplace(L"a", PropertyFor(L"a", {L"*"}));
+  EXPECT_EQ(IdsOf(properties.ThatApplyTo({L"*"})), Texts{L"a"});
+  EXPECT_EQ(IdsOf(properties.ThatApplyTo({L"Door"})), Texts{});
+}
+
 TEST(IndexedProperties, GiveWhatAnEditMadeOfThem) {
   IndexedProperties properties = SomeProperties();
   ASSERT_EQ(IdsOf(properties.ThatApplyTo({L"Door"})), (Texts{L"a", L"b", L"c"}));

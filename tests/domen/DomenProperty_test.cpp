@@ -70,6 +70,14 @@ TEST(DomenProperty, AppliesToTheObjectTypesThatItNamesUnitByUnit) {
   }
 }
 
+TEST(DomenProperty, KnowsNoObjectTypeThatStandsForAll) {
+  const DomenProperty property = PropertyFor({L"*", L"All"});
+  EXPECT_TRUE(property.AppliesToObjectType(L"*"));
+  EXPECT_TRUE(property.AppliesToObjectType(L"All"));
+  EXPECT_FALSE(property.AppliesToObjectType(L"Door"));
+  EXPECT_FALSE(property.AppliesToObjectType(L""));
+}
+
 TEST(DomenProperty, AppliesToTheEmptyObjectTypeIfItNamesThat) {
   EXPECT_TRUE(PropertyFor({L"Door", L""}).AppliesToObjectType(L""));
   EXPECT_FALSE(PropertyFor({L""}).AppliesToObjectType(L"Door"));

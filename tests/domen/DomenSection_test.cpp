@@ -408,6 +408,13 @@ TEST(ParseDomenSection, ReadsTheColumnsOfAField) {
       {L"F@ int 0 5", L"int F@ 'F@' = 5"},
       {L"\"F\" int 0 5", L"int \"F\" '\"F\"' = 5"},
       {L"7 int 0 5", L"int 7 '7' = 5"},
+      {L"==F int 0 5", L"int ==F '==F' = 5"},
+      {L"== int 0 5", L"int == '==' = 5"},
+      {L"# int 0 5", L"int # '#' = 5"},
+      {L"$ int 0 5", L"int $ '$' = 5"},
+      {L"*F int 0 5", L"int *F '*F' = 5"},
+      {L"- int 0 5", L"int - '-' = 5"},
+      {L"{F} int 0 5", L"int {F} '{F}' = 5"},
   };
   for (const Case& one : cases) {
     EXPECT_EQ(ParsedInProperty(one.entry), one.field + L"\n"s) << one.entry;

@@ -89,6 +89,13 @@ TEST(DomenStore, WalksItsDomainsInTheOrderOfTheKeysUnits) {
   EXPECT_EQ(keys, (std::vector<std::wstring>{L"", L"A", L"B", L"a", L"a1", L"Б", L"б", L"\xFFFD"}));
 }
 
+// Where a character above U+FFFF has two units, they come ahead of the last ones below it.
+TEST(DomenStore, WalksKeysAboveFFFFInTheOrderOfTheirUnitsToo) {
+  DomenStore store;
+  for (const wchar_t* key : {L"\xFFFD", L"\U0001F6AA"}) store.AddDomen(key, Domen(key, key));
+  EXPECT_EQ(store.domens.begin()->first, sizeof(wchar_t) == 2 ? L"\U0001F6AA" : L"\xFFFD");
+}
+
 TEST(DomenStore, SharesNothingWithItsCopy) {
   DomenStore store;
   store.activeDomenId = L"D";

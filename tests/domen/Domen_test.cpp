@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -34,6 +35,14 @@ TEST(Domen, IsBuiltWithoutProperties) {
   const Domen domen(L"D", L"Имя");
   EXPECT_EQ(domen.id, L"D");
   EXPECT_EQ(domen.name, L"Имя");
+  EXPECT_TRUE(domen.properties.empty());
+}
+
+TEST(Domen, IsBlankWhereAMapMakesItForAKeyThatItLacks) {
+  std::map<std::wstring, Domen> domens;
+  const Domen& domen = domens[L"X"];
+  EXPECT_EQ(domen.id, L"");
+  EXPECT_EQ(domen.name, L"");
   EXPECT_TRUE(domen.properties.empty());
 }
 

@@ -252,6 +252,20 @@ TEST(ParseInt, TakesNoDigitsButTheAsciiOnes) {
             std::nullopt);  // the mathematical minus
 }
 
+// A unit of no character, which counts as negative on some systems.
+TEST(ParseNumber, TakesNoDigitsButTheAsciiOnes) {
+  const std::wstring unit(1, static_cast<wchar_t>(0xFFFFFF36));  // its last byte is that of "6"
+  EXPECT_EQ(IntOf(L"5" + unit), std::nullopt);
+  EXPECT_EQ(RealOf(L"1." + unit), std::nullopt);
+}
+
+TEST(ParseNumber, SkipsWhiteSpaceOfAnyScriptInFront) {
+  EXPECT_EQ(IntOf(L"\x2003-5"), -5);
+  EXPECT_EQ(IntOf(L"\x3000\x2003 12"), 12);
+  EXPECT_EQ(RealOf(L"\x3000+2.5"), 2.5);
+  EXPECT_EQ(IntOf(L"\xFEFF+1"), std::nullopt);  // a byte order mark is none
+}
+
 TEST(ParseInt, DoesNotStopAtANul) {
   EXPECT_EQ(IntOf(L"5\0"s), std::nullopt);
   EXPECT_EQ(IntOf(L"5\0006"s), std::nullopt);

@@ -28,6 +28,7 @@
 #include "Json5Record.h"
 #include "RevitMappingEditorDll.h"
 #include "support/Classificators.h"
+#include "support/DomenRows.h"
 #include "support/OutOfRange.h"
 #include "support/Output.h"
 #include "support/Results.h"
@@ -1151,6 +1152,30 @@ TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
     }
     EXPECT_LT(n, enough);
   }
+}
+
+TEST_F(Ownership, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
+  const std::wstring file = folder.Write("two.txt",
+                                         "==DOMEN\n@@@ First_domain_of_the_file\n"
+                                         "@ P1 0 1\n@ P2 0 2\n@ P3 0 3\n@ P4 0 4\n"
+                                         "==DOMEN\n@@@ Second_domain_of_the_file\n@ Q 0 1\n");
+  std::size_t most = 0;
+  bool partly = false;
+  long n = 1;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    Editor copy(*editor);
+    int status = -1;
+    complete = !RunFailing(n, [&] { status = copy.CreateDomen(file.c_str()); }).failed;
+    const std::size_t properties = OfType(copy, L"First_domain_of_the_file", L"Door").size();
+    ASSERT_GE(properties, most) << n;
+    most = properties;
+    partly |= status == 3 && properties != 0 && properties != 4;
+    if (copy.SetActiveDomenId(L"Second_domain_of_the_file") == 0) {
+      ASSERT_EQ(properties, 4u) << n;
+    }
+  }
+  EXPECT_LT(n, enough);
+  EXPECT_TRUE(partly);
 }
 
 // The reader gives status 3 and adds nothing, or the failure leaves the call.

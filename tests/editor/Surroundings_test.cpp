@@ -147,6 +147,30 @@ TEST(Surroundings, GiveCapitalsByTheLocaleOfTheCall) {
   EXPECT_EQ(codeIds(), (std::vector<int>{-1, -1, 0}));
 }
 
+// Where the capitals are those of the C runtime's locale, the answers follow it, and where they
+// aren't, they don't: an editor that was asked before answers as a new one does.
+TEST(Surroundings, GiveCapitalsByTheCRuntimeOfTheCallOrNotAtAll) {
+  const LocalesAsTheyWere before;
+  const TempFolder folder;
+  const std::wstring file = folder.Write("scheme.txt", "==MAPTEXT\nст\n");
+  const auto load = [&file](Editor& editor) {
+    EXPECT_EQ(editor.CreateClassificator(L"S", L"", L"", file.c_str()), 0);
+    EXPECT_EQ(editor.SetActiveClassificator(L"S"), 0);
+  };
+  std::setlocale(LC_ALL, "C");
+  Editor asked(L"", L"");
+  load(asked);
+  for (const char* name : {"C", "", "C"}) {
+    std::setlocale(LC_ALL, name);
+    const int codeId = asked.GetClaccificatorCodeId(L"СТ");
+    Editor fresh(L"", L"");
+    std::setlocale(LC_ALL, "C");
+    load(fresh);
+    std::setlocale(LC_ALL, name);
+    EXPECT_EQ(codeId, fresh.GetClaccificatorCodeId(L"СТ")) << name;
+  }
+}
+
 TEST(Surroundings, ChangeNoAnswerByTheCurrentFolder) {
   const RichSession session;
   const std::string expected = session.AnswersOfNewEditor();

@@ -426,6 +426,15 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
   EXPECT_EQ(FindCodeId(Read(L"abc"), L"bcd"), -1);
 }
 
+TEST(FindCodeId, FoldsTheTextAsOftenAsThePatternInScriptsThatAreRare) {
+  const GlobalLocale locale([](wchar_t unit) {
+    return unit >= 0x4E00 && unit < 0x4E0F ? static_cast<wchar_t>(unit + 1) : unit;
+  });
+  const Classificator classificator = Read(L"\x4E00\x4E01\x4E02");
+  EXPECT_EQ(FindCodeId(classificator, L"\x4E00\x4E01\x4E02\x4E03"), 0);
+  EXPECT_EQ(FindCodeId(classificator, L"\x4E01\x4E02\x4E03"), -1);
+}
+
 // A pattern that was read when its units were no white space, and no blanks either.
 TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
   const Classificator classificator = Read(L"ax\na_b\na*b\nc\nq ax");

@@ -10,16 +10,20 @@
 #include <vector>
 
 #include "classificator/ColoratSection.h"
+#include "domen/DomenSection.h"
+#include "domen/DomenStore.h"
 #include "editor/Text.h"
 #include "mapping/MapTextSection.h"
 #include "mapping/ParamItem.h"
 #include "mapping/ParamSection.h"
 #include "naive/ColoratSection.h"
+#include "naive/DomenFiles.h"
 #include "naive/MapTextSection.h"
 #include "naive/ParamSection.h"
 #include "naive/Records.h"
 #include "naive/Rows.h"
 #include "naive/Text.h"
+#include "support/DescribeDomens.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -125,6 +129,18 @@ void ColoratSectionsAgree(const std::wstring& text) {
       << PrintToString(text);
   ASSERT_EQ(Naive::RowsOf(colorats), Naive::RowsOf(naive)) << PrintToString(text);
   ASSERT_EQ(active, naiveActive) << PrintToString(text);
+}
+
+// Also where all that it names is there already.
+void DomenSectionsAgree(const std::wstring& text) {
+  DomenStore store;
+  DomenStore naive;
+  for (int times = 1; times <= 2; ++times) {
+    ParseDomenSection(store, text);
+    Naive::ParseDomenSection(naive, text);
+    ASSERT_EQ(Describe(store), Describe(naive)) << PrintToString(text) << ", " << times;
+    ASSERT_EQ(store.activeDomenId, naive.activeDomenId) << PrintToString(text) << ", " << times;
+  }
 }
 
 TEST(SplitTrimmed, AgreesWithItsNaiveFormOnEverySmallText) {
@@ -244,6 +260,19 @@ TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
   const World lines = {
       {L"\nA", L" 1", L" 20", L" +256x", L" ", L"-7", L"\t", L";"}, 6, L"@m M\nA 1 2 3 4"};
   ForEachText(lines, ColoratSectionsAgree);
+}
+
+TEST(ParseDomenSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
+  const World entries = {{L"@", L"@@", L"@@@", L"A", L" ", L"\n", L";", L"\t", L"1", L" 0 1", L"/",
+                          L"!", L"==", L"$", L"x int 1 5", L" t", L"\nF int 0 "},
+                         4};
+  ForEachText(entries, DomenSectionsAgree);
+  // Properties and fields of a domain that there is.
+  const World fields = {
+      {L"\n@P", L"\n@@ T", L" 1", L" 0", L" F", L"\nF", L" ilist", L" 5", L"x", L";", L"\n@@@E"},
+      5,
+      L"@@@D\n@P 0 1\n"};
+  ForEachText(fields, DomenSectionsAgree);
 }
 
 TEST(ReadLeadingInt, AgreesWithItsNaiveFormOnEverySmallText) {
