@@ -25,6 +25,10 @@ std::optional<std::wstring> FindFile(const std::wstring& dataFolder, const std::
 // then is the result.
 std::optional<std::string> ReadFile(const std::wstring& path);
 
+// The same of a file that counts only as a whole. Raises `std::system_error` if it can't be opened,
+// or not read to its end, or if a folder, a pipe or a device stands there. Nothing is waited for.
+std::string ReadWholeFile(const std::wstring& path);
+
 // Takes the next bytes of a file.
 using TakeBytes = std::function<void(std::string_view)>;
 

@@ -49,20 +49,24 @@ class Descriptor {
 
   int Number() const { return number; }
 
-  // How much to ask for at first: one byte more than the file says it holds, so that the second
-  // read sees its end without a larger buffer.
-  std::size_t FirstReadSize() const {
+  bool IsRegular() const {
     struct stat status = {};
-    return fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
+    return fstat(number, &status) == 0 && S_ISREG(status.st_mode);
   }
 
-  // Reads into the buffer as much as one call gives. 0 at the end of the file, and at a failure.
-  std::size_t Read(char* buffer, std::size_t size) const {
-    ssize_t got = -1;
-    do {
-      got = read(number, buffer, size);
-    } while (got < 0 && errno == EINTR);
-    return got < 0 ? 0 : static_cast<std::size_t>(got);
+  // All bytes up to the end of the file, or up to a failure, and which of the two it was. Not by a
+  // stream, which forgets what it has read when the next read fails.
+  std::string ReadAll(bool& whole) const {
+    std::string bytes(FirstReadSize(), '\0');
+    std::size_t filled = 0;
+    ssize_t got = 0;
+    while ((got = Read(bytes.data() + filled, bytes.size() - filled)) > 0) {
+      filled += static_cast<std::size_t>(got);
+      if (filled == bytes.size()) bytes.resize(2 * filled);
+    }
+    whole = got == 0;
+    bytes.resize(filled);
+    return bytes;
   }
 
   void WriteAll(const WriteBytes& write) const {
@@ -70,6 +74,22 @@ class Descriptor {
   }
 
  private:
+  // How much to ask for at first: one byte more than the file says it holds, so that the second
+  // read sees its end without a larger buffer.
+  std::size_t FirstReadSize() const {
+    struct stat status = {};
+    return fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
+  }
+
+  // Reads into the buffer as much as one call gives: 0 at the end of the file, -1 at a failure.
+  ssize_t Read(char* buffer, std::size_t size) const {
+    ssize_t got = -1;
+    do {
+      got = read(number, buffer, size);
+    } while (got < 0 && errno == EINTR);
+    return got;
+  }
+
   void Write(std::string_view bytes) const {
     while (!bytes.empty()) {
       const ssize_t written = write(number, bytes.data(), bytes.size());
@@ -186,16 +206,18 @@ std::optional<std::string> ReadFile(const std::wstring& path) {
   if (!native || fs::is_directory(*native, ignored)) return std::nullopt;
   const int opened = open(native->c_str(), O_RDONLY | O_CLOEXEC);
   if (opened < 0) return std::nullopt;
-  const Descriptor file(opened);
+  bool whole = false;
+  return Descriptor(opened).ReadAll(whole);
+}
 
-  // Not by a stream, which forgets what it has read when the next read fails.
-  std::string bytes(file.FirstReadSize(), '\0');
-  std::size_t filled = 0;
-  while (const std::size_t got = file.Read(bytes.data() + filled, bytes.size() - filled)) {
-    filled += got;
-    if (filled == bytes.size()) bytes.resize(2 * filled);
-  }
-  bytes.resize(filled);
+std::string ReadWholeFile(const std::wstring& path) {
+  const std::optional<fs::path> native = ToNativePath(path);
+  if (!native) ThrowError(ENOENT);
+  const Descriptor file(open(native->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!file.IsRegular()) ThrowError(EINVAL);
+  bool whole = false;
+  std::string bytes = file.ReadAll(whole);
+  if (!whole) ThrowError(EIO);
   return bytes;
 }
 

@@ -76,6 +76,32 @@ void Write(const Handle& file, std::string_view bytes) {
   }
 }
 
+Handle OpenToRead(const std::wstring& path) {
+  return Handle(CreateFileW(ToNativePath(path).c_str(), GENERIC_READ,
+                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+// All bytes up to the end of the file, or up to a failure, and which of the two it was.
+std::string ReadAll(const Handle& file, bool& whole) {
+  LARGE_INTEGER size = {};
+  if (GetFileSizeEx(file.Get(), &size) == 0) size.QuadPart = 0;
+
+  // One byte more than the file says it holds, so that one read sees its end.
+  std::string bytes(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
+  std::size_t filled = 0;
+  DWORD got = 0;
+  while (true) {
+    whole = ::ReadFile(file.Get(), bytes.data() + filled, Chunk(bytes.size() - filled), &got,
+                       nullptr) != 0;
+    if (!whole || got == 0) break;
+    filled += got;
+    if (filled == bytes.size()) bytes.resize(2 * filled);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
 // Whether the file goes when its last handle is closed, also by the end of the process.
 void SetTemporary(const Handle& file, bool temporary) {
   FILE_DISPOSITION_INFO disposition = {};
@@ -144,24 +170,21 @@ bool Exists(const std::wstring& path) {
 }
 
 std::optional<std::string> ReadFile(const std::wstring& path) {
-  const Handle file(CreateFileW(ToNativePath(path).c_str(), GENERIC_READ,
-                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const Handle file = OpenToRead(path);
   if (!file.IsOpen()) return std::nullopt;
-  LARGE_INTEGER size = {};
-  if (GetFileSizeEx(file.Get(), &size) == 0) size.QuadPart = 0;
+  bool whole = false;
+  return ReadAll(file, whole);
+}
 
-  // One byte more than the file says it holds, so that one read sees its end.
-  std::string bytes(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
-  std::size_t filled = 0;
-  DWORD got = 0;
-  while (::ReadFile(file.Get(), bytes.data() + filled, Chunk(bytes.size() - filled), &got,
-                    nullptr) != 0 &&
-         got != 0) {
-    filled += got;
-    if (filled == bytes.size()) bytes.resize(2 * filled);
+std::string ReadWholeFile(const std::wstring& path) {
+  const Handle file = OpenToRead(path);
+  Check(file.IsOpen());
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) {
+    throw std::system_error(std::make_error_code(std::errc::invalid_argument));
   }
-  bytes.resize(filled);
+  bool whole = false;
+  std::string bytes = ReadAll(file, whole);
+  Check(whole);
   return bytes;
 }
 

@@ -10,7 +10,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "RevitMappingEditorDll.h"
 #include "editor/Files.h"
+#include "support/DomenRows.h"
 #include "support/FailingCalls.h"
 #include "support/Program.h"
 #include "support/ReplaceBy.h"
@@ -189,6 +191,44 @@ TEST(ReadFile, NeedsNotBeToldTheSizeOfTheFile) {
     const std::wstring file = folder.Write("a", content);
     EXPECT_TRUE(ReadWith(file, {.call = "fstat", .failIn = 1}) == content) << size;
   }
+}
+
+TEST(ReadWholeFile, RaisesWhereItCannotBeOpenedOrReadToItsEnd) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", newBytes);
+  const auto read = [&] { EXPECT_TRUE(ReadWholeFile(file) == newBytes); };
+  EXPECT_EQ(ErrorOf({.call = "open", .failIn = 1, .error = EACCES}, read), EACCES);
+  EXPECT_NE(ErrorOf({.call = "fstat", .failIn = 1}, read), 0);
+  for (int n = 1; n <= 9; ++n) {
+    EXPECT_EQ(ErrorOf({.call = "read", .failIn = n, .portion = 1000}, read), EIO) << n;
+  }
+  EXPECT_EQ(ErrorOf({.call = "read", .failIn = 10, .portion = 1000}, read), 0);
+}
+
+TEST(ReadWholeFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", newBytes);
+  const Faults interrupted{
+      .call = "read", .failIn = 3, .times = 2, .error = EINTR, .portion = 1000};
+  EXPECT_EQ(ErrorOf(interrupted, [&] { EXPECT_TRUE(ReadWholeFile(file) == newBytes); }), 0);
+}
+
+TEST(LoadDomenJson, TakesNoPartOfAConfigurationFileForTheWhole) {
+  const TempFolder folder;
+  const std::wstring file =
+      folder.Write("zones.json", "{Domen: {sName: 'Zones', asFuncsNames: ['P']}}");
+  RevitMappingEditorDll editor(L"", L"");
+  int failed = 0;
+  for (bool again = true; again; ++failed) {
+    int status = -1;
+    again = With({.call = "read", .failIn = failed + 1, .portion = 20}, [&] {
+              status = editor.CreateDomen(file.c_str());
+            }).callFailed;
+    EXPECT_EQ(status, again ? 3 : 0) << failed;
+    EXPECT_EQ(editor.SetActiveDomenId(L"zones"), again ? -1 : 0) << failed;
+  }
+  EXPECT_EQ(failed, 5) << "three calls for its bytes, one for its end, and none that fails";
+  EXPECT_EQ(OfType(editor, L"zones", L"Room").size(), 1u);
 }
 
 TEST(Exists, RaisesWhatTheSystemHasAgainstAnAnswer) {

@@ -4,6 +4,7 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/ptrace.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -190,6 +191,18 @@ TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAndNothingElseWhicheverCallFail
       }
     }
   }
+}
+
+TEST_F(FailingExport, LeavesAPipeAndDoesNotWaitForIt) {
+  fs::remove(target);
+  if (mkfifo(target.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
+  const int status = RunApart([&] {
+    alarm(60);
+    Export();
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(fs::is_fifo(target));
+  EXPECT_EQ(NamesBeside(), std::set<std::string>());
 }
 
 // Runs the work in a process that has a disk of its own in the place of the folder. False if no

@@ -252,5 +252,26 @@ TEST(ReadFile, EndsWhereTheSystemFailsToReadOn) {
   EXPECT_EQ(ReadFile(L"/proc/self/mem"), "");
 }
 
+TEST(ReadWholeFile, GivesAllBytes) {
+  const TempFolder folder;
+  for (const std::string& bytes : {""s, "a\r\n\0b\x1A\xFF"s, std::string(100'000, 'a')}) {
+    EXPECT_TRUE(ReadWholeFile(folder.Write("a.txt", bytes)) == bytes);
+  }
+}
+
+TEST(ReadWholeFile, RaisesAnExceptionForWhatCannotBeOpened) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a.txt", "a");
+  for (const std::wstring& path : {L""s, folder.Wide(), folder.Wide() + L"/b.txt", file + L"/a.txt",
+                                   folder.Wide() + L"/" + loneSurrogate}) {
+    EXPECT_THROW(ReadWholeFile(path), std::system_error) << path;
+  }
+}
+
+TEST(ReadWholeFile, RaisesAnExceptionWhereTheSystemFailsToReadOn) {
+  if (!std::ifstream("/proc/self/mem")) GTEST_SKIP() << "no such file here";
+  EXPECT_THROW(ReadWholeFile(L"/proc/self/mem"), std::system_error);
+}
+
 }  // namespace
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -127,6 +127,13 @@ TEST(ReplaceWholeFile, NeverReplacesAPipeAndDoesNotWaitForIt) {
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"pipe"});
 }
 
+TEST(ReadWholeFile, RaisesAnExceptionForAPipeAndADeviceAndDoesNotWaitForThem) {
+  const TempFolder folder;
+  EXPECT_THROW(ReadWholeFile(L"/dev/null"), std::system_error);
+  if (mkfifo((folder.Path() / "pipe").c_str(), 0600) != 0) GTEST_SKIP() << "no pipes here";
+  EXPECT_THROW(ReadWholeFile(folder.Wide() + L"/pipe"), std::system_error);
+}
+
 // The error that a replacement ends with.
 std::error_code ErrorOf(const std::wstring& path) {
   try {

@@ -633,6 +633,43 @@ TEST(Save, WritesTheRequestsAndNotTheFileThatWasRead) {
             "}\n");
 }
 
+// Requests of each type, all with one comment, and the file that is saved behind them.
+std::string SavedRequests(std::string_view bytes, bool overriding) {
+  ParsedFile file(bytes);
+  {
+    bool found = false;
+    const SectionPointer section = Open(file.parser, L"S");
+    section->ParamString(L"s", L"d", found, L"c", overriding);
+    section->ParamInt(L"i", 7, found, L"c", overriding);
+    section->ParamDouble(L"r", 7.5, found, L"c", overriding);
+    Texts values = {L"d"};
+    ReadStringArrayParam(*section, L"as", values, L"c", overriding);
+  }
+  return Saved(file.parser, file.folder);
+}
+
+TEST(Save, WritesTheFilesValuesWhereTheRequestsGaveThem) {
+  constexpr std::string_view bytes = "{S: {s: 'a', i: 1, r: 0.5, as: ['x', 5, 'y']}}";
+  EXPECT_EQ(SavedRequests(bytes, false),
+            "{\n"
+            "  \"S\": {\n"
+            "    \"s\": \"a\", // c\n"
+            "    \"i\": 1, // c\n"
+            "    \"r\": 0.5, // c\n"
+            "    \"as\": [\"x\", \"y\"] // c\n"
+            "  }\n"
+            "}\n");
+  EXPECT_EQ(SavedRequests(bytes, true),
+            "{\n"
+            "  \"S\": {\n"
+            "    \"s\": \"d\", // c\n"
+            "    \"i\": 7, // c\n"
+            "    \"r\": 7.5, // c\n"
+            "    \"as\": [\"d\"] // c\n"
+            "  }\n"
+            "}\n");
+}
+
 TEST(Save, WritesAnObjectEvenIfNothingWasRequested) {
   ParsedFile file(plainFile);
   EXPECT_EQ(Saved(file.parser, file.folder), "{}\n");

@@ -1,9 +1,5 @@
 #include "CfgParser.h"
 
-#include <optional>
-#include <system_error>
-#include <utility>
-
 #include "Json5.h"
 #include "editor/Files.h"
 
@@ -12,17 +8,14 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 namespace {
 
 // The bytes of the file, or nothing if there is none.
-std::string ReadWholeFile(const std::wstring& file) {
-  if (!Exists(file)) return {};
-  std::optional<std::string> bytes = ReadFile(file);
-  if (!bytes) throw std::system_error(std::make_error_code(std::errc::io_error));
-  return std::move(*bytes);
+std::string ReadIfThere(const std::wstring& file) {
+  return Exists(file) ? ReadWholeFile(file) : std::string();
 }
 
 }  // namespace
 
 CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
-    : text(ReadWholeFile(file)) {
+    : text(ReadIfThere(file)) {
   if (ParseJson5(text, tree)) tree.root = {};
 }
 

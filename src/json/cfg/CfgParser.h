@@ -22,8 +22,8 @@
 class CfgParser {
  public:
   // Reads the file, if there is one. A file that is missing, malformed or not UTF-8 is an empty
-  // one; one that exists and can't be read raises an exception. The other two arguments are
-  // ignored.
+  // one; what exists and can't be read to its end as a file raises an exception. The other two
+  // arguments are ignored.
   CfgParser(const wchar_t* file, const wchar_t* second, const wchar_t* language);
   CfgParser(const CfgParser&) = delete;
   CfgParser& operator=(const CfgParser&) = delete;

@@ -37,6 +37,8 @@ JSON5Section::JSON5Section(std::wstring sectionName, std::wstring itemName,
 }
 
 JSON5Section::~JSON5Section() {
+  // So that it shows where a string is read too late.
+  for (std::wstring& text : given) std::fill(text.begin(), text.end(), L'#');
   --Script::current->openSections;
   Script::current->requests.push_back(L"end of " + section + L" " + Quoted(item));
 }
@@ -45,7 +47,7 @@ const wchar_t* JSON5Section::ParamString(const wchar_t* key, const wchar_t* defa
                                          bool& found, const wchar_t* comment, bool overriding) {
   const auto* answer =
       Request<std::wstring>(key, L"string", Quoted(defaultValue), comment, overriding, found);
-  return answer ? answer->c_str() : defaultValue;
+  return given.emplace_back(answer ? *answer : defaultValue).c_str();
 }
 
 int JSON5Section::ParamInt(const wchar_t* key, int defaultValue, bool& found,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,5 +44,6 @@ class JSON5Section {
 
   std::wstring section;
   std::wstring item;
+  std::list<std::wstring> given;  // the strings that are good until the section ends
   KeptArrays& kept;
 };
