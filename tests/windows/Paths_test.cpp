@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <system_error>
 
 #include "RevitMappingEditorDll.h"
 #include "classificator/ColoratSection.h"
@@ -126,6 +127,56 @@ TEST(WindowsPaths, ThatAreFoldersGiveTwo) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "scheme.txt");
   EXPECT_EQ(Load(L"", (folder.Path() / L"scheme.txt").wstring()), 2);
+}
+
+// A pipe with a name that a file could have, and none of whose ends is free if it is taken.
+class NamedPipe {
+ public:
+  explicit NamedPipe(bool taken)
+      : server(CreateNamedPipeW(name.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 0, 0, 0,
+                                nullptr)),
+        client(taken ? Open() : INVALID_HANDLE_VALUE) {}
+  NamedPipe(const NamedPipe&) = delete;
+  NamedPipe& operator=(const NamedPipe&) = delete;
+  ~NamedPipe() {
+    CloseHandle(client);
+    CloseHandle(server);
+  }
+
+  HANDLE Open() const {
+    return CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0,
+                       nullptr);
+  }
+
+  const std::wstring name =
+      L"\\\\.\\pipe\\mapping-editor-" + std::to_wstring(GetCurrentProcessId()) + L".json";
+
+ private:
+  HANDLE server;
+  HANDLE client;
+};
+
+template <class Call>
+std::error_code ErrorOf(Call call) {
+  try {
+    call();
+    return {};
+  } catch (const std::system_error& error) {
+    return error.code();
+  }
+}
+
+TEST(WindowsPaths, RaiseEachErrorThatIsNoAbsence) {
+  const NamedPipe pipe(true);
+  EXPECT_EQ(pipe.Open(), INVALID_HANDLE_VALUE);
+  ASSERT_EQ(GetLastError(), DWORD{ERROR_PIPE_BUSY});
+  EXPECT_THROW(Exists(pipe.name), fs::filesystem_error);
+  EXPECT_EQ(ErrorOf([&] { Exists(pipe.name); }).value(), ERROR_PIPE_BUSY);
+}
+
+TEST(WindowsPaths, OfPipesAreNoFilesToBeReadWhole) {
+  const NamedPipe pipe(false);
+  EXPECT_EQ(ErrorOf([&] { ReadWholeFile(pipe.name); }), std::errc::invalid_argument);
 }
 
 TEST(WindowsSharing, LetsAFileBeReadThatAnotherHasOpenForWriting) {

@@ -672,7 +672,7 @@ TEST(Writing, LeavesTheStoreAsItIs) {
   EXPECT_EQ(store.activeDomenId, L"other");
 }
 
-TEST(Writing, TakesTheKeysThatTheLibraryGivesBackForItsOwn) {
+TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryGivesThemBackOrCopiesOfThem) {
   for (const ArrayResult arrays : {ArrayResult::defaults, ArrayResult::other}) {
     Domen domen(L"a", L"A");
     AddProperty(domen, L"P", {{L"F", L"F", typeInt}});
