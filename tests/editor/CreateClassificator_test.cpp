@@ -13,6 +13,7 @@
 #include "support/Classificators.h"
 #include "support/CurrentFolder.h"
 #include "support/GlobalLocale.h"
+#include "support/OutOfRange.h"
 #include "support/PlainUser.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"
@@ -39,6 +40,13 @@ std::string Scheme(std::string_view code) {
 std::wstring CodeOfScheme(Editor& editor, const wchar_t* id = L"id") {
   EXPECT_EQ(editor.SetActiveClassificator(id), 0);
   return Take(editor.GetDefaultClaccificatorCode());
+}
+
+constexpr const char* colors = "==COLORAT\n@m M\nA 1 2 3 4\n";
+
+// A selected Classificator without the key A raises something else.
+bool NoneIsSelected(Editor& editor) {
+  return OutOfRangeOf([&editor] { editor.GetColorNum(L"A"); }) == badSubscript;
 }
 
 // The search for the file
@@ -69,6 +77,16 @@ TEST(CreateClassificator, PutsASlashBehindADataFolderThatEndsInOne) {
   const TempFolder data;
   data.Write("a.txt", Scheme("A"));
   Editor editor((data.Wide() + L"/").c_str(), L"");
+  EXPECT_EQ(Create(editor, L"a.txt"), 0);
+}
+
+TEST(CreateClassificator, TakesItsDataFolderAsItStands) {
+  if (fs::path::preferred_separator != '/') GTEST_SKIP() << "no folder's name can end so here";
+  const TempFolder folder;
+  fs::create_directory(folder.Path() / " data ");
+  folder.Write(" data /a.txt", Scheme("A"));
+  const CurrentFolder current(folder.Path());
+  Editor editor(L" data ", L"");
   EXPECT_EQ(Create(editor, L"a.txt"), 0);
 }
 
@@ -231,7 +249,43 @@ TEST(CreateClassificator, LoadsNoDomainsFromAFileOfAnotherExtension) {
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L"Param A;");
 }
 
+TEST(CreateClassificator, LeavesTheActiveDomainAloneUnlessTheFileNamesOne) {
+  const TempFolder folder;
+  folder.Write("domen.txt", "==DOMEN\n@@@ D\n");
+  folder.Write("empty.txt", "");
+  folder.Write("scheme.txt", Scheme("A"));
+  folder.Write("other.dat", "==DOMEN\n@@@ E\n");
+  fs::create_directory(folder.Path() / "folder.txt");
+  Editor editor(folder.Wide().c_str(), L"");
+  ASSERT_EQ(editor.CreateDomen(L"domen.txt"), 0);
+  struct Case {
+    const wchar_t* file;
+    int status;
+  };
+  const Case cases[] = {{L"empty.txt", 0},
+                        {L"scheme.txt", 0},
+                        {L"missing.txt", -1},
+                        {L"other.dat", -1},
+                        {L"folder.txt", 2}};
+  for (const Case& one : cases) {
+    EXPECT_EQ(Create(editor, one.file), one.status) << one.file;
+    EXPECT_EQ(Take(editor.GetActiveDomenId()), L"D") << one.file;
+  }
+}
+
 // The entries
+
+TEST(CreateClassificator, TakesItsArgumentsAsTheyStand) {
+  const TempFolder folder;
+  folder.Write(" a.txt", "");
+  Editor editor(folder.Wide().c_str(), L"");
+  EXPECT_EQ(editor.CreateClassificator(L"id", L"", L"", L"a.txt"), -1);
+  EXPECT_EQ(editor.CreateClassificator(L" id ", L" n ", L" p\t", L" a.txt"), 0);
+  EXPECT_EQ(ListClassificators(editor), (Names{{L" id ", L" n "}}));
+  EXPECT_EQ(editor.SetActiveClassificator(L"id"), -1);
+  EXPECT_EQ(editor.SetActiveClassificator(L" id "), 0);
+  EXPECT_EQ(Take(editor.GetActiveClassificatorParamName()), L" p\t");
+}
 
 TEST(CreateClassificator, CopiesItsArguments) {
   const TempFolder folder;
@@ -263,6 +317,40 @@ TEST(GetClassificatorsNames, GivesEachEntryInTheOrderOfLoadingWhateverItsStatus)
 }
 
 // The selection
+
+TEST(CreateClassificator, SelectsNothingWhateverItsStatus) {
+  const TempFolder folder;
+  folder.Write("a.txt", colors);
+  folder.Write("a.dat", colors);
+  fs::create_directory(folder.Path() / "folder.txt");
+  struct Case {
+    const wchar_t* file;
+    int status;
+  };
+  for (const Case& one : {Case{L"a.txt", 0}, Case{L"a.dat", -1}, Case{L"folder.txt", 2}}) {
+    Editor editor(folder.Wide().c_str(), L"");
+    EXPECT_EQ(Create(editor, one.file), one.status) << one.file;
+    EXPECT_TRUE(NoneIsSelected(editor)) << one.file;
+  }
+}
+
+TEST(CreateClassificator, SelectsNothingWhereAnExceptionEndsIt) {
+  if (!oneRuntime) GTEST_SKIP() << "the tests can't make the library fail";
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a.txt", std::string(colors) + "==MAPTEXT\nwall\n");
+  Editor editor(L"", L"");
+  const GlobalLocale failing(UpperFails);
+  EXPECT_EQ(Create(editor, file), 3);
+  EXPECT_TRUE(NoneIsSelected(editor));
+}
+
+TEST(SetActiveClassificator, SelectsNothingForAnUnknownId) {
+  const TempFolder folder;
+  Editor editor(L"", L"");
+  EXPECT_EQ(Create(editor, folder.Write("a.txt", colors)), 0);
+  EXPECT_EQ(editor.SetActiveClassificator(L"unknown"), -1);
+  EXPECT_TRUE(NoneIsSelected(editor));
+}
 
 TEST(SetActiveClassificator, GivesOneWhileNothingIsLoadedEvenForAnEmptyId) {
   Editor editor(L"", L"");

@@ -319,6 +319,23 @@ TEST_F(FilledEditor, LosesAllItHadWhenItIsAssignedTo) {
   EXPECT_EQ(Take(editor->GetEndMark()), L" ");
 }
 
+TEST(Editor, HandsOnThatNoClassificatorIsSelected) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("colors.txt", "==COLORAT\n@m M\nA 1 2 3 4\n");
+  Editor source(L"", L"");
+  Editor target(L"", L"");
+  for (Editor* one : {&source, &target}) {
+    ASSERT_EQ(one->CreateClassificator(L"id", L"", L"", file.c_str()), 0);
+  }
+  ASSERT_EQ(target.SetActiveClassificator(L"id"), 0);
+  ASSERT_EQ(target.GetColorNum(L"A"), 1);
+  target = source;
+  Editor copy(source);
+  for (Editor* one : {&target, &copy}) {
+    EXPECT_EQ(OutOfRangeOf([one] { one->GetColorNum(L"A"); }), badSubscript);
+  }
+}
+
 TEST_F(FilledEditor, IsEmptyWhenAnEmptyEditorIsAssignedToIt) {
   *editor = Editor(folder.Wide().c_str(), L"");
   EXPECT_EQ(ListClassificators(*editor), Names{});

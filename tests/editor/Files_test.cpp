@@ -131,6 +131,22 @@ TEST(FindFile, GivesAPathThatExistsAsItStands) {
   EXPECT_EQ(FindFile(L"", folder.Wide()), folder.Wide());
 }
 
+TEST(FindFile, TakesBlanksForPartsOfTheNames) {
+  const TempFolder folder;
+  folder.Write(" a.txt", "");
+  EXPECT_EQ(FindFile(folder.Wide(), L" a.txt"), folder.Wide() + L"/ a.txt");
+  EXPECT_EQ(FindFile(folder.Wide(), L"a.txt"), std::nullopt);
+}
+
+TEST(FindFile, TakesABlankAtTheEndOfTheDataFolderForAPartOfItsName) {
+  if (fs::path::preferred_separator != '/') GTEST_SKIP() << "no folder's name can end so here";
+  const TempFolder folder;
+  fs::create_directory(folder.Path() / "data ");
+  folder.Write("data /a.txt", "");
+  EXPECT_EQ(FindFile(folder.Wide() + L"/data ", L"a.txt"), folder.Wide() + L"/data /a.txt");
+  EXPECT_EQ(FindFile(folder.Wide() + L"/data", L"a.txt"), std::nullopt);
+}
+
 TEST(FindFile, TriesTheCurrentFolderAheadOfTheDataFolder) {
   const TempFolder current;
   const TempFolder data;

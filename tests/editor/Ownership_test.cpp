@@ -1277,6 +1277,22 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
   }
 }
 
+// Storing the path is the first thing that takes memory.
+TEST(Load, HasStoredThePathWhicheverLaterAllocationFails) {
+  const TempFolder folder;
+  const std::wstring path = folder.Write("rich.txt", RichFile());
+  long n = 2;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    Classificator record(L"id");
+    int status = -1;
+    complete = !RunFailing(n, [&] { status = record.Load(path); }).failed;
+    EXPECT_EQ(status, complete ? 0 : 3) << n;
+    EXPECT_EQ(record.filePath, path) << n;
+  }
+  EXPECT_GT(n, 3) << "no allocation failed";
+  EXPECT_LT(n, enough);
+}
+
 TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
   bool failed = true;
   for (long n = 1; failed; ++n) {

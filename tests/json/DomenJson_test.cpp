@@ -497,6 +497,16 @@ TEST_F(JsonReading, FollowsTheReadingOfAClassificatorThatTakesTheFileForText) {
   EXPECT_EQ(Active(editor), L"both");
 }
 
+TEST_F(JsonReading, FollowsAClassificatorByThePathThatWasFoundInTheDataFolder) {
+  folder.Write("both.json", "{Domen: {sName: 'Both'}}");
+  const TempFolder elsewhere;
+  const CurrentFolder current(elsewhere.Path());
+  Editor withData(folder.Wide().c_str(), L"");
+  EXPECT_EQ(withData.CreateClassificator(L"S", L"", L"", L"both.json"), 0);
+  EXPECT_EQ(Names(withData), Texts{L"Both"});
+  EXPECT_EQ(Active(withData), L"both");
+}
+
 TEST_F(JsonReading, DoesNotFollowAClassificatorThatCouldNotBeOpened) {
   fs::create_directory(folder.Path() / "folder.json");
   const std::wstring file = folder.Wide() + L"/folder.json";

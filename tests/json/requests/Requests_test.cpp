@@ -816,19 +816,20 @@ TEST(ReadStringArrayParam, KeepsTheValuesIfTheLibraryRaisesAnException) {
 
 // The editor's configuration text.
 
-TEST(ConfigText, IsHandedOnByAnEditorAndByItsCopies) {
-  Script script;
+TEST(ConfigText, IsHandedOnAsItStandsByAnEditorAndByItsCopies) {
   const TempFolder folder;
   const std::wstring file = folder.Write("zones.json", "");
-  RevitMappingEditorDll editor(L"data", L"the text");
-  RevitMappingEditorDll copy(editor);
-  RevitMappingEditorDll assigned(L"other data", L"another text");
-  assigned = editor;
-  for (RevitMappingEditorDll* one : {&editor, &copy, &assigned}) {
-    script.requests.clear();
-    EXPECT_EQ(one->CreateDomen(file.c_str()), 0);
-    ASSERT_FALSE(script.requests.empty());
-    EXPECT_EQ(script.requests.front(), L"parser '" + file + L"' 'the text' 'RU'");
+  for (const std::wstring text : {L"the text", L" \tthe text\n;{ ", L""}) {
+    RevitMappingEditorDll editor(L"data", text.c_str());
+    RevitMappingEditorDll copy(editor);
+    RevitMappingEditorDll assigned(L"other data", L"another text");
+    assigned = editor;
+    for (RevitMappingEditorDll* one : {&editor, &copy, &assigned}) {
+      Script script;
+      EXPECT_EQ(one->CreateDomen(file.c_str()), 0);
+      ASSERT_FALSE(script.requests.empty());
+      EXPECT_EQ(script.requests.front(), L"parser '" + file + L"' '" + text + L"' 'RU'");
+    }
   }
 }
 
