@@ -173,27 +173,54 @@ TEST(Load, ReadsTheSectionsInAnyOrder) {
 TEST(Load, KnowsAHeadingByItsBeginning) {
   struct Case {
     const char* heading;
-    bool isMapText;
-    bool isParam;
+    std::string_view keyword;  // that it is known by; none if it is empty
   };
   const Case cases[] = {
-      {"==MAPTEXT", true, false},        {"==MAPTEXT of the office", true, false},
-      {"==MAPTEXTS", true, false},       {"==MAPTEXT==PARAM", true, false},
-      {"  \t==MAPTEXT  ", true, false},  {"==MAPTEX", false, false},
-      {"==maptext", false, false},       {"==Maptext", false, false},
-      {"== MAPTEXT", false, false},      {"===MAPTEXT", false, false},
-      {"=MAPTEXT", false, false},        {"x==MAPTEXT", false, false},
-      {"==PARAM", false, true},          {"==PARAMETERS", false, true},
-      {"==PARA", false, false},          {"==param", false, false},
-      {"==CLASS MAPTEXT", false, false}, {"==COLORAT", false, false},
-      {"==DOMEN", false, false},         {"==", false, false},
+      {"==MAPTEXT", "==MAPTEXT"},
+      {"==MAPTEXT of the office", "==MAPTEXT"},
+      {"==MAPTEXTS", "==MAPTEXT"},
+      {"==MAPTEXT==PARAM", "==MAPTEXT"},
+      {"  \t==MAPTEXT  ", "==MAPTEXT"},
+      {"==MAPTEX", ""},
+      {"==maptext", ""},
+      {"==Maptext", ""},
+      {"== MAPTEXT", ""},
+      {"===MAPTEXT", ""},
+      {"=MAPTEXT", ""},
+      {"x==MAPTEXT", ""},
+      {"==PARAM", "==PARAM"},
+      {"==PARAMETERS", "==PARAM"},
+      {"==PARA", ""},
+      {"==param", ""},
+      {"==CLASS", "==CLASS"},
+      {"==CLASS x", "==CLASS"},
+      {"==CLASSES", "==CLASS"},
+      {"==CLASS MAPTEXT", "==CLASS"},
+      {"==CLAS", ""},
+      {"==class", ""},
+      {"==Class", ""},
+      {"== CLASS", ""},
+      {"==COLORAT", "==COLORAT"},
+      {"==COLORATS of all kinds", "==COLORAT"},
+      {"==COLORA", ""},
+      {"==colorat", ""},
+      {"==Colorat", ""},
+      {"== COLORAT", ""},
+      {"==DOMEN", ""},
+      {"==", ""},
   };
-  for (const Case& one : cases) {
-    const Loaded loaded(one.heading + "\n$ Z\nwall"s);
-    EXPECT_EQ(loaded.status, 0) << one.heading;
-    EXPECT_EQ(loaded.record.mapTextSection.defaultCode, one.isMapText ? L"Z" : L"") << one.heading;
-    EXPECT_EQ(loaded.Patterns(), one.isMapText ? Texts{L"wall"} : Texts{}) << one.heading;
-    EXPECT_EQ(!loaded.ParamCodes().empty(), one.isParam) << one.heading;
+  for (const auto& [heading, keyword] : cases) {
+    SCOPED_TRACE(heading);
+    const bool isMapText = keyword == "==MAPTEXT";
+    const Loaded loaded(heading + "\n$ Z\nwall"s);
+    EXPECT_EQ(loaded.status, 0);
+    EXPECT_EQ(loaded.record.mapTextSection.defaultCode, isMapText ? L"Z" : L"");
+    EXPECT_EQ(loaded.Patterns(), isMapText ? Texts{L"wall"} : Texts{});
+    EXPECT_EQ(!loaded.ParamCodes().empty(), keyword == "==PARAM");
+    const Loaded titled(heading + "\n@@@ T (A B)"s);
+    EXPECT_EQ(titled.record.classTitle, keyword == "==CLASS" ? L"T (A B)" : L"");
+    const Loaded colored(heading + "\n@m M\nA 1 2 3 4"s);
+    EXPECT_EQ(colored.record.colorats.contains(L"m"), keyword == "==COLORAT");
   }
 }
 
@@ -294,6 +321,13 @@ TEST(Load, KeepsNulsInTheLines) {
   EXPECT_EQ(loaded.status, 0);
   EXPECT_EQ(loaded.Patterns(), (Texts{L"wa\0ll"s, L"\0"s}));
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
+}
+
+// Some systems take the byte for the end of a text file.
+TEST(Load, ReadsOnBehindTheByte1A) {
+  const Loaded loaded("==MAPTEXT\nwall\n\x1A\ndoor\n");
+  EXPECT_EQ(loaded.status, 0);
+  EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"\x1A", L"door"}));
 }
 
 TEST(Load, ReadsALineOfFiveMegabytes) {

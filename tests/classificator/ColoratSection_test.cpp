@@ -169,6 +169,8 @@ TEST(ParseColoratSection, TakesALineOfExactlyFivePieces) {
       {L"1 2 3 4 5", {{L"1", {1, 2, 3, 4, 5}}}},
       {L"Дверь 1 2 3 4", {{L"Дверь", {1, 1, 2, 3, 4}}}},
       {L"\U0001F600 1 2 3 4", {{L"\U0001F600", {1, 1, 2, 3, 4}}}},
+      // A blank and a digit in their low 16 bits alone.
+      {L"\U00012000 \U00010665 2 3 4", {{L"\U00012000", {1, 0, 2, 3, 4}}}},
       {L"a\0b 1 2 3 4"s, {{L"a\0b"s, {1, 1, 2, 3, 4}}}},
   };
   for (const Case& one : cases) {
@@ -376,6 +378,8 @@ TEST(ReadLeadingInt, MixesScriptsAndPassesOverDigitsOfOtherKinds) {
   EXPECT_EQ(ReadLeadingInt(L"\x2463"), 0);      // in a circle
   EXPECT_EQ(ReadLeadingInt(L"\x0BE7"), 0);      // Tamil
   EXPECT_EQ(ReadLeadingInt(L"\U0001D7CF"), 0);  // mathematical, above U+FFFF
+  EXPECT_EQ(ReadLeadingInt(L"\U00010665"), 0);  // whose low 16 bits are an Arabic one
+  EXPECT_EQ(ReadLeadingInt(L"1\U0001FF15"), 1);
 }
 
 TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {

@@ -11,6 +11,7 @@
 
 #include "RevitMappingEditorDll.h"
 #include "support/LoadedScheme.h"
+#include "support/OrderOfUnits.h"
 #include "support/OutOfRange.h"
 #include "support/Output.h"
 #include "support/TempFolder.h"
@@ -170,6 +171,20 @@ TEST(Colors, AreThoseOfTheActiveClassificatorWhichKeepsItsOwnSelection) {
   EXPECT_EQ(KeyTexts(editor), Texts{L"X"});
 }
 
+TEST(Colors, StayTheSelectedOnesWhateverIsLoadedLater) {
+  LoadedScheme scheme(twoColorats);
+  Editor& editor = scheme.editor;
+  ASSERT_EQ(editor.SetActiveColorat(L"main"), 0);
+  const std::wstring other = scheme.folder.Write("other.txt", "==COLORAT\n@x X\nX 1 2 3 4\n");
+  const std::wstring same = scheme.folder.Wide() + L"/scheme.txt";
+  ASSERT_EQ(editor.CreateClassificator(L"T", L"", L"", other.c_str()), 0);
+  EXPECT_EQ(ActiveColors(editor), mainColors);
+  ASSERT_EQ(editor.CreateClassificator(L"S", L"", L"", same.c_str()), 0);
+  EXPECT_EQ(ActiveColors(editor), mainColors);
+  ASSERT_EQ(editor.SetActiveClassificator(L"S"), 0);
+  EXPECT_EQ(ActiveColors(editor), mainColors);
+}
+
 TEST(Colors, AreCopiedWithTheSelection) {
   LoadedScheme scheme(twoColorats);
   scheme.editor.SetActiveColorat(L"main");
@@ -204,6 +219,11 @@ TEST(GetColoratsIds, GivesTheKeyTextsOfTheActiveColoratInTheOrderOfTheirUnits) {
       "9 1 1 1 1\nДверь 1 1 1 1\nA_B 1 1 1 1\n");
   EXPECT_EQ(KeyTexts(scheme.editor),
             (Texts{L"10", L"9", L"A", L"AB", L"A_B", L"C", L"a", L"b", L"Дверь", L"Стена"}));
+}
+
+TEST(GetColoratsIds, KeepsToTheUnitsBeyondTheBasicPlane) {
+  LoadedScheme scheme("==COLORAT\n@m M\n\uFFFD 1 1 1 1\n\U0001F600 1 1 1 1\n\uFF21 1 1 1 1\n");
+  EXPECT_EQ(KeyTexts(scheme.editor), inOrderOfUnits);
 }
 
 TEST(GetColor, LooksForTheTextExactly) {

@@ -283,7 +283,7 @@ TEST(CreateClassificator, TakesItsArgumentsAsTheyStand) {
   EXPECT_EQ(editor.CreateClassificator(L" id ", L" n ", L" p\t", L" a.txt"), 0);
   EXPECT_EQ(ListClassificators(editor), (Names{{L" id ", L" n "}}));
   EXPECT_EQ(editor.SetActiveClassificator(L"id"), -1);
-  EXPECT_EQ(editor.SetActiveClassificator(L" id "), 0);
+  ASSERT_EQ(editor.SetActiveClassificator(L" id "), 0);
   EXPECT_EQ(Take(editor.GetActiveClassificatorParamName()), L" p\t");
 }
 

@@ -235,6 +235,25 @@ TEST(Surroundings, ChangeNoAnswerByTheTimeZone) {
   SetZone(before.c_str());
 }
 
+TEST(Surroundings, SeeNothingPrinted) {
+  const RichSession session;
+  const TempFolder folder;
+  const std::wstring malformed = folder.Write("malformed.json", "{Domen: {sName: [");
+  const std::wstring intoMissing = folder.Wide() + L"/missing/a.json";
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  session.AnswersOfNewEditor();
+  Editor editor(L"", L"");
+  EXPECT_EQ(editor.CreateClassificator(L"S", L"", L"", L"no such file.txt"), -1);
+  EXPECT_EQ(editor.CreateClassificator(L"S", L"", L"", folder.Wide().c_str()), 2);
+  EXPECT_EQ(editor.CreateDomen(malformed.c_str()), 0);
+  editor.ExportJson(L"malformed", intoMissing.c_str());
+  const std::string errors = testing::internal::GetCapturedStderr();
+  const std::string output = testing::internal::GetCapturedStdout();
+  EXPECT_EQ(errors, "");
+  EXPECT_EQ(output, "");
+}
+
 // What all the others compare with.
 TEST(Surroundings, AreHeldAgainstTheAnswersOfTheNaiveForms) {
   const RichSession session;

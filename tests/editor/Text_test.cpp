@@ -55,6 +55,8 @@ TEST(Trim, RemovesWhiteSpaceAtBothEndsOnly) {
       {std::wstring(whiteSpace) + L"Стена" + std::wstring(whiteSpace), L"Стена"},
       {L" \xFEFF ", L"\xFEFF"},
       {L" \U0001F600 ", L"\U0001F600"},
+      // White space in their low 16 bits alone.
+      {L"\U00012000\U00013000", L"\U00012000\U00013000"},
       {L" \0 a \0 "s, L"\0 a \0"s},  // a NUL is no white space
   };
   for (const Case& one : cases) {

@@ -13,6 +13,7 @@
 #include "domen/DomenStore.h"
 #include "domen/PropertyType.h"
 #include "support/DomenRows.h"
+#include "support/OrderOfUnits.h"
 #include "support/OutOfRange.h"
 #include "support/Output.h"
 #include "support/Results.h"
@@ -121,6 +122,12 @@ TEST(GetDomens, GiveIdsAndNamesInTheOrderOfTheIdsUnits) {
   const Texts sorted = {L"10", L"2", L"A", L"AB", L"B", L"_", L"a", L"Двери", L"Стены"};
   EXPECT_EQ(Ids(loaded.editor), sorted);
   EXPECT_EQ(Names(loaded.editor), sorted);
+}
+
+TEST(GetDomens, KeepToTheUnitsBeyondTheBasicPlane) {
+  LoadedDomens loaded("@@@ \uFFFD\n@@@ \U0001F600\n@@@ \uFF21\n");
+  EXPECT_EQ(Ids(loaded.editor), inOrderOfUnits);
+  EXPECT_EQ(Names(loaded.editor), inOrderOfUnits);
 }
 
 TEST(GetDomens, GiveTheDomainsOfAllFilesAndOfClassificators) {
