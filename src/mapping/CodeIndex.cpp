@@ -80,9 +80,9 @@ bool Crowd(std::size_t count, std::size_t rooms) {
   return count > rooms / 2 + rooms / 8;
 }
 
-// Eight bits for each pattern, in words of 64; their number is a power of two.
+// About eight bits for each pattern, in words of 64; their number is a power of two.
 std::size_t FilterSize(std::size_t patternCount) {
-  return std::bit_ceil(patternCount / 8 + 1);
+  return std::bit_ceil(patternCount / 8);
 }
 
 std::uint64_t FilterBit(std::uint64_t hash) {
