@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstddef>
 #include <limits>
-#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -21,7 +20,7 @@ double ExponentOf(std::string_view chars) {
   std::string_view digits = chars.substr(mark + 1);
   if (digits.starts_with('+')) digits.remove_prefix(1);
   long long exponent = 0;
-  const auto result = std::from_chars(digits.data(), std::to_address(digits.end()), exponent);
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
   if (result.ec == std::errc()) return static_cast<double>(exponent);
   return digits.starts_with('-') ? -1e18 : 1e18;
 }
@@ -38,7 +37,7 @@ double BeyondRange(std::string_view chars) {
 
 // Gives false for a number out of the range of a double.
 bool ToDouble(std::string_view chars, std::chars_format format, double& number) {
-  const auto result = std::from_chars(chars.data(), std::to_address(chars.end()), number, format);
+  const auto result = std::from_chars(chars.data(), chars.data() + chars.size(), number, format);
   return result.ec != std::errc::result_out_of_range;
 }
 
