@@ -1,6 +1,7 @@
 // Files when the system refuses: each call that the library makes of it fails in turn.
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstddef>
@@ -156,6 +157,21 @@ TEST(ReplaceWholeFile, LeavesNothingWhereNotAllPiecesComeAndFilesNeedNames) {
     EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, replace), ERANGE);
     EXPECT_TRUE(replaced.AsBefore()) << old;
   }
+}
+
+// So that no two processes write to one file.
+TEST(ReplaceWholeFile, WritesUnderANameOfItsProcessWhereFilesNeedNames) {
+  const Replaced replaced(false);
+  std::string name;
+  const auto look = [&](const TakeBytes& take) {
+    take(newBytes);
+    for (const auto& entry : fs::directory_iterator(replaced.folder.Path())) {
+      name = entry.path().filename().string();
+    }
+  };
+  const auto replace = [&] { ReplaceWholeFile(replaced.path.wstring(), look); };
+  EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, replace), 0);
+  EXPECT_TRUE(name.ends_with(".new" + std::to_string(getpid()))) << name;
 }
 
 // What the file gives with these faults, and the planned failure comes about.
