@@ -102,7 +102,7 @@ HostileCases ColoratCases() {
           "semicolons", 10'000'000,
           [](std::size_t size) { return "c C" + Times(size, ";") + "k 1 2 3 4"; }, one),
       Colorat(
-          "blanks in a line", 10'000'000,
+          "blanks in a line", 40'000'000,
           [](std::size_t size) { return "c C\nk" + Times(size, " ") + "1 2 3 4\n"; }, one),
       Colorat(
           "words in a line", 10'000'000,

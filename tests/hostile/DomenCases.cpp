@@ -45,7 +45,7 @@ HostileCases DomenCases() {
           "semicolons", 10'000'000, [](std::size_t size) { return Times(size, ";") + "@ P 0 1"; },
           RequireOneProperty),
       DomenSection(
-          "blanks of an entry", 10'000'000,
+          "blanks of an entry", 40'000'000,
           [](std::size_t size) { return "@ P 0" + Times(size, " ") + "1"; }, RequireOneProperty),
       DomenSection(
           "words of a title", 10'000'000,

@@ -25,11 +25,12 @@ void AskForNames(Subject& subject) {
   Require(CodeId(subject, Wide(LongName(subject.size)) + L" more") == -1, "none");
 }
 
-// A pattern of as many words as a number may have bits, each of one letter or of two: whatever fits
-// the longer word fits the shorter.
+// A pattern of as many words as a number may have bits, the highest first, each of one letter or of
+// two: whatever fits the longer word fits the shorter, and only the last words tell neighbours
+// apart.
 std::string ByBits(std::size_t number) {
   std::string words;
-  for (int bit = 0; bit < 20; ++bit) words += (number >> bit & 1) != 0 ? "aa " : "a ";
+  for (int bit = 19; bit >= 0; --bit) words += (number >> bit & 1) != 0 ? "aa " : "a ";
   return words + "end\n";
 }
 
@@ -84,16 +85,16 @@ HostileCases MapTextCases() {
           "code headers", 1'000'000,
           [](std::size_t size) { return Times(size, "@A {P=1}\n") + "wall"; }, RequireCode),
       MapText(
-          "opening braces of a header", 10'000'000,
+          "opening braces of a header", 40'000'000,
           [](std::size_t size) { return "@A " + Times(size, "{") + "\nwall"; }, RequireCode),
       MapText(
-          "braces of a header that open, and then close", 10'000'000,
+          "braces of a header that open, and then close", 40'000'000,
           [](std::size_t size) {
             return "@A " + Times(size / 2, "{") + Times(size / 2, "}") + "\nwall";
           },
           RequireCode),
       MapText(
-          "empty blocks of a header", 1'000'000,
+          "empty blocks of a header", 10'000'000,
           [](std::size_t size) { return "@A " + Times(size, "{}") + "\nwall"; }, RequireCode),
       MapText(
           "units of an opening mark that nearly stands in a header", 4'000'000,
@@ -118,7 +119,7 @@ HostileCases MapTextCases() {
           [](std::size_t size) { return "@@ (" + Times(size, "D ") + ")\n@A {P=1}\nwall"; },
           RequireCode),
       MapText(
-          "brackets of a domain list", 10'000'000,
+          "brackets of a domain list", 40'000'000,
           [](std::size_t size) { return "@@ " + Times(size, "(") + "\n@A {P=1}\nwall"; },
           RequireCode),
   };
