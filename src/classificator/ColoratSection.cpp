@@ -87,8 +87,10 @@ std::vector<ColorMap::Color>::const_iterator ColorMap::find(std::wstring_view ke
 
 const std::vector<ColorMap::Color>& ColorMap::Ordered() const {
   if (ordered) return colors;
-  std::stable_sort(colors.begin(), colors.end(),
-                   [](const Color& left, const Color& right) { return left.first < right.first; });
+  const auto byKey = [](const Color& left, const Color& right) { return left.first < right.first; };
+  if (!std::is_sorted(colors.begin(), colors.end(), byKey)) {
+    std::stable_sort(colors.begin(), colors.end(), byKey);
+  }
   const auto repeated =
       std::unique(colors.begin(), colors.end(),
                   [](const Color& left, const Color& right) { return left.first == right.first; });

@@ -146,7 +146,7 @@ HostileCases JsonCases() {
           },
           RequireOneProperty),
       Domain(
-          "properties that begin alike, out of order", 200'000,
+          "properties that begin alike, out of order", 400'000,
           [](std::size_t size) {
             const auto name = [size](std::size_t i) { return LongName(Shuffled(i, size)); };
             return "{Domen: {asFuncsNames: [" + Names(size, name) + "]}, Properties: " +
