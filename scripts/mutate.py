@@ -310,7 +310,7 @@ class Tree:
 
   def prepare(self):
     self._copy()
-    # Reads and writes beyond an end are to be noticed, at no great price.
+    # What leaves a container, or writes beyond an array on the stack, is to be noticed.
     flags = "-O1 -w -D_GLIBCXX_ASSERTIONS -fstack-protector-strong"
     linker = "-fuse-ld=mold"
     self._must(["cmake", "-G", "Ninja", "-S", str(self.folder), "-B", str(self.build),

@@ -39,6 +39,9 @@ HostileCases ExportCases() {
   const auto one = [](Subject& subject) {
     Require(PropertyCount(subject, L"E") == 1, "one property");
   };
+  const auto all = [](Subject& subject) {
+    Require(PropertyCount(subject, L"E") == static_cast<int>(subject.size), "the properties");
+  };
   return {
       Export(
           "bytes of a name", 100'000'000,
@@ -51,15 +54,8 @@ HostileCases ExportCases() {
           [](std::size_t size) {
             return Join(size, [](std::size_t i) { return "@ " + LongName(i) + " 0 1\n"; });
           },
-          [](Subject& subject) {
-            Require(PropertyCount(subject, L"E") == static_cast<int>(subject.size),
-                    "the properties");
-          }),
-      Export("properties whose hashes are alike", 4'000, PropertiesOfAlikeHashes,
-             [](Subject& subject) {
-               Require(PropertyCount(subject, L"E") == static_cast<int>(subject.size),
-                       "the properties");
-             }),
+          all),
+      Export("properties whose hashes are alike", 4'000, PropertiesOfAlikeHashes, all),
       Export(
           "fields of one property", 500'000,
           [](std::size_t size) {
