@@ -9,8 +9,6 @@ cd "$(dirname "$0")/.."
 . scripts/setup.sh clang-19 libclang-rt-19-dev locales
 
 harnesses=(classificator text_domen json5 json5_round_trip editor_calls)
-declare -A dictionaries=([classificator]=text [text_domen]=text [json5]=json5
-  [json5_round_trip]=json5_round_trip [editor_calls]=text)
 build=build/linux-fuzz
 limits=(-timeout=20 -rss_limit_mb=3000 -print_final_stats=1)
 
@@ -25,7 +23,7 @@ replay() {
 fuzz() {
   mkdir -p "$build/corpus/$1"
   "$build/tests/fuzz/fuzz_$1" "${limits[@]}" -max_total_time="$2" -max_len=1024 -seed=1 \
-    -dict="tests/fuzz/dictionaries/${dictionaries[$1]}.dict" -artifact_prefix="$build/" \
+    -dict="tests/fuzz/dictionaries/$1.dict" -artifact_prefix="$build/" \
     "$build/corpus/$1" "tests/fuzz/corpus/$1"
 }
 

@@ -16,14 +16,21 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 
 namespace {
 
+using Editor = ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
+
 void CheckRecord(const std::wstring& file, const std::string& bytes) {
   Classificator loaded(L"id");
   Check(loaded.Load(file) == 0, "any file is read to its end");
-  CheckSame("the record", Describe(loaded), Describe(Naive::ReadClassificator(bytes)));
+  const std::wstring expected = Describe(Naive::ReadClassificator(bytes));
+  CheckSame("the record", Describe(loaded), expected);
+  const Classificator copy = loaded;
+  CheckSame("a copy of the record", Describe(copy), expected);
 }
 
+// Copies are made of an editor that has been asked, and whose index stands, and asked in another
+// locale than it was.
 void CheckEditor(const std::wstring& file, const std::string& bytes, std::size_t laterLocale) {
-  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor(L"", L"");
+  Editor editor(L"", L"");
   Naive::Editor naive;
   Check(editor.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str()) ==
             naive.CreateClassificator(L"S", L"Scheme", L"Code", file),
@@ -32,8 +39,15 @@ void CheckEditor(const std::wstring& file, const std::string& bytes, std::size_t
         "the status of the selection");
   const Questions questions = QuestionsOf(bytes);
   CheckSame("the answers", AnswersOf(editor, naive, questions), AnswersOf(naive, questions));
+  Editor copy(editor);
   SetLocale(laterLocale);
   CheckSame("the codes in another locale", CodesOf(editor, questions), CodesOf(naive, questions));
+  const Naive::Editor naiveCopy(naive);
+  const std::wstring expected = AnswersOf(naiveCopy, questions);
+  CheckSame("the answers of a copy", AnswersOf(copy, naiveCopy, questions), expected);
+  editor = copy;
+  CheckSame("the answers of an editor that takes over", AnswersOf(editor, naiveCopy, questions),
+            AnswersOf(Naive::Editor(naiveCopy), questions));
 }
 
 }  // namespace

@@ -25,6 +25,7 @@
 #include "naive/DomenFiles.h"
 #include "naive/Editor.h"
 #include "naive/TextFile.h"
+#include "support/OutOfRange.h"
 #include "support/Program.h"
 #include "support/TempFolder.h"
 
@@ -86,17 +87,54 @@ void WriteFiles(const TempFolder& folder, const std::vector<std::string>& blocks
   }
 }
 
+// The questions that all files suggest.
+Questions QuestionsOfAll(const std::vector<std::string>& blocks) {
+  std::string all;
+  for (const std::string& block : blocks) all += block + "\n";
+  return QuestionsOf(all);
+}
+
 // An editor of the library, and what it has to answer.
 struct Pair {
-  std::unique_ptr<Editor> editor = std::make_unique<Editor>(L"", L"");
+  std::unique_ptr<Editor> editor;
   Naive::Editor naive;
 };
+
+// A file as a call names it, and the path that the name leads to.
+struct FileName {
+  std::wstring asked;
+  std::wstring path;
+};
+
+// Results that are held until all editors are gone.
+struct KeptText {
+  const wchar_t* text;
+  std::wstring expected;
+};
+struct KeptTexts {
+  int count;
+  const wchar_t** texts;
+  std::wstring expected;
+};
+
+std::wstring OnLines(const Texts& texts) {
+  std::wstring lines;
+  for (const std::wstring& text : texts) lines += text.substr(0, text.find(L'\0')) + L"\n";
+  return lines;
+}
+
+std::wstring OnLines(const KeptTexts& kept) {
+  return OnLines(Texts(kept.texts, kept.texts + kept.count));
+}
 
 class Machine {
  public:
   Machine(Input& programInput, const std::vector<std::string>& blocks, const TempFolder& work)
-      : program(programInput), arguments(ArgumentsOf(blocks)), folder(work) {
-    for (const std::string& block : blocks) questions = QuestionsOf(block);
+      : program(programInput),
+        arguments(ArgumentsOf(blocks)),
+        folder(work),
+        questions(QuestionsOfAll(blocks)) {
+    for (Pair& pair : pairs) Renew(pair);
   }
 
   void Run() {
@@ -106,9 +144,14 @@ class Machine {
     }
     for (Pair& pair : pairs) CheckAll(pair);
     for (Pair& pair : pairs) pair.editor.reset();
-    for (auto& [text, expected] : kept) {
-      CheckSame("a result behind the end of its editor", text, expected);
-      delete[] text;
+    for (const KeptText& kept : keptTexts) {
+      CheckSame("a result behind the end of its editor", kept.text, kept.expected);
+      delete[] kept.text;
+    }
+    for (const KeptTexts& kept : keptLists) {
+      CheckSame("an array behind the end of its editor", OnLines(kept), kept.expected);
+      for (int i = 0; i < kept.count; ++i) delete[] kept.texts[i];
+      delete[] kept.texts;
     }
   }
 
@@ -117,16 +160,25 @@ class Machine {
 
   const std::wstring& Argument() { return arguments[program.Byte() % arguments.size()]; }
 
-  std::wstring File() {
-    const std::size_t index = program.Byte() % (std::size(names) + 1);
+  // Half of the names are relative: the data folder of all editors is where the files are.
+  FileName File() {
+    const std::size_t byte = program.Byte();
+    const std::size_t index = byte % (std::size(names) + 1);
     const std::string name = index < std::size(names) ? names[index] : "missing/x.txt";
-    return folder.Wide() + L"/" + std::wstring(name.begin(), name.end());
+    const std::wstring wide(name.begin(), name.end());
+    const std::wstring path = folder.Wide() + L"/" + wide;
+    return {byte < 128 ? path : wide, path};
   }
 
   void Keep(const wchar_t* text, std::wstring expected) {
     expected = expected.substr(0, expected.find(L'\0'));
     CheckSame("a result", text, expected);
-    kept.emplace_back(text, std::move(expected));
+    keptTexts.push_back({text, std::move(expected)});
+  }
+
+  void KeepAll(int count, const wchar_t** texts, const Texts& expected) {
+    keptLists.push_back({count, texts, OnLines(expected)});
+    CheckSame("an array", OnLines(keptLists.back()), keptLists.back().expected);
   }
 
   void CheckAll(Pair& pair) {
@@ -138,18 +190,18 @@ class Machine {
 
   void LoadClassificator(Pair& pair) {
     const std::wstring &id = Argument(), &name = Argument(), &paramName = Argument();
-    const std::wstring file = File();
+    const FileName file = File();
     Check(pair.editor->CreateClassificator(id.c_str(), name.c_str(), paramName.c_str(),
-                                           file.c_str()) ==
-              pair.naive.CreateClassificator(id, name, paramName, file),
+                                           file.asked.c_str()) ==
+              pair.naive.CreateClassificator(id, name, paramName, file.path),
           "the status of CreateClassificator");
     // Most programs want the scheme that they load.
     if (program.Byte() % 4 != 0) SelectClassificatorOf(pair, id);
   }
 
   void LoadDomen(Pair& pair) {
-    const std::wstring file = File();
-    Check(pair.editor->CreateDomen(file.c_str()) == pair.naive.CreateDomen(file),
+    const FileName file = File();
+    Check(pair.editor->CreateDomen(file.asked.c_str()) == pair.naive.CreateDomen(file.path),
           "the status of CreateDomen");
   }
 
@@ -161,8 +213,13 @@ class Machine {
   void SelectClassificator(Pair& pair) { SelectClassificatorOf(pair, Argument()); }
 
   void SelectColorat(Pair& pair) {
-    if (pair.naive.active < 0) return;
     const std::wstring& id = Argument();
+    if (pair.naive.active < 0) {
+      Check(OutOfRangeOf([&] { pair.editor->SetActiveColorat(id.c_str()); }) == badSubscript &&
+                OutOfRangeOf([&] { pair.editor->GetColorNum(id.c_str()); }) == badSubscript,
+            "no Colorat without an active Classificator");
+      return;
+    }
     Check(pair.editor->SetActiveColorat(id.c_str()) == pair.naive.SetActiveColorat(id),
           "the status of SetActiveColorat");
   }
@@ -174,6 +231,11 @@ class Machine {
     Check(pair.editor->SetActiveDomenByName(name.c_str()) == pair.naive.SetActiveDomenByName(name),
           "the status of SetActiveDomenByName");
     Keep(pair.editor->GetActiveDomenId(), pair.naive.domenStore.activeDomenId);
+    Texts ids;
+    for (const auto& [domenId, domen] : pair.naive.domenStore.domens) ids.push_back(domenId);
+    int count = 0;
+    const wchar_t** texts = pair.editor->GetDomensIds(count);
+    KeepAll(count, texts, ids);
   }
 
   void SetMarks(Pair& pair) {
@@ -223,7 +285,7 @@ class Machine {
 
   void Export(Pair& pair) {
     const std::wstring& id = Argument();
-    const std::wstring file = File();
+    const std::wstring file = File().path;
     const fs::path target(std::string(file.begin(), file.end()));
     const bool wasFile = fs::is_regular_file(target);
     const std::string before = wasFile ? ReadBytes(target) : "";
@@ -265,7 +327,8 @@ class Machine {
   const TempFolder& folder;
   Questions questions;
   std::array<Pair, 3> pairs;
-  std::vector<std::pair<const wchar_t*, std::wstring>> kept;
+  std::vector<KeptText> keptTexts;
+  std::vector<KeptTexts> keptLists;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 // A JSON5 file of any bytes: the reader takes what a reader with one function for each rule of the
-// grammar takes, and gives the same tree; as a domain file it fills the store that its tree says.
+// grammar takes, and gives the same tree; as a domain file it fills the store that its tree says,
+// and an editor that loads it answers as one of naive forms.
 
 #include "naive/Json5.h"
 
@@ -10,9 +11,11 @@
 #include <string>
 
 #include "editor/Utf8.h"
+#include "fuzz/Answers.h"
 #include "fuzz/Check.h"
 #include "fuzz/Describe.h"
 #include "naive/DomenFiles.h"
+#include "naive/Fields.h"
 #include "naive/TextFile.h"
 #include "support/TempFolder.h"
 
@@ -41,22 +44,34 @@ void CheckTree(const std::string& bytes, const std::wstring& text) {
   CheckSame("the tree", Naive::Describe(tree, tree.root), Naive::Describe(*expected));
 }
 
-void CheckDomen(const std::string& bytes) {
-  static const TempFolder folder;
+void CheckStore(const std::wstring& file, const std::string& bytes) {
   DomenStore loaded;
   DomenStore expected;
-  Check(loaded.LoadDomen(folder.Write("domen.json", bytes), L"") == 0, "any file is read");
+  Check(loaded.LoadDomen(file, L"") == 0, "any file is read");
   Naive::LoadDomenJson(expected, L"domen", bytes);
   CheckSame("the store", Describe(loaded), Describe(expected));
+  const DomenStore copy = loaded;
+  CheckSame("a copy of the store", Describe(copy), Describe(Naive::CopyOf(expected)));
+}
+
+void CheckEditor(const std::wstring& file, const std::string& bytes) {
+  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor(L"", L"");
+  Naive::Editor naive;
+  Check(editor.CreateDomen(file.c_str()) == naive.CreateDomen(file), "the status of the load");
+  const Questions questions = QuestionsOf(bytes);
+  CheckSame("the answers", AnswersOf(editor, naive, questions), AnswersOf(naive, questions));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const TempFolder folder;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::wstring text = DecodeUtf8(bytes);
   CheckSame("the text", text, Naive::DecodeUtf8(bytes));
   CheckTree(bytes, text);
-  CheckDomen(bytes);
+  const std::wstring file = folder.Write("domen.json", bytes);
+  CheckStore(file, bytes);
+  CheckEditor(file, bytes);
   return 0;
 }

@@ -69,7 +69,9 @@ class Request {
   }
 
   void operator()(double number) {
-    section.ParamDouble(key.c_str(), number, found, comment.c_str(), true);
+    const double result = section.ParamDouble(key.c_str(), number, found, comment.c_str(), true);
+    Check(result == number || (std::isnan(result) && std::isnan(number)),
+          "a real that overrides is the result");
   }
 
   void operator()(const Texts& texts) {
