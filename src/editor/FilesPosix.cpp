@@ -110,8 +110,8 @@ struct Target {
 
   fs::path Folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
 
-  // A name beside the target. It is the same each time, so that what a killed process may have left
-  // under it goes with the next one.
+  // A name beside the target, the same each time. Files without a name take it on their way, so
+  // that what a killed process may have left under it goes with the next one.
   fs::path Beside() const {
     std::string name = ".mapping-editor-";
     name += std::to_string(std::hash<std::string>()(path.filename().string()));
@@ -131,6 +131,13 @@ Target FindTarget(const fs::path& path) {
   return {fs::canonical(path), status.st_mode & 07777};
 }
 
+// Ends a replacement whose file, under this name, can't come in the place of the target.
+[[noreturn]] void RemoveAndThrow(const fs::path& name) {
+  const int error = errno;
+  unlink(name.c_str());
+  ThrowError(error);
+}
+
 // Gives an unnamed file a name in the place of the target. The name on the way is shared with other
 // processes, each of which may take it from the other; whoever loses it tries again. False if the
 // system has no way to name such a file.
@@ -146,9 +153,7 @@ bool NameUnnamed(const Descriptor& file, const Target& target) {
     if (giveName(beside)) {
       if (rename(beside.c_str(), target.path.c_str()) == 0) return true;
       if (errno == ENOENT) continue;
-      const int error = errno;
-      unlink(beside.c_str());
-      ThrowError(error);
+      RemoveAndThrow(beside);
     }
     if (errno == ENOENT) return false;
     Check(errno == EEXIST);
@@ -168,11 +173,24 @@ bool ReplaceByUnnamed(const Target& target, const WriteBytes& write) {
   return NameUnnamed(file, target);
 }
 
-// The way for all other file systems: a file under a name that no other process uses.
+// Makes a file under the name of this process, with another number behind it as long as something
+// stands there: the file of another thread, or what a killed process of the same number has left.
+int OpenBeside(const Target& target, fs::path& name) {
+  std::string suffix = std::to_string(getpid());
+  int opened = -1;
+  for (int tries = 1; tries <= 1000; ++tries) {
+    name = target.Beside() += suffix;
+    opened = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
+    if (opened >= 0 || errno != EEXIST) break;
+    suffix = std::to_string(getpid()) + "-" + std::to_string(tries);
+  }
+  return opened;
+}
+
+// The way for all other file systems: a file under a name that nobody else uses.
 void ReplaceByNamed(const Target& target, const WriteBytes& write) {
-  fs::path beside = target.Beside();
-  beside += std::to_string(getpid());
-  const Descriptor file(open(beside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
+  fs::path beside;
+  const Descriptor file(OpenBeside(target, beside));
   try {
     file.WriteAll(write);
     if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
@@ -180,10 +198,7 @@ void ReplaceByNamed(const Target& target, const WriteBytes& write) {
     unlink(beside.c_str());
     throw;
   }
-  if (rename(beside.c_str(), target.path.c_str()) == 0) return;
-  const int error = errno;
-  unlink(beside.c_str());
-  ThrowError(error);
+  if (rename(beside.c_str(), target.path.c_str()) != 0) RemoveAndThrow(beside);
 }
 
 }  // namespace

@@ -28,20 +28,19 @@ void Check(bool succeeded) {
 }
 
 // The path in a form that may be longer than 260 units: absolute, and with the prefix that turns
-// off the old limit. Shorter paths stay as they are, with all that Windows makes of them.
+// off the old limit. A path that is short even with the current folder ahead of it stays as it is,
+// with all that Windows makes of it.
 std::wstring ToNativePath(const std::wstring& path) {
-  constexpr std::size_t oldLimit = 248;
-  if (path.size() < oldLimit || path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) {
-    return path;
-  }
+  if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
   std::wstring absolute(path.size() + MAX_PATH, L'\0');
   DWORD length = 0;
   while ((length = GetFullPathNameW(path.c_str(), static_cast<DWORD>(absolute.size()),
                                     absolute.data(), nullptr)) >= absolute.size()) {
     absolute.resize(length);
   }
-  if (length == 0) return path;
   absolute.resize(length);
+  constexpr std::size_t oldLimit = 248;
+  if (absolute.size() < oldLimit) return path;
   if (absolute.starts_with(L"\\\\")) return L"\\\\?\\UNC" + absolute.substr(1);
   return L"\\\\?\\" + absolute;
 }
@@ -195,7 +194,7 @@ void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & closed) != 0) {
     throw std::system_error(ERROR_ACCESS_DENIED, std::system_category());
   }
-  const std::wstring beside = Beside(target);
+  const std::wstring beside = ToNativePath(Beside(target));
   WriteBeside(beside, write);
   if (MoveFileExW(beside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
   const std::error_code error = LastError();

@@ -55,14 +55,6 @@ bool StartsWithEightOfAscii(std::string_view bytes) {
   return (eight & 0x8080808080808080) == 0;
 }
 
-// Decodes what can be decoded, which `bytes` loses.
-std::wstring TakeText(std::string_view& bytes) {
-  // No form has more units than bytes.
-  std::wstring text(bytes.size(), L'\0');
-  text.resize(static_cast<std::size_t>(TakeUtf8(bytes, text.data()) - text.data()));
-  return text;
-}
-
 }  // namespace
 
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
@@ -86,12 +78,9 @@ wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
 }
 
 std::wstring DecodeUtf8(std::string_view bytes) {
-  return TakeText(bytes);
-}
-
-std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes) {
-  std::wstring text = TakeText(bytes);
-  if (!bytes.empty()) return std::nullopt;
+  // No form has more units than bytes.
+  std::wstring text(bytes.size(), L'\0');
+  text.resize(static_cast<std::size_t>(TakeUtf8(bytes, text.data()) - text.data()));
   return text;
 }
 

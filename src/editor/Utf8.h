@@ -29,9 +29,6 @@ std::wstring DecodeUtf8(std::string_view bytes);
 // it put there. `bytes` keeps what cannot be decoded and all behind it.
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out);
 
-// The same as a text, or nothing if any byte cannot be decoded.
-std::optional<std::wstring> DecodeWholeUtf8(std::string_view bytes);
-
 // The UTF-8 form of `text`, or nothing if it holds a unit that stands for no code point: a
 // surrogate without its partner, or a number above U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);

@@ -6,10 +6,12 @@
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "RevitMappingEditorDll.h"
 #include "editor/Files.h"
@@ -172,6 +174,32 @@ TEST(ReplaceWholeFile, WritesUnderANameOfItsProcessWhereFilesNeedNames) {
   const auto replace = [&] { ReplaceWholeFile(replaced.path.wstring(), look); };
   EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, replace), 0);
   EXPECT_TRUE(name.ends_with(".new" + std::to_string(getpid()))) << name;
+}
+
+// What a process of this number has left, and the file of another thread, stay as they are.
+TEST(ReplaceWholeFile, TakesAnotherNameWhereThatOfItsProcessIsTaken) {
+  const Replaced replaced(true);
+  std::vector<fs::path> taken;
+  for (const char* suffix : {"", "-1", "-2"}) {
+    taken.push_back(replaced.folder.Path() /
+                    (".mapping-editor-" + std::to_string(std::hash<std::string>()("a")) + ".new" +
+                     std::to_string(getpid()) + suffix));
+    replaced.folder.Write(taken.back().filename().string(), "taken");
+  }
+  EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, [&] { replaced.Replace(); }), 0);
+  for (const fs::path& name : taken) {
+    EXPECT_EQ(ReadBytes(name), "taken");
+    fs::remove(name);
+  }
+  EXPECT_TRUE(replaced.Done());
+}
+
+TEST(ReplaceWholeFile, GivesUpWhereAllNamesAreTaken) {
+  const Replaced replaced(true);
+  const Faults taken{
+      .call = "open", .failIn = 1, .times = 1000, .error = EEXIST, .unnamedError = EOPNOTSUPP};
+  EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), EEXIST);
+  EXPECT_TRUE(replaced.AsBefore());
 }
 
 // What the file gives with these faults, and the planned failure comes about.
