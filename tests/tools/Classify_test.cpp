@@ -4,12 +4,18 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <optional>
 #include <string>
+#include <system_error>
 
+#include "support/PlainUser.h"
 #include "support/Program.h"
 #include "support/TempFolder.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 class Classify : public testing::Test {
  protected:
@@ -112,7 +118,7 @@ TEST_F(Classify, ReadsStandardInput) {
 }
 
 TEST_F(Classify, FindsFilesInTheDataFolder) {
-  std::filesystem::create_directory(folder.Path() / "schemes");
+  fs::create_directory(folder.Path() / "schemes");
   folder.Write("schemes/other.txt", "==MAPTEXT\n@X\ndoor\n");
   const Outcome outcome = Run("--data-folder schemes --classificator other.txt elements.txt");
   EXPECT_EQ(outcome.status, 0);
@@ -156,7 +162,7 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
   folder.Write("SCHEME.TXT", "==MAPTEXT\n");
   folder.Write("broken.json", "{\n  Domen {}\n}\n");
   folder.Write("latin1.json", "{ Domen: { sName: 'T\xFCr' } }");
-  std::filesystem::create_directory(folder.Path() / "folder.txt");
+  fs::create_directory(folder.Path() / "folder.txt");
   struct Case {
     const char* arguments;
     int status;
@@ -208,7 +214,7 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
 
 TEST_F(Classify, SaysWhyAFileCannotBeReached) {
   std::error_code error;
-  std::filesystem::create_symlink("loop.txt", folder.Path() / "loop.txt", error);
+  fs::create_symlink("loop.txt", folder.Path() / "loop.txt", error);
   if (error) GTEST_SKIP() << "no symbolic links here";
   const Outcome outcome = Run("--classificator loop.txt elements.txt");
   EXPECT_EQ(outcome.status, 3);
@@ -218,7 +224,7 @@ TEST_F(Classify, SaysWhyAFileCannotBeReached) {
 }
 
 TEST_F(Classify, SaysThatTheOutputCouldNotBeWritten) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
   const Outcome outcome = Run("--classificator scheme.txt elements.txt", "/dev/full");
   EXPECT_EQ(outcome.status, 6);
   EXPECT_EQ(outcome.errors,
@@ -290,6 +296,43 @@ TEST_F(Classify, ExportsADomainThatItCanReadAgain) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.output + outcome.errors, "");
   EXPECT_EQ(Run("--domen out.json --list properties").output, "out\tGRADE\tGRADE\t1\t2\n");
+}
+
+// The older file has the same properties, so that only its bytes tell it from the new one.
+TEST_F(Classify, SaysThatAnExportLeftAnOlderOne) {
+  const fs::path target = folder.Path() / "out.json";
+  ASSERT_EQ(Run("--domen domain.txt export D out.json").status, 0);
+  const std::string older = ReadBytes(target);
+  folder.Write("domain.txt",
+               "==DOMEN\n@@@ D\n@ GRADE 0 1 Grade\nRating int 1 0\nClass str 1 none\n");
+  fs::permissions(folder.Path(), fs::perms::all);
+  fs::permissions(target, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  std::optional<PlainUser> plainUser(std::in_place);
+  const bool closed = Run("--help").status == 0 && !std::ofstream(target, std::ios::app);
+  const Outcome outcome = Run("--domen domain.txt export D out.json");
+  plainUser.reset();
+  fs::permissions(target, fs::perms::owner_all);
+  if (!closed) GTEST_SKIP() << "no file is closed to this user, or the program is";
+  EXPECT_EQ(outcome.status, 7);
+  EXPECT_EQ(outcome.errors, "classify: Target \"out.json\" could not be written.\n");
+  EXPECT_EQ(ReadBytes(target), older);
+}
+
+TEST_F(Classify, SaysThatATargetCannotBeReached) {
+  std::error_code error;
+  fs::create_symlink("loop.json", folder.Path() / "loop.json", error);
+  if (error) GTEST_SKIP() << "no symbolic links here";
+  const Outcome outcome = Run("--domen domain.txt export D loop.json");
+  EXPECT_EQ(outcome.status, 7);
+  EXPECT_EQ(outcome.errors, "classify: Target \"loop.json\" could not be written.\n");
+}
+
+TEST_F(Classify, WaitsForNoPipe) {
+  if (RunProgram("mkfifo", "pipe.json", folder.Path()).status != 0) GTEST_SKIP() << "no pipes here";
+  EXPECT_EQ(Run("--domen pipe.json --list domens").errors,
+            "classify: Domain file \"pipe.json\" could not be read to its end.\n");
+  EXPECT_EQ(Run("--domen domain.txt export D pipe.json").errors,
+            "classify: Target \"pipe.json\" could not be written.\n");
 }
 
 TEST_F(Classify, ListsItsExitStatusesInItsHelp) {

@@ -1,24 +1,21 @@
 #include "Export.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <random>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "Failure.h"
 #include "Lists.h"
 #include "Wide.h"
+#include "editor/Files.h"
 
 namespace {
 
-// The keys of the domain's properties.
-std::vector<std::wstring> PropertyKeys(RevitMappingEditorDll& editor, const std::wstring& domenId) {
-  int count = 0;
-  const wchar_t** keys = nullptr;
-  int* sortIndexes = nullptr;
-  editor.GetPropertiesSortIndex(domenId.c_str(), count, keys, sortIndexes);
-  if (count != 0) delete[] sortIndexes;
-  return TakeAll(count, keys);
-}
+namespace fs = std::filesystem;
+using namespace TolvenLibs::RevitMappingEditorDll;
 
 bool IsLoaded(RevitMappingEditorDll& editor, const std::wstring& domenId) {
   int count = 0;
@@ -27,10 +24,44 @@ bool IsLoaded(RevitMappingEditorDll& editor, const std::wstring& domenId) {
   return std::find(loaded.begin(), loaded.end(), domenId) != loaded.end();
 }
 
-bool Holds(const std::wstring& target, const std::vector<std::wstring>& keys) {
-  RevitMappingEditorDll reader(L".", L"");
-  if (reader.CreateDomen(target.c_str()) != 0) return false;
-  return PropertyKeys(reader, Take(reader.GetActiveDomenId())) == keys;
+// A new folder for files that nobody else has to see, gone with its scope.
+class ScratchFolder {
+ public:
+  ScratchFolder() {
+    std::random_device number;
+    do {
+      path = fs::temp_directory_path() / ("classify-" + std::to_string(number()));
+    } while (!fs::create_directory(path));
+  }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  ~ScratchFolder() {
+    std::error_code ignored;
+    fs::remove_all(path, ignored);
+  }
+
+  std::wstring File() const {
+    const std::u8string bytes = (path / "domen.json").u8string();
+    return ToWide(std::string(bytes.begin(), bytes.end()));
+  }
+
+ private:
+  fs::path path;
+};
+
+// What the target has to be: an export has the same bytes wherever it goes.
+std::string ExportedBytes(RevitMappingEditorDll& editor, const std::wstring& domenId) {
+  const ScratchFolder folder;
+  editor.ExportJson(domenId.c_str(), folder.File().c_str());
+  return ReadWholeFile(folder.File());
+}
+
+bool Holds(const std::wstring& target, const std::string& bytes) {
+  try {
+    return ReadWholeFile(target) == bytes;
+  } catch (const std::system_error&) {
+    return false;
+  }
 }
 
 }  // namespace
@@ -46,6 +77,6 @@ void ExportDomen(RevitMappingEditorDll& editor, const std::string& domenId,
                   "Target \"" + target + "\" has a name that doesn't end in \".json\"."};
   }
   editor.ExportJson(id.c_str(), file.c_str());
-  if (Holds(file, PropertyKeys(editor, id))) return;
+  if (Holds(file, ExportedBytes(editor, id))) return;
   throw Failure{failedExport, "Target \"" + target + "\" could not be written."};
 }

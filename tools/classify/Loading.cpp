@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "Failure.h"
 #include "Wide.h"
 #include "editor/Files.h"
-#include "editor/Utf8.h"
 
 namespace {
 
@@ -33,10 +33,19 @@ void LoadOrFail(int exitStatus, const std::string& subject, const std::string& f
   }
 }
 
+// The bytes of the file, or nothing where the library reads none either.
+std::optional<std::string> BytesOf(const std::wstring& path) {
+  try {
+    return ReadWholeFile(path);
+  } catch (const std::system_error&) {
+    return std::nullopt;
+  }
+}
+
 void CheckJson5(const std::string& subject, const std::wstring& path) {
-  const std::optional<std::string> bytes = ReadFile(path);
+  const std::optional<std::string> bytes = BytesOf(path);
   if (!bytes) return;
-  if (!DecodeWholeUtf8(*bytes)) throw Failure{failedDomen, subject + " is not UTF-8."};
+  if (!IsUtf8(*bytes)) throw Failure{failedDomen, subject + " is not UTF-8."};
   Json5Tree tree;
   const std::optional<Json5Error> error = ParseJson5(*bytes, tree);
   if (!error) return;
