@@ -21,22 +21,23 @@
 // Arrays. The count is written by every call that returns. When it is 0 the arrays are left as they
 // were; otherwise each is a new array of that many elements, whose strings are buffers of their
 // own: the caller frees each string with `delete[]`, then the array with `delete[]`. Behind an
-// exception the arrays are as they were, and the count means nothing.
+// exception the arrays are as they were, and the count means nothing unless the call says what.
 //
 // Failures. What is to be expected is reported by a status:
 //
 //    0   done
 //   -1   no such file, id or name; for a load also a file extension that no reader takes
 //    1   there is nothing to choose from at all
-//    2   the file exists but could not be opened
-//    3   an exception was caught while the file was read; what was read until then stays
+//    2   the file exists but could not be opened; of a ".json" domain file that is 3
+//    3   an exception was caught while the file was read; what was read until then stays, but of a
+//        ".json" domain file nothing
 //
 // Everything else leaves a call as a standard exception, and leaves the editor usable. Any call can
 // raise `bad_alloc`; but a load that runs out of memory ends in 3, an export in silence, and an
 // item of a mapping string, like one that can't be composed for any other reason, is left out.
 //
 // Threads. One editor is used by one thread at a time, which goes for the source of a copy too. Two
-// editors share nothing.
+// editors share nothing that changes.
 
 #pragma once
 
@@ -67,9 +68,9 @@ class REVIT_MAPPING_EDITOR_API RevitMappingEditorDll {
   // Classificators
 
   // Loads a classificator file, and then, by the same path, the domains that it holds. Selects no
-  // Classificator, but the last domain of the file, if it holds any. `id` need not be new, but of
-  // equal ids only the first can be selected. `paramName` is the model parameter that opens the
-  // mapping strings.
+  // Classificator, but the last domain of the file, if it holds any; one of the extension ".json"
+  // always gives the domain of its name. `id` need not be new, but of equal ids only the first can
+  // be selected. `paramName` is the model parameter that opens the mapping strings.
   //
   // Status -1 if the file is found neither as it stands nor in the data folder: nothing is added.
   // In all other cases the Classificator is added, with whatever could be read: status 0, 2, 3, or

@@ -11,8 +11,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 struct TextFile;
 
-// One classification scheme, as a classificator file gives it. A plain value: a copy shares nothing
-// with its source.
+// One classification scheme, as a classificator file gives it. A plain value: a copy shares with
+// its source only what never changes.
 struct Classificator {
   explicit Classificator(std::wstring id);
 

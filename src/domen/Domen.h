@@ -24,7 +24,7 @@ struct Domen {
   // Copies the property in, or drops it if the key is taken: the first record under a key stays.
   void AddProperty(const std::wstring& key, const DomenProperty& property);
 
-  // The same, with what is left of the property of no use.
+  // The same, but moves the property in. What is left of it is of no use.
   void AddProperty(const std::wstring& key, DomenProperty&& property);
 
   // `AddValueField` of the property under the key. Nothing happens if there is none, or if the

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "classificator/TextFile.h"

@@ -32,7 +32,8 @@ std::string ReadWholeFile(const std::wstring& path);
 // Takes the next bytes of a file.
 using TakeBytes = std::function<void(std::string_view)>;
 
-// Gives all bytes of a file, in as many pieces as it likes.
+// Gives all bytes of a file, in as many pieces as it likes. It may be called twice, and gives the
+// same bytes each time.
 using WriteBytes = std::function<void(const TakeBytes&)>;
 
 // Puts a file in the place of whatever stands under `path`, in one step: whoever reads it sees the

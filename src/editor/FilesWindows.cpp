@@ -81,6 +81,14 @@ Handle OpenToRead(const std::wstring& path) {
                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+// Of a file or a folder, along links. Nothing but the attributes is asked for, which no other
+// process's claim on the file prevents.
+Handle OpenAttributes(const std::wstring& path) {
+  return Handle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
 // All bytes up to the end of the file, or up to a failure, and which of the two it was.
 std::string ReadAll(const Handle& file, bool& whole) {
   LARGE_INTEGER size = {};
@@ -115,9 +123,7 @@ std::wstring BehindLinks(const std::wstring& path) {
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
     return path;
   }
-  const Handle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle file = OpenAttributes(path);
   Check(file.IsOpen());
   std::wstring final(32768, L'\0');
   const DWORD length =
@@ -147,12 +153,8 @@ void WriteBeside(const std::wstring& name, const WriteBytes& write) {
 
 }  // namespace
 
-// Asks for nothing but the attributes, which no other process's claim on the file prevents, and
-// goes along links.
 bool Exists(const std::wstring& path) {
-  const Handle file(CreateFileW(ToNativePath(path).c_str(), FILE_READ_ATTRIBUTES,
-                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle file = OpenAttributes(ToNativePath(path));
   if (file.IsOpen()) return true;
   const std::error_code error = LastError();
   switch (error.value()) {

@@ -1,5 +1,7 @@
 #include "mapping/CapitalPatterns.h"
 
+#include <cstddef>
+
 #include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {

@@ -1,7 +1,6 @@
 #include "mapping/CodeLookup.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <locale>
 #include <optional>
 #include <string>

@@ -212,7 +212,7 @@ void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
     PieceReader statements = SplitStatements(text);
     for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
   } catch (...) {
-    // The lines that have been read stay, and are not sorted any more.
+    // The lines that have been read stay, in the order of the file.
     section.records = {RecordsAsWritten(parser.patterns, *texts), texts};
     section.records.Edit();
     throw;

@@ -28,7 +28,7 @@ constexpr std::array<bool, 256> plainBytes = [] {
   return plain;
 }();
 
-// Whether one of those two begins another character here.
+// Whether one of those two begins a character here that needs no escape.
 bool BeginsPlain(std::string_view text) {
   const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   if (byte(0) == leadOfTerminators) return byte(1) != 0x80 || (byte(2) | 1) != 0xA9;

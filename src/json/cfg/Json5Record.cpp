@@ -2,7 +2,6 @@
 
 #include <cwchar>
 #include <functional>
-#include <utility>
 
 #include "Json5Text.h"
 

@@ -115,7 +115,7 @@ class Json5Record {
   std::pmr::deque<Json5RecordItem> items{&memory};
   std::pmr::deque<Json5RecordParam> params{&memory};
   std::pmr::deque<std::unique_ptr<const wchar_t[]>> adopted{&memory};
-  std::size_t current = 0;  // the item, by its place, that the last of `items` is
+  std::size_t current = 0;  // the place of the item that the last of `items` goes on with
   std::string bytes;        // of the text that was kept last
 };
 

@@ -1,7 +1,6 @@
 #include "Json5Text.h"
 
 #include <cstddef>
-#include <cstdint>
 
 #include "editor/Utf8.h"
 

@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "Json5Cursor.h"
 #include "Json5Items.h"
 #include "Json5Put.h"
 #include "Json5Record.h"
@@ -15,8 +16,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-bool IsLineTerminator(wchar_t unit) {
-  return unit == L'\n' || unit == L'\r' || unit == 0x2028 || unit == 0x2029;
+bool EndsLine(wchar_t unit) {
+  return IsLineTerminator(static_cast<std::uint32_t>(unit));
 }
 
 // What stands behind an entry with this comment that another entry follows. A comment ends with its
@@ -24,7 +25,7 @@ bool IsLineTerminator(wchar_t unit) {
 std::string FormatComment(std::wstring_view comment) {
   if (comment.empty()) return ",";
   std::wstring line(comment);
-  std::replace_if(line.begin(), line.end(), IsLineTerminator, L' ');
+  std::replace_if(line.begin(), line.end(), EndsLine, L' ');
   std::string bytes = ", // ";
   return AppendUtf8(bytes, line) ? bytes : ", // ";
 }
