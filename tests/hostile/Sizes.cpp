@@ -2,7 +2,8 @@
 // prints a line for each, with tabs between the columns:
 //
 //   reader, input, size, seconds at half the size, seconds, bytes of the file, peak bytes of
-//   memory, bytes of stack, what twice the size may cost, the rule that makes it so
+//   memory at half the size, peak bytes, bytes of stack at half the size, bytes of stack, what
+//   twice the size may cost, the rule that makes it so
 //
 //   hostile_sizes [TEXT]   those cases alone whose reader or input has the text in it
 
@@ -45,9 +46,9 @@ void Print(const HostileCase& input) {
   Cost ofHalf;
   Cost ofFull;
   MeasureBoth(half, full, input.most, ofHalf, ofFull);
-  std::printf("%s\t%s\t%zu\t%.6f\t%.6f\t%zu\t%zu\t%zu\t%g\t%s\n", input.reader, input.input,
-              input.size, ofHalf.seconds, ofFull.seconds, full.FileSize(), ofFull.peak,
-              ofFull.stack, input.most, input.rule);
+  std::printf("%s\t%s\t%zu\t%.6f\t%.6f\t%zu\t%zu\t%zu\t%zu\t%zu\t%g\t%s\n", input.reader,
+              input.input, input.size, ofHalf.seconds, ofFull.seconds, full.FileSize(), ofHalf.peak,
+              ofFull.peak, ofHalf.stack, ofFull.stack, input.most, input.rule);
   std::fflush(stdout);
 }
 
