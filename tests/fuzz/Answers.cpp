@@ -423,3 +423,15 @@ std::wstring AnswersOf(const Naive::Editor& naive, const Questions& questions) {
          Written(UpToNul(L" " + naive.startMark)) + Written(UpToNul(naive.endMark + L" ")) + L"\n";
   return all + OfDomens(naive, naive, questions);
 }
+
+void CheckDomenFile(const std::wstring& file, const std::string& bytes) {
+  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor(L"", L"");
+  Naive::Editor naive;
+  Check(editor.CreateDomen(file.c_str()) == naive.CreateDomen(file), "the status of the load");
+  const Questions questions = QuestionsOf(bytes);
+  CheckSame("the answers", AnswersOf(editor, naive, questions), AnswersOf(naive, questions));
+  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll copy(editor);
+  const Naive::Editor naiveCopy(naive);
+  CheckSame("the answers of a copy", AnswersOf(copy, naiveCopy, questions),
+            AnswersOf(naiveCopy, questions));
+}

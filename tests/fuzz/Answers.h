@@ -30,3 +30,7 @@ std::wstring AnswersOf(TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll&
                        const Questions& questions);
 std::wstring AnswersOf(const TolvenLibs::RevitMappingEditorDll::Naive::Editor& naive,
                        const Questions& questions);
+
+// Loads a domain file of these bytes into an editor of either kind, and checks that they and their
+// copies answer alike.
+void CheckDomenFile(const std::wstring& file, const std::string& bytes);

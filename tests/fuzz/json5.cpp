@@ -55,14 +55,6 @@ void CheckStore(const std::wstring& file, const std::string& bytes) {
   CheckSame("a copy of the store", Describe(copy), Describe(Naive::CopyOf(expected)));
 }
 
-void CheckEditor(const std::wstring& file, const std::string& bytes) {
-  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor(L"", L"");
-  Naive::Editor naive;
-  Check(editor.CreateDomen(file.c_str()) == naive.CreateDomen(file), "the status of the load");
-  const Questions questions = QuestionsOf(bytes);
-  CheckSame("the answers", AnswersOf(editor, naive, questions), AnswersOf(naive, questions));
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -73,6 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckTree(bytes, text);
   const std::wstring file = folder.Write("domen.json", bytes);
   CheckStore(file, bytes);
-  CheckEditor(file, bytes);
+  CheckDomenFile(file, bytes);
   return 0;
 }

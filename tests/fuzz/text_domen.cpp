@@ -32,14 +32,6 @@ void CheckStore(const std::wstring& file, const std::string& bytes) {
   CheckSame("a copy of the copy", Describe(loaded), Describe(Naive::CopyOf(expected)));
 }
 
-void CheckEditor(const std::wstring& file, const std::string& bytes) {
-  ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor(L"", L"");
-  Naive::Editor naive;
-  Check(editor.CreateDomen(file.c_str()) == naive.CreateDomen(file), "the status of the load");
-  const Questions questions = QuestionsOf(bytes);
-  CheckSame("the answers", AnswersOf(editor, naive, questions), AnswersOf(naive, questions));
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -47,6 +39,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::wstring file = folder.Write("domens.txt", bytes);
   CheckStore(file, bytes);
-  CheckEditor(file, bytes);
+  CheckDomenFile(file, bytes);
   return 0;
 }
