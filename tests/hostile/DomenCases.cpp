@@ -1,3 +1,5 @@
+#include <map>
+
 #include "hostile/Case.h"
 
 namespace {
@@ -119,6 +121,17 @@ HostileCases DomenCases() {
        },
        [](Subject& subject) { Require(DomenIds(subject).size() == subject.size, "the domains"); },
        sorted, 2.7},
+      // What the same names take without any reader.
+      {"std::map", "names that begin alike, out of order", 1'000'000, "", nullptr,
+       [](Subject& subject) {
+         std::map<std::wstring, std::size_t> names;
+         for (std::size_t i = 0; i < subject.size; ++i) {
+           const std::string name = LongName(Shuffled(i, subject.size));
+           names.emplace(std::wstring(name.begin(), name.end()), i);
+         }
+         Require(names.size() == subject.size, "all names");
+       },
+       "it keeps them in order", 2.7},
       DomenSection(
           "object types, and properties that take them", 2'000,
           [](std::size_t size) {
