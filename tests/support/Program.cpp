@@ -13,6 +13,11 @@ std::string ReadBytes(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+std::optional<std::string> ReadBytesIfThere(const fs::path& path) {
+  if (!fs::exists(path)) return std::nullopt;
+  return ReadBytes(path);
+}
+
 std::string WithoutCarriageReturns(std::string text) {
   std::erase(text, '\r');
   return text;

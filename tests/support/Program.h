@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 struct Outcome {
@@ -11,6 +12,9 @@ struct Outcome {
 
 // All bytes of a file; none if it can't be read.
 std::string ReadBytes(const std::filesystem::path& path);
+
+// The same, or nothing if there is no such file.
+std::optional<std::string> ReadBytesIfThere(const std::filesystem::path& path);
 
 // What a program printed, with the line ends that it would have anywhere.
 std::string WithoutCarriageReturns(std::string text);
