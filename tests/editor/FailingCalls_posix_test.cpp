@@ -39,15 +39,17 @@ struct Replaced {
 
   void Replace() const { ReplaceBy(path.wstring(), newBytes); }
 
-  // The folder holds what it held, and nothing else.
-  bool AsBefore() const {
-    return old ? ReadBytes(path) == oldBytes && Files() == 1 && Mode() == 0640 : Files() == 0;
+  bool HoldsOld() const {
+    return old ? ReadBytes(path) == oldBytes && Mode() == 0640 : !fs::exists(path);
   }
 
+  bool HoldsNew() const { return ReadBytes(path) == newBytes && (!old || Mode() == 0640); }
+
+  // The folder holds what it held, and nothing else.
+  bool AsBefore() const { return HoldsOld() && Files() == (old ? 1 : 0); }
+
   // The folder holds the new file, and nothing else.
-  bool Done() const {
-    return ReadBytes(path) == newBytes && Files() == 1 && (!old || Mode() == 0640);
-  }
+  bool Done() const { return HoldsNew() && Files() == 1; }
 
   long Files() const {
     return std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator());
@@ -85,7 +87,8 @@ TEST(ReplaceWholeFile, SaysWhyACallFailed) {
     std::string_view call;
     int error;
   };
-  const Case cases[] = {{"lstat", EACCES}, {"stat", ELOOP},    {"open", EACCES}, {"write", ENOSPC},
+  const Case cases[] = {{"lstat", EACCES}, {"stat", ELOOP},    {"faccessat", EROFS},
+                        {"realpath", EIO}, {"open", EACCES},   {"write", ENOSPC},
                         {"fchmod", EPERM}, {"linkat", EMLINK}, {"rename", EXDEV}};
   for (const auto& [call, error] : cases) {
     const Replaced replaced(true);
@@ -132,6 +135,72 @@ TEST(ReplaceWholeFile, GivesUpWhereTheNameOnTheWayStaysTaken) {
   const Faults taken{.call = "linkat", .failIn = 1, .times = 1000, .error = EEXIST};
   EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), EBUSY);
   EXPECT_TRUE(replaced.AsBefore());
+}
+
+TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWhicheverCallFailsAndNothingCanBeRemoved) {
+  for (const bool old : {true, false}) {
+    for (const int unnamedError : {0, EOPNOTSUPP}) {
+      int left = 0;
+      bool failed = true;
+      for (int n = 1; failed; ++n) {
+        const Replaced replaced(old);
+        const Faults planned{.failIn = n, .unnamedError = unnamedError, .unlinkError = EPERM};
+        const FaultyWork outcome = With(planned, [&] { replaced.Replace(); });
+        failed = outcome.callFailed;
+        EXPECT_TRUE(outcome.error == 0 ? replaced.Done() : replaced.HoldsOld()) << n;
+        EXPECT_TRUE(outcome.error == 0 || outcome.error == EIO) << outcome.error;
+        left += replaced.Files() - fs::exists(replaced.path) == 1;
+      }
+      EXPECT_EQ(left != 0, old || unnamedError != 0) << "a file without a name goes by itself";
+    }
+  }
+}
+
+// Who has the name on the way in use can't be told, so nobody waits for it to be free.
+TEST(ReplaceWholeFile, RemovesTheNextTimeWhatItCouldNotRemove) {
+  const Replaced replaced(true);
+  const auto replace = [&] { replaced.Replace(); };
+  const Faults first{.call = "rename", .failIn = 1, .error = EXDEV, .unlinkError = EPERM};
+  EXPECT_EQ(ErrorOf(first, replace), EXDEV) << "why, and not what came of it";
+  EXPECT_TRUE(replaced.HoldsOld() && replaced.Files() == 2);
+  EXPECT_EQ(ErrorOf({.unlinkError = EPERM}, replace), EBUSY);
+  EXPECT_TRUE(replaced.HoldsOld() && replaced.Files() == 2);
+  const FaultyWork last = With({.call = "unlink", .failIn = 1}, replace);
+  EXPECT_TRUE(last.callFailed && last.error == 0) << "it tries again";
+  EXPECT_TRUE(replaced.Done());
+}
+
+// Under a name that the next replacement doesn't take.
+TEST(ReplaceWholeFile, LeavesWhatItCannotRemoveWhereFilesNeedNames) {
+  for (const bool old : {true, false}) {
+    for (const char* call : {"write", "rename"}) {
+      const Replaced replaced(old);
+      const auto replace = [&] { replaced.Replace(); };
+      const Faults planned{.call = call,
+                           .failIn = 1,
+                           .error = ENOSPC,
+                           .unnamedError = EOPNOTSUPP,
+                           .unlinkError = EPERM};
+      EXPECT_EQ(ErrorOf(planned, replace), ENOSPC) << call;
+      EXPECT_TRUE(replaced.HoldsOld() && replaced.Files() == 1 + old) << call;
+      EXPECT_EQ(ErrorOf({.unnamedError = EOPNOTSUPP}, replace), 0) << call;
+      EXPECT_TRUE(replaced.HoldsNew() && replaced.Files() == 2) << call;
+    }
+  }
+}
+
+// All bytes are written by then, and have their place.
+TEST(ReplaceWholeFile, IsDoneWhereOnlyTheEndOfTheFileFails) {
+  for (const bool old : {true, false}) {
+    for (const int unnamedError : {0, EOPNOTSUPP}) {
+      const Replaced replaced(old);
+      const Faults planned{.call = "close", .failIn = 1, .unnamedError = unnamedError};
+      const FaultyWork outcome = With(planned, [&] { replaced.Replace(); });
+      EXPECT_TRUE(outcome.callFailed);
+      EXPECT_EQ(outcome.error, 0);
+      EXPECT_TRUE(replaced.Done()) << old << ' ' << unnamedError;
+    }
+  }
 }
 
 TEST(ReplaceWholeFile, WritesOnWhereACallWritesLessOrIsInterrupted) {
@@ -228,6 +297,16 @@ TEST(ReadFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
   EXPECT_TRUE(ReadWith(file, interrupted) == newBytes);
 }
 
+// Neither whether the path is a folder, nor how the end of the file went, changes what was read.
+TEST(ReadFile, GivesAllBytesWhereACallBesideTheReadingFails) {
+  const TempFolder folder;
+  const std::wstring file = folder.Write("a", newBytes);
+  for (const char* call : {"stat", "close"}) {
+    EXPECT_TRUE(ReadWith(file, {.call = call, .failIn = 1}) == newBytes) << call;
+  }
+  EXPECT_EQ(ReadWith(file, {.call = "open", .failIn = 1}), "no file");
+}
+
 TEST(ReadFile, NeedsNotBeToldTheSizeOfTheFile) {
   const TempFolder folder;
   for (const std::size_t size : {0u, 4095u, 4096u, 4097u, 8192u, 100'000u}) {
@@ -247,6 +326,7 @@ TEST(ReadWholeFile, RaisesWhereItCannotBeOpenedOrReadToItsEnd) {
     EXPECT_EQ(ErrorOf({.call = "read", .failIn = n, .portion = 1000}, read), EIO) << n;
   }
   EXPECT_EQ(ErrorOf({.call = "read", .failIn = 10, .portion = 1000}, read), 0);
+  EXPECT_EQ(ErrorOf({.call = "close", .failIn = 1}, read), 0);
 }
 
 TEST(ReadWholeFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {

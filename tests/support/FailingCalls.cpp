@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 constinit thread_local Faults faults;
 
@@ -63,6 +65,27 @@ int open(const char* path, int flags, ...) {
   return Fails("open") ? -1 : openat(AT_FDCWD, path, flags, mode);
 }
 
+// The descriptor is free again even if the call fails.
+int close(int file) {
+  const int closed = static_cast<int>(syscall(SYS_close, file));
+  return Fails("close") ? -1 : closed;
+}
+
+int faccessat(int folder, const char* path, int mode, int flags) noexcept {
+  if (Fails("faccessat")) return -1;
+  return static_cast<int>(syscall(SYS_faccessat2, folder, path, mode, flags));
+}
+
+// `canonicalize_file_name` is the same with a buffer of its own.
+char* realpath(const char* path, char* resolved) noexcept {
+  if (Fails("realpath")) return nullptr;
+  char* const found = canonicalize_file_name(path);
+  if (!found || !resolved) return found;
+  std::strcpy(resolved, found);
+  std::free(found);
+  return resolved;
+}
+
 int fchmod(int file, mode_t mode) noexcept {
   return Fails("fchmod") ? -1 : static_cast<int>(syscall(SYS_fchmod, file, mode));
 }
@@ -74,6 +97,14 @@ int linkat(int fromFolder, const char* from, int toFolder, const char* to, int f
 
 int rename(const char* from, const char* to) noexcept {
   return Fails("rename") ? -1 : renameat(AT_FDCWD, from, AT_FDCWD, to);
+}
+
+int unlink(const char* path) noexcept {
+  if (faults.unlinkError != 0) {
+    errno = faults.unlinkError;
+    return -1;
+  }
+  return Fails("unlink") ? -1 : unlinkat(AT_FDCWD, path, 0);
 }
 
 int stat(const char* path, struct stat* status) noexcept {

@@ -15,6 +15,7 @@ struct Faults {
   int times = 1;               // how many calls fail in a row from there
   int error = EIO;             // what `errno` is then
   int unnamedError = 0;        // the same whenever a file without a name is asked for, 0 for none
+  int unlinkError = 0;         // the same whenever a file is to be removed, 0 for none
   std::size_t portion = 0;     // the most that one call reads or writes, 0 for no limit
 };
 
