@@ -19,19 +19,11 @@ namespace {
 using Editor = TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
 namespace Naive = TolvenLibs::RevitMappingEditorDll::Naive;
 
-template <class AnEditor>
-int Load(AnEditor& editor, const std::string& fileName, const std::wstring& file) {
-  if (fileName != "scheme.txt") return editor.CreateDomen(file.c_str());
-  const int status = editor.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str());
-  EXPECT_EQ(editor.SetActiveClassificator(L"S"), 0);
-  return status;
-}
-
 bool SameAnswers(const TempFolder& folder, const std::string& fileName, const std::string& bytes) {
   const std::wstring file = folder.Write(fileName, bytes);
   Editor editor(L"", L"");
   Naive::Editor naive;
-  if (Load(editor, fileName, file) != Load(naive, fileName, file)) return false;
+  if (LoadRich(editor, fileName, file) != LoadRich(naive, fileName, file)) return false;
   return AnswersOf(editor, naive, richQuestions) == AnswersOf(naive, richQuestions);
 }
 
@@ -86,7 +78,7 @@ TEST(DamagedFiles, AgreeWithTheNaiveFormsWhicheverByteIsMissing) {
 TEST(DamagedFiles, AreWholeAtFirst) {
   const TempFolder folder;
   Editor editor(L"", L"");
-  ASSERT_EQ(Load(editor, "scheme.txt", folder.Write("scheme.txt", richScheme)), 0);
+  ASSERT_EQ(LoadRich(editor, "scheme.txt", folder.Write("scheme.txt", richScheme)), 0);
   const wchar_t* const mapping = editor.GetMappingStr(L"BASIC WALLS", 1, L"=");
   EXPECT_EQ(std::wstring(mapping), L"Code W10;P= 7 red;LIST= 1 2;TEXT= один 25;");
   delete[] mapping;

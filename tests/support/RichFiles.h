@@ -2,6 +2,9 @@
 
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <string>
 #include <string_view>
 
 #include "fuzz/Answers.h"
@@ -77,6 +80,15 @@ struct RichFile {
 
 inline constexpr RichFile richFiles[] = {
     {"scheme.txt", richScheme}, {"domens.txt", richDomens}, {"domen.json", richJson}};
+
+// Loads one of them, or what was made of it, into an editor of the library or one of naive forms.
+template <class AnEditor>
+int LoadRich(AnEditor& editor, std::string_view fileName, const std::wstring& file) {
+  if (fileName != "scheme.txt") return editor.CreateDomen(file.c_str());
+  const int status = editor.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str());
+  EXPECT_EQ(editor.SetActiveClassificator(L"S"), 0);
+  return status;
+}
 
 // In capitals, which no locale changes.
 inline const Questions richQuestions = {
