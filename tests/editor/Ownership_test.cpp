@@ -1162,6 +1162,7 @@ TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
       const long before = heap.blocks;
       {
         Editor copy(*editor);
+        Answers(copy);  // what it remembers of them must not show later
         Results results;
         const Attempt attempt = RunFailing(n, [&] { change.run(copy, results); });
         complete = !attempt.failed;
