@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "editor/Files.h"
 #include "editor/Utf8.h"
@@ -39,13 +40,18 @@ void Check(bool succeeded) {
   if (!succeeded) ThrowError(errno);
 }
 
-// An open file, closed with its scope.
+// An open file, closed with its scope at the latest.
 class Descriptor {
  public:
   explicit Descriptor(int opened) : number(opened) { Check(opened >= 0); }
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(number); }
+  ~Descriptor() {
+    if (number >= 0) close(number);
+  }
+
+  // A file system that writes later than it was told to may say only here that it could not.
+  void Close() { Check(close(std::exchange(number, -1)) == 0); }
 
   int Number() const { return number; }
 
@@ -190,10 +196,11 @@ int OpenBeside(const Target& target, fs::path& name) {
 // The way for all other file systems: a file under a name that nobody else uses.
 void ReplaceByNamed(const Target& target, const WriteBytes& write) {
   fs::path beside;
-  const Descriptor file(OpenBeside(target, beside));
+  Descriptor file(OpenBeside(target, beside));
   try {
     file.WriteAll(write);
     if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
+    file.Close();
   } catch (...) {
     unlink(beside.c_str());
     throw;
