@@ -591,7 +591,9 @@ class Ownership : public testing::Test {
     }
   }
 
-  void TearDown() override { RecordProperty("allocations", static_cast<int>(dearest)); }
+  void TearDown() override {
+    if (dearest != 0) RecordProperty("allocations", static_cast<int>(dearest));
+  }
 
   // An editor of the same, that hasn't been asked anything.
   Editor Unasked() const {
