@@ -8,6 +8,6 @@ constexpr int statusDone = 0;
 constexpr int statusAbsent = -1;  // no such file, id or name, or an extension no reader takes
 constexpr int statusNothingToChoose = 1;
 constexpr int statusNotOpened = 2;  // the file exists but could not be opened
-constexpr int statusException = 3;  // caught in a read; of a text file what was read until then stays
+constexpr int statusException = 3;  // caught in a read; a text file leaves what it gave until then
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
