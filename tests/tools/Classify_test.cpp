@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <string>
 #include <system_error>
 
@@ -307,12 +306,17 @@ TEST_F(Classify, SaysThatAnExportLeftAnOlderOne) {
                "==DOMEN\n@@@ D\n@ GRADE 0 1 Grade\nRating int 1 0\nClass str 1 none\n");
   fs::permissions(folder.Path(), fs::perms::all);
   fs::permissions(target, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
-  std::optional<PlainUser> plainUser(std::in_place);
-  const bool closed = Run("--help").status == 0 && !std::ofstream(target, std::ios::app);
-  const Outcome outcome = Run("--domen domain.txt export D out.json");
-  plainUser.reset();
+  bool closed = false;
+  Outcome outcome = {};
+  try {
+    const PlainUser plainUser;
+    closed = Run("--help").status == 0 && !std::ofstream(target, std::ios::app);
+    outcome = Run("--domen domain.txt export D out.json");
+  } catch (const fs::filesystem_error&) {
+    closed = false;
+  }
   fs::permissions(target, fs::perms::owner_all);
-  if (!closed) GTEST_SKIP() << "no file is closed to this user, or the program is";
+  if (!closed) GTEST_SKIP() << "no file is closed to this user, or the program and all folders are";
   EXPECT_EQ(outcome.status, 7);
   EXPECT_TRUE(outcome.errors.starts_with("classify: Target \"out.json\" could not be written.\n"))
       << outcome.errors;
