@@ -87,7 +87,7 @@ class CodeIndex {
   std::vector<Entry> entries;  // none if they would crowd
   std::size_t usedEntries = 0;
   std::vector<std::uint64_t> filter;  // a bit for each hash, so that most others needn't be sought
-  std::uint64_t filterMask;           // makes the place of one of its words of a hash
+  std::uint64_t filterMask;           // turns a hash into the place of a word of it
   Lengths firstLengths = 0;
 };
 
