@@ -43,6 +43,7 @@ class RevitMappingEditorConan(ConanFile):
 
     def generate(self):
         toolchain = CMakeToolchain(self)
+        toolchain.cache_variables["CMAKE_COMPILE_WARNING_AS_ERROR"] = False
         toolchain.cache_variables["REVIT_MAPPING_EDITOR_INSTALL"] = True
         toolchain.cache_variables["REVIT_MAPPING_EDITOR_TESTS"] = False
         toolchain.cache_variables["REVIT_MAPPING_EDITOR_TOOLS"] = False
