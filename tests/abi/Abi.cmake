@@ -15,14 +15,20 @@ if(NOT CMAKE_CROSSCOMPILING)  # it is the same wherever the library runs
     -D OBJECT=${CMAKE_CURRENT_BINARY_DIR}/MsvcNames.obj)
 endif()
 
+set(written_names ${CMAKE_CURRENT_SOURCE_DIR}/abi/itanium_names.txt)
+set(lister "")
+if(MSVC)
+  set(written_names ${CMAKE_CURRENT_SOURCE_DIR}/abi/msvc/names.txt)
+elseif(NOT WIN32)
+  set(lister -D NM=${CMAKE_NM})
+endif()
+add_abi_check(ExportsAreTheWrittenOnes Exports.cmake
+  -D LIBRARY=$<TARGET_FILE:RevitMappingEditorDll> -D NAMES=${written_names} ${lister})
+
 if(MINGW)
-  add_abi_check(ExportsAreTheWrittenOnes Exports.cmake
-    -D LIBRARY=$<TARGET_FILE:RevitMappingEditorDll> -D OBJDUMP=${CMAKE_OBJDUMP})
   add_abi_check(SourcesGiveNoWarnings Strict.cmake
     -D CLANG=${ABI_CLANG} -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR} -D TARGET=x86_64-w64-mingw32)
 elseif(NOT WIN32)
-  add_abi_check(ExportsAreTheWrittenOnes Exports.cmake
-    -D LIBRARY=$<TARGET_FILE:RevitMappingEditorDll> -D NM=${CMAKE_NM})
   add_abi_check(SourcesGiveNoWarnings Strict.cmake
     -D CLANG=${ABI_CLANG} -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR})
 endif()

@@ -1,12 +1,13 @@
-// Refers to every public member of the exported class once, so that the object file names them all
-// as undefined symbols. It is compiled for Microsoft's ABI against the stand-ins for the standard
-// headers in the folder `standard`, and never linked.
+// Refers to every export once, so that the object file names them all as undefined symbols. It is
+// compiled for Microsoft's ABI against the stand-ins for the standard headers in the folder
+// `standard`, and never linked.
 
 #include "RevitMappingEditorDll.h"
+#include "RevitMappingEditorRelease.h"
 
 using TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
 
-void UseAllMembers(const wchar_t* text, const wchar_t** texts, int number, int* numbers,
+void UseAllExports(const wchar_t* text, const wchar_t** texts, int number, int* numbers,
                    bool* flags) {
   RevitMappingEditorDll editor(text, text);
   RevitMappingEditorDll copy(editor);
@@ -45,4 +46,6 @@ void UseAllMembers(const wchar_t* text, const wchar_t** texts, int number, int* 
   editor.GetDomenPropertyFieldsValues(text, text, number, texts, texts, numbers, flags, texts);
   editor.GetDomenPropertiesCheckInfo(text, number, texts, flags, numbers, flags);
   editor.ExportJson(text, text);
+
+  RevitMappingEditorRelease(text);
 }
