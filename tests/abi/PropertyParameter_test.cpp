@@ -6,22 +6,77 @@
 
 #include <cstddef>
 #include <cstring>
+#include <set>
+#include <string>
 
 namespace TolvenLibs::RevitMappingEditorDll::Properties {
 namespace {
 
-// In the Itanium ABI a pointer to a virtual member holds one more than the offset of its place.
-template <class Member>
-std::ptrdiff_t SlotOf(Member member) {
-  std::ptrdiff_t offset = 0;
-  std::memcpy(&offset, &member, sizeof offset);
-  return (offset - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+using Places = std::set<std::size_t>;
+
+// The destructor takes the places behind the three operations: in the Itanium ABI one for the
+// object alone and one for the object and its memory, in Microsoft's one for both purposes.
+#ifdef _MSC_VER
+const Places ofDestructor = {3};
+#else
+const Places ofDestructor = {3, 4};
+#endif
+
+int destroyed = 0;
+
+// Has a destructor of its own, and the operations of its base.
+class Derived : public PropertyIntParameter {
+ public:
+  Derived() : PropertyIntParameter(L"", L"", false) {}
+  Derived(const Derived&) = delete;
+  Derived& operator=(const Derived&) = delete;
+  ~Derived() override { ++destroyed; }
+};
+
+class WithOwnCheckValue : public Derived {
+ public:
+  bool CheckValue(std::wstring text) override { return text == L"checked"; }
+};
+
+class WithOwnSetValue : public Derived {
+ public:
+  bool SetValue(std::wstring text) override { return text == L"set"; }
+};
+
+class WithOwnGetValue : public Derived {
+ public:
+  std::wstring GetValue() override { return L"got"; }
+};
+
+// In both ABIs an object begins with a pointer to its table.
+const void* const* TableOf(const PropertyParameter& parameter) {
+  const void* const* table = nullptr;
+  std::memcpy(&table, &parameter, sizeof table);
+  return table;
 }
 
-TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlaces) {
-  EXPECT_EQ(SlotOf(&PropertyParameter::CheckValue), 0);
-  EXPECT_EQ(SlotOf(&PropertyParameter::SetValue), 1);
-  EXPECT_EQ(SlotOf(&PropertyParameter::GetValue), 2);
+// The places in which the tables of two objects differ.
+Places Differences(const PropertyParameter& one, const PropertyParameter& other) {
+  Places places;
+  for (std::size_t place = 0; place <= *ofDestructor.rbegin(); ++place) {
+    if (TableOf(one)[place] != TableOf(other)[place]) places.insert(place);
+  }
+  return places;
+}
+
+Places WithDestructor(std::size_t place) {
+  Places places = ofDestructor;
+  places.insert(place);
+  return places;
+}
+
+TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlacesAndItsDestructorBehindThem) {
+  const PropertyIntParameter base(L"", L"", false);
+  EXPECT_EQ(Differences(base, PropertyIntParameter(L"", L"", false)), Places());
+  EXPECT_EQ(Differences(base, Derived()), ofDestructor);
+  EXPECT_EQ(Differences(base, WithOwnCheckValue()), WithDestructor(0));
+  EXPECT_EQ(Differences(base, WithOwnSetValue()), WithDestructor(1));
+  EXPECT_EQ(Differences(base, WithOwnGetValue()), WithDestructor(2));
 }
 
 TEST(PropertyParameterAbi, HasItsMembersInTheirOrderBehindThePlaceOfTheOperations) {
