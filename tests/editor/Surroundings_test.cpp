@@ -13,6 +13,7 @@
 #include <system_error>
 #include <vector>
 
+#include "classify/Environment.h"
 #include "support/CurrentFolder.h"
 #include "support/RichSession.h"
 #include "support/UpperFails.h"
@@ -224,8 +225,7 @@ void SetZone(const char* zone) {
 }
 
 TEST(Surroundings, ChangeNoAnswerByTheTimeZone) {
-  const char* const set = std::getenv("TZ");
-  const std::string before = set ? set : "";
+  const std::string before = EnvironmentVariable("TZ");
   const RichSession session;
   const std::string expected = session.AnswersOfNewEditor();
   for (const char* zone : {"UTC0", "MSK-3", "EST5EDT", "Asia/Kathmandu", "no such zone", ""}) {

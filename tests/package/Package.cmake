@@ -12,34 +12,20 @@ add_test(NAME Package.IsInstalled
           -P ${CMAKE_CURRENT_LIST_DIR}/Install.cmake)
 set_tests_properties(Package.IsInstalled PROPERTIES FIXTURES_SETUP package)
 
-# The client gets the compiler, and flags like those for a sanitizer, which hold for a whole process.
-# An emulator is passed to it as a command, so that it doesn't set up one of its own.
-set(client_options
-  -DCMAKE_BUILD_TYPE=$<CONFIG>
-  -DCMAKE_CXX_FLAGS=${CMAKE_CXX_FLAGS}
-  -DCMAKE_PREFIX_PATH=${package}/installed
-  -DCMAKE_FIND_USE_PACKAGE_REGISTRY=FALSE)
-if(CMAKE_TOOLCHAIN_FILE)
-  list(APPEND client_options -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
-else()
-  list(APPEND client_options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
-endif()
 set(client ${package}/addin/addin${CMAKE_EXECUTABLE_SUFFIX})
 if(CMAKE_CONFIGURATION_TYPES)
   set(client ${package}/addin/$<CONFIG>/addin${CMAKE_EXECUTABLE_SUFFIX})
 endif()
-set(platform_options "")
-if(CMAKE_GENERATOR_PLATFORM)
-  set(platform_options --build-generator-platform ${CMAKE_GENERATOR_PLATFORM})
-endif()
 
+# An emulator is passed to the client as a command, so that it doesn't set up one of its own.
 add_test(NAME Package.ServesAClientThatIsBuiltAgainstIt
   COMMAND ${CMAKE_CTEST_COMMAND}
           --build-and-test ${PROJECT_SOURCE_DIR}/examples/addin ${package}/addin
-          --build-generator ${CMAKE_GENERATOR} ${platform_options}
+          ${like_this}
           --build-makeprogram ${CMAKE_MAKE_PROGRAM}
-          --build-config $<CONFIG>
-          --build-options ${client_options}
+          --build-options ${options_like_this}
+                          -DCMAKE_PREFIX_PATH=${package}/installed
+                          -DCMAKE_FIND_USE_PACKAGE_REGISTRY=FALSE
           --test-command ${CMAKE_CROSSCOMPILING_EMULATOR} ${client}
                          ${package}/installed/${CMAKE_INSTALL_DATADIR}/RevitMappingEditorDll/data)
 set_tests_properties(Package.ServesAClientThatIsBuiltAgainstIt PROPERTIES
@@ -52,6 +38,17 @@ if(NOT MSVC AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
             -D LIBRARY=$<TARGET_FILE:RevitMappingEditorDll>
             -D FOLDERS=${PROJECT_SOURCE_DIR},${PROJECT_BINARY_DIR}
             -P ${CMAKE_CURRENT_LIST_DIR}/Folders.cmake)
+endif()
+
+# It is the same wherever the library runs, and takes a generator that writes commands down.
+if(NOT CMAKE_CROSSCOMPILING AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
+  add_test(NAME Package.WarningsAreErrorsForItsDevelopersAlone
+    COMMAND ${CMAKE_COMMAND}
+            -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+            -D WORK=${package}/warnings
+            -D GENERATOR=${CMAKE_GENERATOR}
+            -D COMPILER=${CMAKE_CXX_COMPILER}
+            -P ${CMAKE_CURRENT_LIST_DIR}/Warnings.cmake)
 endif()
 
 if(MINGW)

@@ -11,9 +11,8 @@
 #endif
 
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
 
+#include "Environment.h"
 #include "Wide.h"
 
 namespace {
@@ -60,7 +59,7 @@ bool StandardErrorIsTerminal() {
 }
 
 bool TerminalTakesColours() {
-  const char* says = std::getenv("COLORTERM");
-  if (!says || !IsTerminal(stdout)) return false;
-  return says == std::string_view("truecolor") || says == std::string_view("24bit");
+  if (!IsTerminal(stdout)) return false;
+  const std::string says = EnvironmentVariable("COLORTERM");
+  return says == "truecolor" || says == "24bit";
 }

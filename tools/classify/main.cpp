@@ -5,12 +5,12 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <locale>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "Elements.h"
@@ -62,8 +62,8 @@ Summary Classify(RevitMappingEditorDll& editor, const Options& options,
 void Print(const std::string& output) {
   const std::size_t written = std::fwrite(output.data(), 1, output.size(), stdout);
   if (written == output.size() && std::fflush(stdout) == 0) return;
-  throw Failure{failedOutput,
-                std::string("The output could not be written: ") + std::strerror(errno) + "."};
+  const std::string reason = std::generic_category().message(errno);
+  throw Failure{failedOutput, "The output could not be written: " + reason + "."};
 }
 
 std::string ListAll(RevitMappingEditorDll& editor, const Options& options) {
