@@ -2,10 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+
 #include "support/Documents.h"
 #include "support/Program.h"
+#include "support/Utf8Path.h"
 
 namespace {
+
+const std::filesystem::path sources = Utf8Path(SOURCE_FOLDER);
 
 // Where the last line of a text begins.
 std::size_t LastLine(const std::string& text) {
@@ -13,19 +19,19 @@ std::size_t LastLine(const std::string& text) {
 }
 
 TEST(Readme, TheProgramPrintsWhatStandsBelowIt) {
-  const Outcome outcome = RunProgram(README_PROGRAM, "", SOURCE_FOLDER);
+  const Outcome outcome = RunProgram(README_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("README.md", "text output"));
 }
 
 TEST(ApiGuide, TheExamplesPrintWhatStandsBelowThem) {
-  const Outcome outcome = RunProgram(API_PROGRAM, "", SOURCE_FOLDER);
+  const Outcome outcome = RunProgram(API_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("docs/api.md", "text output"));
 }
 
 TEST(ApiGuide, HasAChapterOrSectionForEachExport) {
-  const std::string guide = ReadBytes(std::string(SOURCE_FOLDER) + "/docs/api.md");
+  const std::string guide = ReadBytes(sources / "docs/api.md");
   std::string headings;
   for (const std::string& line : Lines(guide)) {
     if (line.starts_with("#")) headings += line + "\n";
@@ -67,7 +73,7 @@ TEST(Readme, TheDemoShowsTheFirstElementsAndTheSummary) {
   const Outcome outcome = RunProgram(
       CLASSIFY_PROGRAM,
       "--classificator data/uniformat.txt --domen data/domens.txt --column 2 data/elements.tsv",
-      SOURCE_FOLDER);
+      sources);
   EXPECT_EQ(outcome.status, 0);
   const std::string demo = BlocksOfKind("README.md", "text demo");
   const std::size_t gap = demo.find("...\n\n");

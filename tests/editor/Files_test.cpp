@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "support/CurrentFolder.h"
+#include "support/Links.h"
 #include "support/PlainUser.h"
 #include "support/TempFolder.h"
 
@@ -22,13 +23,6 @@ namespace fs = std::filesystem;
 using namespace std::string_literals;
 
 const std::wstring loneSurrogate(1, wchar_t{0xD83D});
-
-// A link to itself at `path`; false where no links can be made.
-bool MakeLinkLoop(const fs::path& path) {
-  std::error_code error;
-  fs::create_symlink(path.filename(), path, error);
-  return !error;
-}
 
 // Takes all rights away from a file or folder for as long as it lives.
 class Refused {
@@ -75,15 +69,15 @@ TEST(Exists, TakesAPathThatIsTooLongAsPlainAbsence) {
 
 TEST(Exists, TakesALinkToNothingAsAbsence) {
   const TempFolder folder;
-  std::error_code error;
-  fs::create_symlink("nothing", folder.Path() / "link", error);
-  if (error) GTEST_SKIP() << "no links can be made here";
+  if (!MakeLink("nothing", folder.Path() / "link")) {
+    GTEST_SKIP() << "no links can be made here";
+  }
   EXPECT_FALSE(Exists(folder.Wide() + L"/link"));
 }
 
 TEST(Exists, RaisesAnyOtherErrorOfTheSystem) {
   const TempFolder folder;
-  if (!MakeLinkLoop(folder.Path() / "loop")) GTEST_SKIP() << "no links can be made here";
+  if (!MakeLink("loop", folder.Path() / "loop")) GTEST_SKIP() << "no links can be made here";
   EXPECT_THROW(Exists(folder.Wide() + L"/loop"), fs::filesystem_error);
   EXPECT_THROW(Exists(folder.Wide() + L"/loop/a.txt"), fs::filesystem_error);
 }
@@ -201,7 +195,7 @@ TEST(FindFile, GivesNothingIfTheFileIsInNeitherPlace) {
 TEST(FindFile, RaisesTheErrorOfEitherPlace) {
   const TempFolder folder;
   const TempFolder empty;
-  if (!MakeLinkLoop(folder.Path() / "loop")) GTEST_SKIP() << "no links can be made here";
+  if (!MakeLink("loop", folder.Path() / "loop")) GTEST_SKIP() << "no links can be made here";
   EXPECT_THROW(FindFile(empty.Wide(), folder.Wide() + L"/loop"), fs::filesystem_error);
   EXPECT_THROW(FindFile(folder.Wide(), L"loop"), fs::filesystem_error);
 }

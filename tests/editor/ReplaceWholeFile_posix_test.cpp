@@ -24,6 +24,7 @@
 
 #include "editor/Files.h"
 #include "support/Apart.h"
+#include "support/NamesIn.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
 #include "support/ReplaceBy.h"
@@ -33,14 +34,6 @@ namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::set<std::string> NamesIn(const fs::path& folder) {
-  std::set<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    names.insert(entry.path().filename().string());
-  }
-  return names;
-}
 
 unsigned ModeOf(const fs::path& path) {
   return static_cast<unsigned>(fs::status(path).permissions());

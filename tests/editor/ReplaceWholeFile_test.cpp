@@ -14,6 +14,8 @@
 
 #include "editor/Files.h"
 #include "support/CurrentFolder.h"
+#include "support/Links.h"
+#include "support/NamesIn.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
 #include "support/ReplaceBy.h"
@@ -24,14 +26,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
-
-std::set<std::string> NamesIn(const fs::path& folder) {
-  std::set<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    names.insert(entry.path().filename().string());
-  }
-  return names;
-}
 
 TEST(ReplaceWholeFile, MakesANewFileOfTheBytesAsTheyAre) {
   const TempFolder folder;
@@ -206,11 +200,11 @@ TEST(ReplaceWholeFile, ReplacesWhatALinkLeadsToAndLeavesTheLink) {
   const TempFolder folder;
   const TempFolder elsewhere;
   elsewhere.Write("target", "old");
-  std::error_code error;
-  fs::create_symlink(elsewhere.Path() / "target", folder.Path() / "link", error);
-  if (error) GTEST_SKIP() << "no links can be made here";
-  fs::create_symlink("link", folder.Path() / "second", error);
-  fs::create_directory_symlink(elsewhere.Path(), folder.Path() / "elsewhere", error);
+  if (!MakeLink(elsewhere.Path() / "target", folder.Path() / "link") ||
+      !MakeLink("link", folder.Path() / "second") ||
+      !MakeFolderLink(elsewhere.Path(), folder.Path() / "elsewhere")) {
+    GTEST_SKIP() << "no links can be made here";
+  }
   for (const wchar_t* name : {L"/link", L"/second", L"/elsewhere/target"}) {
     const std::string bytes = "new through " + fs::path(name).string();
     ReplaceBy(folder.Wide() + name, bytes);
@@ -226,11 +220,11 @@ TEST(ReplaceWholeFile, ReplacesWhatALinkLeadsToAndLeavesTheLink) {
 TEST(ReplaceWholeFile, RefusesALinkToNoFileAndLeavesIt) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "folder");
-  std::error_code error;
-  fs::create_symlink("nothing", folder.Path() / "dangling", error);
-  if (error) GTEST_SKIP() << "no links can be made here";
-  fs::create_symlink("loop", folder.Path() / "loop", error);
-  fs::create_directory_symlink("folder", folder.Path() / "to-folder", error);
+  if (!MakeLink("nothing", folder.Path() / "dangling") ||
+      !MakeLink("loop", folder.Path() / "loop") ||
+      !MakeFolderLink("folder", folder.Path() / "to-folder")) {
+    GTEST_SKIP() << "no links can be made here";
+  }
   for (const wchar_t* name : {L"/dangling", L"/loop", L"/to-folder"}) {
     EXPECT_THROW(ReplaceBy(folder.Wide() + name, "new"), std::system_error) << name;
     EXPECT_TRUE(fs::is_symlink(folder.Path() / fs::path(name).relative_path())) << name;

@@ -11,12 +11,13 @@
 #include <vector>
 
 #include "Json5.h"
+#include "support/Utf8Path.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
 // Documents that others have gathered, which may lie beside the project.
-const std::filesystem::path documents = SOURCE_FOLDER "/../shared/data/json5";
+const std::filesystem::path documents = Utf8Path(SOURCE_FOLDER "/../shared/data/json5");
 
 std::string ReadFile(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);

@@ -20,6 +20,7 @@
 #include "support/CurrentFolder.h"
 #include "support/DescribeDomens.h"
 #include "support/DomenRows.h"
+#include "support/NamesIn.h"
 #include "support/Output.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
@@ -70,14 +71,6 @@ std::vector<bool> UniqueFlags(Editor& editor, const wchar_t* domenId) {
   lists.Take(count);
   fieldCounts.Take(count);
   return unique.Take(count);
-}
-
-std::set<std::string> NamesIn(const fs::path& folder) {
-  std::set<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    names.insert(entry.path().filename().string());
-  }
-  return names;
 }
 
 // An editor, and a folder for its files.

@@ -4,8 +4,10 @@
 
 #include <fstream>
 
+#include "support/Utf8Path.h"
+
 std::vector<Block> ReadBlocks(const std::string& document) {
-  std::ifstream file(std::string(SOURCE_FOLDER) + "/" + document);
+  std::ifstream file(Utf8Path(SOURCE_FOLDER) / document);
   std::vector<Block> blocks;
   bool inside = false;
   int number = 0;

@@ -4,9 +4,40 @@
 #include <fstream>
 #include <iterator>
 
+#include "editor/Utf8.h"
 #include "support/TempFolder.h"
+#include "support/Utf8Path.h"
 
 namespace fs = std::filesystem;
+
+namespace {
+
+// As the shell takes it for one word: with blanks in it, and on Windows with slashes, which begin
+// an option there.
+std::string Quoted(const fs::path& path) {
+  const std::u8string bytes = path.u8string();
+  return "\"" + std::string(bytes.begin(), bytes.end()) + "\"";
+}
+
+#ifdef _WIN32
+
+constexpr const char* goTo = "cd /d ";
+
+int RunCommand(const std::string& command) {
+  return _wsystem(TolvenLibs::RevitMappingEditorDll::DecodeUtf8(command).c_str());
+}
+
+#else
+
+constexpr const char* goTo = "cd ";
+
+int RunCommand(const std::string& command) {
+  return WEXITSTATUS(std::system(command.c_str()));
+}
+
+#endif
+
+}  // namespace
 
 std::string ReadBytes(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -28,19 +59,8 @@ Outcome RunProgram(const std::string& program, const std::string& arguments, con
   const TempFolder results;
   const fs::path output = results.Path() / "output";
   const fs::path errors = results.Path() / "errors";
-#ifdef _WIN32
-  const std::string go = "cd /d ";
-#else
-  const std::string go = "cd ";
-#endif
-  const std::string command = go + "\"" + folder.string() + "\" && " + program + " " + arguments +
-                              " >" + (outputTo.empty() ? output.string() : outputTo) + " 2>" +
-                              errors.string();
-  const int status = std::system(command.c_str());
-#ifdef _WIN32
-  const int exitStatus = status;
-#else
-  const int exitStatus = WEXITSTATUS(status);
-#endif
-  return {exitStatus, ReadBytes(output), ReadBytes(errors)};
+  const std::string command = goTo + Quoted(folder) + " && " + Quoted(Utf8Path(program)) + " " +
+                              arguments + " >" + (outputTo.empty() ? Quoted(output) : outputTo) +
+                              " 2>" + Quoted(errors);
+  return {RunCommand(command), ReadBytes(output), ReadBytes(errors)};
 }

@@ -21,5 +21,6 @@ std::string WithoutCarriageReturns(std::string text);
 
 // Runs a program with `folder` as its current one. The arguments are those of a command line, a
 // redirection of its input included. `outputTo` sends its output elsewhere than into the outcome.
+// The texts are UTF-8.
 Outcome RunProgram(const std::string& program, const std::string& arguments,
                    const std::filesystem::path& folder, const std::string& outputTo = "");

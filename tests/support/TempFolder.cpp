@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "support/Utf8Path.h"
+
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
@@ -23,14 +25,14 @@ TempFolder::~TempFolder() {
 }
 
 std::wstring TempFolder::Wide() const {
-  const std::string narrow = path.string();
-  return std::wstring(narrow.begin(), narrow.end());
+  return path.wstring();
 }
 
 std::wstring TempFolder::Write(std::string_view name, std::string_view bytes) const {
-  std::ofstream file(path / name, std::ios::binary);
+  const fs::path inFolder = Utf8Path(name);
+  std::ofstream file(path / inFolder, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
   if (!file) throw std::runtime_error("can't write a test's file");
-  return Wide() + L"/" + std::wstring(name.begin(), name.end());
+  return Wide() + L"/" + inFolder.wstring();
 }

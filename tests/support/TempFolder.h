@@ -17,7 +17,8 @@ class TempFolder {
   // The folder's path as an argument of the library.
   std::wstring Wide() const;
 
-  // Writes a file of exactly these bytes and gives its path as an argument of the library.
+  // Writes a file of exactly these bytes and gives its path as an argument of the library. The name
+  // is UTF-8.
   std::wstring Write(std::string_view name, std::string_view bytes) const;
 
  private:

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <system_error>
 
+#include "support/Links.h"
 #include "support/PlainUser.h"
 #include "support/Program.h"
 #include "support/TempFolder.h"
@@ -212,9 +212,9 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
 }
 
 TEST_F(Classify, SaysWhyAFileCannotBeReached) {
-  std::error_code error;
-  fs::create_symlink("loop.txt", folder.Path() / "loop.txt", error);
-  if (error) GTEST_SKIP() << "no symbolic links here";
+  if (!MakeLink("loop.txt", folder.Path() / "loop.txt")) {
+    GTEST_SKIP() << "no links can be made here";
+  }
   const Outcome outcome = Run("--classificator loop.txt elements.txt");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_TRUE(
@@ -223,7 +223,9 @@ TEST_F(Classify, SaysWhyAFileCannotBeReached) {
 }
 
 TEST_F(Classify, SaysThatTheOutputCouldNotBeWritten) {
-  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
+  if (fs::path::preferred_separator != '/' || !fs::exists("/dev/full")) {
+    GTEST_SKIP() << "no device that is always full";
+  }
   const Outcome outcome = Run("--classificator scheme.txt elements.txt", "/dev/full");
   EXPECT_EQ(outcome.status, 6);
   EXPECT_EQ(outcome.errors,
@@ -245,7 +247,7 @@ TEST_F(Classify, ShowsColoursWhereTheTerminalTakesThem) {
   folder.Write("colours.txt", "==COLORAT\n@b B\nWalls 255 0 7 50\n");
   const std::string command = CLASSIFY_PROGRAM " --classificator colours.txt --colours";
   const auto onTerminal = [&](const std::string& colours) {
-    return RunProgram("COLORTERM=" + colours + " script", "-qec '" + command + "' typescript",
+    return RunProgram("env", "COLORTERM=" + colours + " script -qec '" + command + "' typescript",
                       folder.Path());
   };
   EXPECT_EQ(onTerminal("truecolor").output,
@@ -324,16 +326,19 @@ TEST_F(Classify, SaysThatAnExportLeftAnOlderOne) {
 }
 
 TEST_F(Classify, SaysThatATargetCannotBeReached) {
-  std::error_code error;
-  fs::create_symlink("loop.json", folder.Path() / "loop.json", error);
-  if (error) GTEST_SKIP() << "no symbolic links here";
+  if (!MakeLink("loop.json", folder.Path() / "loop.json")) {
+    GTEST_SKIP() << "no links can be made here";
+  }
   const Outcome outcome = Run("--domen domain.txt export D loop.json");
   EXPECT_EQ(outcome.status, 7);
   EXPECT_EQ(outcome.errors, "classify: Target \"loop.json\" could not be written.\n");
 }
 
 TEST_F(Classify, WaitsForNoPipe) {
-  if (RunProgram("mkfifo", "pipe.json", folder.Path()).status != 0) GTEST_SKIP() << "no pipes here";
+  if (fs::path::preferred_separator != '/' ||
+      RunProgram("mkfifo", "pipe.json", folder.Path()).status != 0) {
+    GTEST_SKIP() << "no pipes that are files here";
+  }
   EXPECT_EQ(Run("--domen pipe.json --list domens").errors,
             "classify: Domain file \"pipe.json\" could not be read to its end.\n");
   EXPECT_EQ(Run("--domen domain.txt export D pipe.json").errors,
