@@ -6,8 +6,8 @@
 #include <string>
 
 #include "support/Documents.h"
+#include "support/PathTexts.h"
 #include "support/Program.h"
-#include "support/Utf8Path.h"
 
 namespace {
 

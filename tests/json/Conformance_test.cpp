@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "Json5.h"
-#include "support/Utf8Path.h"
+#include "support/PathTexts.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "support/Utf8Path.h"
+#include "support/PathTexts.h"
 
 std::vector<Block> ReadBlocks(const std::string& document) {
   std::ifstream file(Utf8Path(SOURCE_FOLDER) / document);

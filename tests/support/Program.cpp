@@ -5,8 +5,8 @@
 #include <iterator>
 
 #include "editor/Utf8.h"
+#include "support/PathTexts.h"
 #include "support/TempFolder.h"
-#include "support/Utf8Path.h"
 
 namespace fs = std::filesystem;
 

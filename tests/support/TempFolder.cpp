@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "support/Utf8Path.h"
+#include "support/PathTexts.h"
 
 namespace fs = std::filesystem;
 
@@ -25,7 +25,7 @@ TempFolder::~TempFolder() {
 }
 
 std::wstring TempFolder::Wide() const {
-  return path.wstring();
+  return WideText(path);
 }
 
 std::wstring TempFolder::Write(std::string_view name, std::string_view bytes) const {
@@ -34,5 +34,5 @@ std::wstring TempFolder::Write(std::string_view name, std::string_view bytes) co
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
   if (!file) throw std::runtime_error("can't write a test's file");
-  return Wide() + L"/" + inFolder.wstring();
+  return Wide() + L"/" + WideText(inFolder);
 }
