@@ -24,6 +24,7 @@ add_test(NAME Package.ServesAClientThatIsBuiltAgainstIt
           ${like_this}
           --build-makeprogram ${CMAKE_MAKE_PROGRAM}
           --build-options ${options_like_this}
+                          -DCMAKE_BUILD_TYPE=$<CONFIG>
                           -DCMAKE_PREFIX_PATH=${package}/installed
                           -DCMAKE_FIND_USE_PACKAGE_REGISTRY=FALSE
           --test-command ${CMAKE_CROSSCOMPILING_EMULATOR} ${client}
