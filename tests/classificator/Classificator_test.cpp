@@ -323,11 +323,26 @@ TEST(Load, KeepsNulsInTheLines) {
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
 }
 
-// Some systems take the byte for the end of a text file.
-TEST(Load, ReadsOnBehindTheByte1A) {
-  const Loaded loaded("==MAPTEXT\nwall\n\x1A\ndoor\n");
-  EXPECT_EQ(loaded.status, 0);
-  EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"\x1A", L"door"}));
+TEST(Load, ProcessesWhatStandsAheadOfTheFirstByte1A) {
+  struct Case {
+    std::string bytes;
+    Texts patterns;
+  };
+  const Case cases[] = {
+      {"==MAPTEXT\nwall\ndoor\n\x1A", {L"wall", L"door"}},
+      {"==MAPTEXT\nwall\n\x1A\ndoor\n", {L"wall"}},
+      {"==MAPTEXT\nwall\nba\x1Asic\ndoor", {L"wall", L"ba"}},
+      {"==MAPTEXT\nwall\n==MAPTEXT\x1A\ndoor", {}},  // the heading counts
+      {"\x1A==MAPTEXT\nwall", {}},
+  };
+  for (const Case& one : cases) {
+    const Loaded loaded(one.bytes);
+    EXPECT_EQ(loaded.status, 0) << one.bytes;
+    EXPECT_EQ(loaded.Patterns(), one.patterns) << one.bytes;
+  }
+  const Loaded between("==PARAM\nA P=1\nB P=2\x1A\n==MAPTEXT\n$ Z\nwall");
+  EXPECT_EQ(between.ParamCodes(), (Texts{L"A", L"B"}));
+  EXPECT_EQ(between.record.mapTextSection.defaultCode, L"");
 }
 
 TEST(Load, ReadsALineOfFiveMegabytes) {
