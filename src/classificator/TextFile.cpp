@@ -10,6 +10,10 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
+// A file that is opened as text ends at this byte on Windows. It does so on every platform, for a
+// file has to read the same wherever it is read.
+constexpr char endOfText = '\x1A';
+
 // Puts lines one behind the other and finds the sections on the way.
 class SectionCutter {
  public:
@@ -48,6 +52,7 @@ class SectionCutter {
 }  // namespace
 
 TextFile CutTextFile(std::string_view bytes) {
+  bytes = bytes.substr(0, bytes.find(endOfText));
   TextFile file;
   // No line has more units than bytes, and the line feeds are among these.
   file.units = std::make_unique_for_overwrite<wchar_t[]>(bytes.size());

@@ -27,7 +27,7 @@ struct TextFile {
   std::vector<TextSection> sections;
 };
 
-// Bytes that cannot be decoded end the file.
+// Bytes that cannot be decoded end the file, and so does the first byte 1A.
 TextFile CutTextFile(std::string_view bytes);
 
 // Null for a file that can't be opened.

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "classificator/Classificator.h"
+#include "support/AtOnce.h"
 #include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -270,33 +271,42 @@ TEST(ParseClassSection, FindsTheBracketsOfTheRegularExpression) {
 }
 
 TEST(ParseClassSection, IsDoneWithTenMillionOpeningBracketsAtOnce) {
-  const std::wstring title(10'000'000, L'(');
-  const Declared declared = Parse(L"@@@ " + title);
-  EXPECT_TRUE(declared.title == title);
-  EXPECT_EQ(declared.firstWord, before.firstWord);
-  EXPECT_EQ(declared.secondWord, before.secondWord);
+  ExpectDoneAtOnce(10'000'000, [](std::size_t size) {
+    const std::wstring title(size, L'(');
+    const Declared declared = Parse(L"@@@ " + title);
+    EXPECT_TRUE(declared.title == title);
+    EXPECT_EQ(declared.firstWord, before.firstWord);
+    EXPECT_EQ(declared.secondWord, before.secondWord);
+  });
 }
 
 TEST(ParseClassSection, IsDoneWithFiveMillionPairsOfTurnedBracketsAtOnce) {
-  const std::wstring title = Repeat(L")(", 5'000'000);
-  const Declared declared = Parse(L"@@@ " + title);
-  EXPECT_TRUE(declared.title == title);
-  EXPECT_TRUE(declared.firstWord == std::wstring_view(title).substr(2, title.size() - 4));
-  EXPECT_EQ(declared.secondWord, before.secondWord);
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    const std::wstring title = Repeat(L")(", size);
+    const Declared declared = Parse(L"@@@ " + title);
+    EXPECT_TRUE(declared.title == title);
+    EXPECT_TRUE(declared.firstWord == std::wstring_view(title).substr(2, title.size() - 4));
+    EXPECT_EQ(declared.secondWord, before.secondWord);
+  });
 }
 
 TEST(ParseClassSection, IsDoneWithMillionsOfLinesOfOneBracketAtOnce) {
-  const std::wstring title = Repeat(L"(\r", 2'500'000) + L"(A B)";
-  const Declared declared = Parse(L"@@@ " + title);
-  EXPECT_TRUE(declared.title == title);
-  EXPECT_EQ(declared.firstWord, L"A");
-  EXPECT_EQ(declared.secondWord, L"B");
+  ExpectDoneAtOnce(2'500'000, [](std::size_t size) {
+    const std::wstring title = Repeat(L"(\r", size) + L"(A B)";
+    const Declared declared = Parse(L"@@@ " + title);
+    EXPECT_TRUE(declared.title == title);
+    EXPECT_EQ(declared.firstWord, L"A");
+    EXPECT_EQ(declared.secondWord, L"B");
+  });
 }
 
 TEST(ParseClassSection, IsDoneWithAMillionWordsAndAMillionEntriesAtOnce) {
-  EXPECT_EQ(Parse(L"@@@ (" + Repeat(L"A ", 1'000'000) + L")").secondWord, L"A");
-  EXPECT_EQ(Parse(Repeat(L"@;", 1'000'000) + L"@@@ T (A B)"), (Declared{L"T (A B)", L"A", L"B"}));
-  EXPECT_EQ(Parse(Repeat(L"@@@\n", 500'000) + L"@@@ T (A B)"), (Declared{L"T (A B)", L"A", L"B"}));
+  ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
+    const Declared declared = {L"T (A B)", L"A", L"B"};
+    EXPECT_EQ(Parse(L"@@@ (" + Repeat(L"A ", size) + L")").secondWord, L"A");
+    EXPECT_EQ(Parse(Repeat(L"@;", size) + L"@@@ T (A B)"), declared);
+    EXPECT_EQ(Parse(Repeat(L"@@@\n", size) + L"@@@ T (A B)"), declared);
+  });
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,37 +66,149 @@ TEST(Classificator, StartsWithItsIdAndTheMarksAlone) {
   ExpectNoSections(record);
 }
 
-TEST(Classificator, IsCopiedWholeAndSharesNothing) {
-  const Loaded loaded(
-      "==CLASS\n@@@ T (A B)\n==MAPTEXT\n@@ (D)\n@A {P=1}\nwall\n==PARAM\nA P=1\nB P=2\n"
-      "==COLORAT\n@c C\nK 1 2 3 4\n");
-  Classificator source = loaded.record;
-  source.classificatorName = L"name";
-  source.paramName = L"Code";
-  source.reservedText = L"r";
-  source.openMark = L"[";
-  source.closeMark = L"]";
-  const Classificator copy = source;
-  const std::wstring path = source.filePath;
-  source = Classificator(L"other");
+// All that a record holds, but for the items of its codes, as one text.
+std::wstring Describe(const Classificator& record) {
+  std::wstring all;
+  const auto add = [&all](std::wstring_view text) { all.append(text).append(L"|"); };
+  for (const std::wstring* text :
+       {&record.classificatorId, &record.classificatorName, &record.paramName, &record.filePath,
+        &record.classTitle, &record.classFirstWord, &record.classSecondWord, &record.reservedText,
+        &record.openMark, &record.closeMark, &record.activeColoratId,
+        &record.mapTextSection.defaultCode}) {
+    add(*text);
+  }
+  for (const auto& [id, colors] : record.colorats) {
+    add(L"colorat " + id);
+    for (const auto& [key, color] : colors) {
+      add(key);
+      for (const int number :
+           {color.number, color.channel1, color.channel2, color.channel3, color.percent}) {
+        add(std::to_wstring(number));
+      }
+    }
+  }
+  for (const std::wstring& id : record.mapTextSection.domenIds) add(L"domain " + id);
+  for (std::size_t i = 0; i < record.mapTextSection.records.size(); ++i) {
+    add(record.mapTextSection.records[i].code);
+    add(record.mapTextSection.records[i].text);
+  }
+  for (const ParamRecord& one : record.paramSection.records) add(one.code);
+  for (const std::wstring& id : record.paramSection.domenIds) add(L"domain " + id);
+  return all;
+}
 
+// Two files whose records differ in everything.
+constexpr const char* fullFile =
+    "==CLASS\n@@@ Title of walls (Aaaa Bbbb)\n==MAPTEXT\n@@ (Domain-of-walls)\n$ Z10\n"
+    "@A-code-of-walls {P=1}\nwall of bricks and mortar\nwall of glass\n"
+    "==PARAM\nA-code-of-walls P=1\nB P=2\n==COLORAT\n@walls Walls\nKey-text-of-a-wall 1 2 3 4\n";
+constexpr const char* otherFile =
+    "==CLASS\n@@@ Title of doors (Cccc Dddd)\n==MAPTEXT\n@@ (Domain-of-doors)\n$ Z20\n"
+    "@C-code-of-doors {Q=5}\ndoor of planks and nails!\ndoor of steel\n"
+    "==PARAM\nC-code-of-doors Q=5\nD Q=6\n==COLORAT\n@doors Doors\nKey-text-of-a-door 5 6 7 8\n";
+
+// A record of the first file, with all that no file fills in.
+std::unique_ptr<Classificator> FullRecord(const TempFolder& folder) {
+  auto record = std::make_unique<Classificator>(L"id");
+  EXPECT_EQ(record->Load(folder.Write("full.txt", fullFile)), 0);
+  record->classificatorName = L"name";
+  record->paramName = L"Code";
+  record->reservedText = L"r";
+  record->openMark = L"[";
+  record->closeMark = L"]";
+  return record;
+}
+
+// Loads the other file, and changes by hand whatever can be changed so.
+void ChangeAll(Classificator& record, const TempFolder& folder) {
+  record.colorats.at(L"walls").Add(L"Another-key-text", {2, 0, 0, 0, 0});
+  record.mapTextSection.domenIds.emplace_back(L"Another-domain");
+  record.paramSection.records.pop_back();
+  record.paramSection.records.at(0).code = L"Another-code";
+  for (std::wstring* text :
+       {&record.classificatorId, &record.classificatorName, &record.paramName, &record.classTitle,
+        &record.classFirstWord, &record.classSecondWord, &record.reservedText, &record.openMark,
+        &record.closeMark, &record.activeColoratId, &record.mapTextSection.defaultCode}) {
+    text->assign(text->size(), L'!');
+  }
+  const std::wstring changed = Describe(record);
+  EXPECT_EQ(record.Load(folder.Write("other.txt", otherFile)), 0);
+  EXPECT_NE(Describe(record), changed);
+}
+
+TEST(Classificator, IsCopiedWhole) {
+  const TempFolder folder;
+  const auto source = FullRecord(folder);
+  const Classificator copy = *source;
+  EXPECT_EQ(Describe(copy), Describe(*source));
   EXPECT_EQ(copy.classificatorId, L"id");
-  EXPECT_EQ(copy.filePath, path);
+  EXPECT_EQ(copy.filePath, folder.Wide() + L"/full.txt");
   EXPECT_EQ(copy.classificatorName, L"name");
   EXPECT_EQ(copy.paramName, L"Code");
-  EXPECT_EQ(copy.classTitle, L"T (A B)");
-  EXPECT_EQ(copy.classFirstWord, L"A");
-  EXPECT_EQ(copy.classSecondWord, L"B");
-  EXPECT_EQ(copy.activeColoratId, L"c");
-  EXPECT_EQ(copy.colorats.at(L"c").find(L"K")->second.percent, 4);
+  EXPECT_EQ(copy.classTitle, L"Title of walls (Aaaa Bbbb)");
+  EXPECT_EQ(copy.classFirstWord, L"Aaaa");
+  EXPECT_EQ(copy.classSecondWord, L"Bbbb");
+  EXPECT_EQ(copy.activeColoratId, L"walls");
+  EXPECT_EQ(copy.colorats.at(L"walls").find(L"Key-text-of-a-wall")->second.percent, 4);
   EXPECT_EQ(copy.reservedText, L"r");
   EXPECT_EQ(copy.openMark, L"[");
   EXPECT_EQ(copy.closeMark, L"]");
-  EXPECT_EQ(copy.mapTextSection.defaultCode, L"N00");
-  EXPECT_EQ(copy.mapTextSection.domenIds, Texts{L"D"});
-  ASSERT_EQ(copy.mapTextSection.records.size(), 1u);
-  EXPECT_EQ(copy.mapTextSection.records[0].itemLists.Lists()[0].at(0).propertyId, L"P");
-  EXPECT_EQ(copy.paramSection.records.size(), 2u);
+  EXPECT_EQ(copy.mapTextSection.defaultCode, L"Z10");
+  EXPECT_EQ(copy.mapTextSection.domenIds, Texts{L"Domain-of-walls"});
+  ASSERT_EQ(copy.mapTextSection.records.size(), 2u);
+  EXPECT_EQ(copy.mapTextSection.records[0].code, L"A-code-of-walls");
+  EXPECT_EQ(copy.mapTextSection.records[0].text, L"wall of glass");
+  ASSERT_EQ(copy.paramSection.records.size(), 2u);
+  EXPECT_EQ(copy.paramSection.records[0].code, L"A-code-of-walls");
+}
+
+TEST(Classificator, StaysAsItIsWhateverBecomesOfItsCopy) {
+  const TempFolder folder;
+  const auto source = FullRecord(folder);
+  const std::wstring before = Describe(*source);
+  Classificator copy = *source;
+  ChangeAll(copy, folder);
+  EXPECT_EQ(Describe(*source), before);
+  copy = *source;
+  ChangeAll(copy, folder);
+  EXPECT_EQ(Describe(*source), before);
+}
+
+TEST(Classificator, StaysAsItIsWhateverBecomesOfItsSource) {
+  const TempFolder folder;
+  auto source = FullRecord(folder);
+  const std::wstring before = Describe(*source);
+  const Classificator copy = *source;
+  Classificator assigned(L"");
+  assigned = *source;
+  ChangeAll(*source, folder);
+  EXPECT_EQ(Describe(copy), before);
+  EXPECT_EQ(Describe(assigned), before);
+  source.reset();
+  EXPECT_EQ(Describe(copy), before);
+  EXPECT_EQ(Describe(assigned), before);
+}
+
+// Each section alone, so that none keeps the file for another. Where the texts of the source stood,
+// others of the same length may stand now.
+TEST(Classificator, KeepsItsTextsWhenItsSourceIsGone) {
+  const TempFolder folder;
+  for (const std::string bytes :
+       {"==CLASS\n@@@ Title (Seven Elements)\n",
+        "==MAPTEXT\n@@ (Elements)\n@E-code\nexterior wall\n", "==PARAM\nE-code P=1\nF-code P=2\n",
+        "==COLORAT\n@main Main\nKey-of-seven-letters 1 2 3 4\n"}) {
+    auto source = std::make_unique<Classificator>(L"id");
+    ASSERT_EQ(source->Load(folder.Write("one.txt", bytes)), 0);
+    const std::wstring before = Describe(*source);
+    const Classificator copy = *source;
+    source.reset();
+    std::string otherBytes = bytes;
+    std::replace(otherBytes.begin(), otherBytes.end(), 'e', 'o');
+    Classificator other(L"id");
+    ASSERT_EQ(other.Load(folder.Write("one.txt", otherBytes)), 0);
+    EXPECT_NE(Describe(other), before);
+    EXPECT_EQ(Describe(copy), before);
+  }
 }
 
 TEST(Load, LeavesTheRecordEmptyForAFileWithoutSections) {
@@ -323,11 +438,26 @@ TEST(Load, KeepsNulsInTheLines) {
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
 }
 
-// Some systems take the byte for the end of a text file.
-TEST(Load, ReadsOnBehindTheByte1A) {
-  const Loaded loaded("==MAPTEXT\nwall\n\x1A\ndoor\n");
-  EXPECT_EQ(loaded.status, 0);
-  EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"\x1A", L"door"}));
+TEST(Load, ProcessesWhatStandsAheadOfTheFirstByte1A) {
+  struct Case {
+    std::string bytes;
+    Texts patterns;
+  };
+  const Case cases[] = {
+      {"==MAPTEXT\nwall\ndoor\n\x1A", {L"wall", L"door"}},
+      {"==MAPTEXT\nwall\n\x1A\ndoor\n", {L"wall"}},
+      {"==MAPTEXT\nwall\nba\x1Asic\ndoor", {L"wall", L"ba"}},
+      {"==MAPTEXT\nwall\n==MAPTEXT\x1A\ndoor", {}},  // the heading counts
+      {"\x1A==MAPTEXT\nwall", {}},
+  };
+  for (const Case& one : cases) {
+    const Loaded loaded(one.bytes);
+    EXPECT_EQ(loaded.status, 0) << one.bytes;
+    EXPECT_EQ(loaded.Patterns(), one.patterns) << one.bytes;
+  }
+  const Loaded between("==PARAM\nA P=1\nB P=2\x1A\n==MAPTEXT\n$ Z\nwall");
+  EXPECT_EQ(between.ParamCodes(), (Texts{L"A", L"B"}));
+  EXPECT_EQ(between.record.mapTextSection.defaultCode, L"");
 }
 
 TEST(Load, ReadsALineOfFiveMegabytes) {

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/AtOnce.h"
+
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
@@ -244,9 +246,11 @@ TEST(ParseColoratSection, TellsKeysAndIdsApartUnitByUnit) {
 
 TEST(ParseColoratSection, IsDoneWithAMillionSeparatorsAtOnce) {
   for (const wchar_t separator : {L'@', L';', L'\n', L' '}) {
-    const std::wstring separators(1'000'000, separator);
-    const Parsed parsed(separators + L"@m M\nA 1 2 3 4\n" + separators);
-    EXPECT_EQ(parsed.All(), (AllColors{{L"m", {{L"A", {1, 1, 2, 3, 4}}}}})) << int{separator};
+    ExpectDoneAtOnce(1'000'000, [separator](std::size_t size) {
+      const std::wstring separators(size, separator);
+      const Parsed parsed(separators + L"@m M\nA 1 2 3 4\n" + separators);
+      EXPECT_EQ(parsed.All(), (AllColors{{L"m", {{L"A", {1, 1, 2, 3, 4}}}}})) << int{separator};
+    });
   }
 }
 
@@ -383,9 +387,11 @@ TEST(ReadLeadingInt, MixesScriptsAndPassesOverDigitsOfOtherKinds) {
 }
 
 TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
-  EXPECT_EQ(ReadLeadingInt(std::wstring(5'000'000, L'9')), greatest);
-  EXPECT_EQ(ReadLeadingInt(L"-" + std::wstring(5'000'000, L'9')), least);
-  EXPECT_EQ(ReadLeadingInt(std::wstring(5'000'000, L'0') + L"7"), 7);
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_EQ(ReadLeadingInt(std::wstring(size, L'9')), greatest);
+    EXPECT_EQ(ReadLeadingInt(L"-" + std::wstring(size, L'9')), least);
+    EXPECT_EQ(ReadLeadingInt(std::wstring(size, L'0') + L"7"), 7);
+  });
 }
 
 TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {

@@ -109,6 +109,22 @@ TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThe
   EXPECT_EQ(CutBytes("\xCF\xF0"), Sections{});  // Cyrillic in one byte each
 }
 
+TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineAheadOfIt) {
+  EXPECT_EQ(CutBytes("==A\nab\n\x1A"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\nab\r\n\x1A\r\n"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\nab \x1A cd\nef"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\nab\n\x1A\ncd\n==B\nef\n\x1A"), (Sections{{L"==A", L"ab"}}));
+  EXPECT_EQ(CutBytes("==A\x1A B\nab"), (Sections{{L"==A", L""}}));
+  EXPECT_EQ(CutBytes("==A\n=\x1A=B\nab"), (Sections{{L"==A", L"="}}));
+  EXPECT_EQ(CutBytes("\x1A==A\nab"), Sections{});
+  EXPECT_EQ(CutBytes("\x1A"), Sections{});
+  // It leaves a letter of two bytes without its second.
+  EXPECT_EQ(CutBytes("==A\nab\xD1\x1A\x8F"), (Sections{{L"==A", L"ab"}}));
+  // Other characters have these bits too, but not in a byte of their own.
+  EXPECT_EQ(Cut(L"==A\na\x1A00\x011A\x9A\U0001F61A"),
+            (Sections{{L"==A", L"a\x1A00\x011A\x9A\U0001F61A"}}));
+}
+
 TEST(CutTextFile, KeepsAByteOrderMarkAtTheHeadOfTheFirstLine) {
   EXPECT_EQ(CutBytes("\xEF\xBB\xBF==A\n==B"), (Sections{{L"==B", L""}}));
   EXPECT_EQ(CutBytes("==A\n\xEF\xBB\xBFz"), (Sections{{L"==A", L"\xFEFFz"}}));

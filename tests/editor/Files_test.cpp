@@ -239,7 +239,9 @@ TEST(ReadFile, GivesNothingForAFileThatIsClosedToTheUser) {
   EXPECT_EQ(ReadFile(file), std::nullopt);
 }
 
+// A fact of Windows alone: elsewhere an open file is closed to nobody, and this could not fail.
 TEST(ReadFile, ReadsAFileThatIsOpenForWritingElsewhere) {
+  if (fs::path::preferred_separator == '/') GTEST_SKIP() << "an open file is closed to nobody here";
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", "ab");
   std::fstream other(folder.Path() / "a.txt");

@@ -45,6 +45,8 @@ struct Heap {
   long arrayBlocks = 0;        // those of them that the array forms have taken
   std::size_t arrayBytes = 0;  // that the array forms have ever been asked for
   long failIn = 0;             // which allocation that may throw fails from now on; 0 for none
+  bool keepsFailing = false;   // whether all fail behind that one, until `failIn` is set anew
+  bool failed = false;         // whether that one was asked for
   bool refuses = false;        // whether all fail that may not throw
 };
 
@@ -88,10 +90,18 @@ void FreeAligned(void* place, bool array) noexcept {
   if (place) Free(static_cast<void**>(place)[-1], array);
 }
 
+// Whether this allocation, which may throw, is to fail.
+bool Fails() noexcept {
+  if (heap.failIn == 0 || --heap.failIn != 0) return false;
+  heap.failed = true;
+  if (heap.keepsFailing) heap.failIn = 1;
+  return true;
+}
+
 // What the forms that may throw do.
 template <class... Arguments>
 void* AllocateOrThrow(Arguments... arguments) {
-  if (heap.failIn != 0 && --heap.failIn == 0) throw std::bad_alloc();
+  if (Fails()) throw std::bad_alloc();
   void* const block = Allocate(arguments...);
   if (!block) throw std::bad_alloc();
   return block;
@@ -100,7 +110,8 @@ void* AllocateOrThrow(Arguments... arguments) {
 // What the others do: whoever calls them, like a sort that seeks a buffer, goes on without a block.
 template <class... Arguments>
 void* AllocateOrNot(Arguments... arguments) noexcept {
-  return heap.refuses ? nullptr : Allocate(arguments...);
+  const bool exhausted = heap.failed && heap.keepsFailing;
+  return heap.refuses || exhausted ? nullptr : Allocate(arguments...);
 }
 
 }  // namespace
@@ -896,12 +907,30 @@ TEST_F(Ownership, IsOfNothingWhenALookupFails) {
 
 // Failed allocations
 
+// What else fails once an allocation has: nothing, or every further one, as where memory is short.
+class FailureMode {
+ public:
+  explicit FailureMode(bool keepsFailing) { heap.keepsFailing = keepsFailing; }
+  FailureMode(const FailureMode&) = delete;
+  FailureMode& operator=(const FailureMode&) = delete;
+  ~FailureMode() { heap.keepsFailing = false; }
+};
+
+constexpr bool failureModes[] = {false, true};
+
+class FailedAllocations : public Ownership, public testing::WithParamInterface<bool> {
+  const FailureMode mode{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Ownership, FailedAllocations, testing::ValuesIn(failureModes),
+                         [](const auto& mode) { return mode.param ? "AndAllAfterIt" : "Alone"; });
+
 struct Attempt {
   bool failed;  // the allocation was asked for, and failed
   bool raised;  // `bad_alloc` left the call
 };
 
-// Runs the call while its n-th allocation fails.
+// Runs the call while its n-th allocation fails, and in one mode all that follow in the call.
 template <class Run>
 Attempt RunFailing(long n, Run run) {
   bool raised = false;
@@ -912,9 +941,11 @@ Attempt RunFailing(long n, Run run) {
     raised = true;
   } catch (...) {
     heap.failIn = 0;
+    heap.failed = false;
     throw;
   }
-  const bool failed = std::exchange(heap.failIn, 0) == 0;
+  heap.failIn = 0;
+  const bool failed = std::exchange(heap.failed, false);
   if (failed) dearest = std::max(dearest, n);
   return {failed, raised};
 }
@@ -954,7 +985,7 @@ void ExpectFailureOrBadAlloc(Editor& editor, const Failure& failure, AnswersOf a
   EXPECT_LT(n, enough);
 }
 
-TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfALookupThatFailsFails) {
+TEST_P(FailedAllocations, IsOfNothingWhenAnyAllocationOfALookupThatFailsFails) {
   for (const Failure& failure : withClassificator) {
     ExpectFailureOrBadAlloc(*editor, failure, Answers);
   }
@@ -972,7 +1003,7 @@ TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfALookupThatFailsFails) {
   EXPECT_EQ(Answers(unselected), Answers(undisturbed));
 }
 
-TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfAQueryFails) {
+TEST_P(FailedAllocations, IsOfNothingWhenAnyAllocationOfAQueryFails) {
   const std::wstring answers = Answers(*editor);
   for (const Call& query : queries) {
     SCOPED_TRACE(query.name);
@@ -1026,7 +1057,7 @@ bool IsWithoutItems(const std::wstring& text, const std::wstring& full, std::wst
   return true;
 }
 
-TEST_F(Ownership, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositionFails) {
+TEST_P(FailedAllocations, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositionFails) {
   const std::wstring answers = Answers(*editor);
   for (const Call& composition : compositions) {
     SCOPED_TRACE(composition.name);
@@ -1060,7 +1091,7 @@ TEST_F(Ownership, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositionFails)
 }
 
 // What an editor remembers of its first answers must not show, nor what it failed to remember.
-TEST_F(Ownership, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) {
+TEST_P(FailedAllocations, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) {
   const std::wstring answers = Answers(*editor);
   for (const Call& query : AllQueries()) {
     SCOPED_TRACE(query.name);
@@ -1096,7 +1127,7 @@ TEST_F(Ownership, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) {
   }
 }
 
-TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
+TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
   const std::wstring answers = AnswersAboutTheFirst(*editor);
   for (const Call& change : changes) {
     SCOPED_TRACE(change.name);
@@ -1130,7 +1161,7 @@ TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
   }
 }
 
-TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
+TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
   const Call changing[] = {
       {"SetActiveClassificator",
        [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveClassificator(L""), 0); }},
@@ -1181,7 +1212,7 @@ TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
   }
 }
 
-TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
+TEST_P(FailedAllocations, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
   const std::wstring answers = Answers(*editor);
   const std::wstring dataFolder = folder.Wide();
   long n = 1;
@@ -1208,7 +1239,7 @@ TEST_F(Ownership, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
 
 // A failure inside a reader is its status 3, one outside leaves the call; either way the editor
 // answers what it did, can be asked about what was read, and takes the file the next time.
-TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
+TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadFails) {
   folder.Write("rich.txt", RichFile());
   const auto load = [](Editor& one, const wchar_t* id) {
     return one.CreateClassificator(id, L"A new name", L"RichCode", L"rich.txt");
@@ -1264,7 +1295,7 @@ TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadFails) {
 
 // Where there is nothing to be read, or no reader of domains for it, there is an entry all the
 // same.
-TEST_F(Ownership, IsWholeWhenAnyAllocationOfALoadWithoutDomensFails) {
+TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadWithoutDomensFails) {
   struct Case {
     const wchar_t* file;
     int status;
@@ -1326,7 +1357,7 @@ FieldRow AtItsStart(FieldRow field) {
 
 // The field that came last may have missed its default. A further load finds it there and adds the
 // rest.
-TEST_F(Ownership, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
+TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
   std::string text = "==DOMEN\n@@@ First_domain_of_the_file\n";
   for (const char* property : {"P1", "P2", "P3", "P4"}) {
     text += "@ " + std::string(property) + " 0 1\nNumbers ilist 1 12\nWords slist 0 main\n";
@@ -1378,7 +1409,7 @@ TEST_F(Ownership, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
 }
 
 // The reader gives status 3 and adds nothing, or the failure leaves the call.
-TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
+TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
   const std::wstring file = folder.Write("Zones.json", R"({
     // every kind of value, and of way to write one
     "Domen": {"sName": "Zones \u006ff the model", asFuncsNames: ['Property5', "Limits",]},
@@ -1421,7 +1452,7 @@ TEST_F(Ownership, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
 }
 
 // An export that fails leaves the file of before, or none, and no other.
-TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
+TEST_P(FailedAllocations, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
   const TempFolder targets;
   const std::filesystem::path path = targets.Path() / "a.json";
   const std::wstring target = path.wstring();
@@ -1463,7 +1494,7 @@ TEST_F(Ownership, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
 }
 
 // More strings than the record has room for at first.
-TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
+void ExpectStringsFreed() {
   const long before = heap.blocks;
   bool failed = true;
   for (long n = 1; failed; ++n) {
@@ -1482,10 +1513,16 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
   }
 }
 
+TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
+  for (const bool keepsFailing : failureModes) {
+    SCOPED_TRACE(keepsFailing);
+    const FailureMode mode(keepsFailing);
+    ExpectStringsFreed();
+  }
+}
+
 // Storing the path is the first thing that takes memory.
-TEST(Load, HasStoredThePathWhicheverLaterAllocationFails) {
-  const TempFolder folder;
-  const std::wstring path = folder.Write("rich.txt", RichFile());
+void ExpectPathStored(const std::wstring& path) {
   long n = 2;
   for (bool complete = false; !complete && n < enough; ++n) {
     Classificator record(L"id");
@@ -1498,7 +1535,17 @@ TEST(Load, HasStoredThePathWhicheverLaterAllocationFails) {
   EXPECT_LT(n, enough);
 }
 
-TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
+TEST(Load, HasStoredThePathWhicheverLaterAllocationFails) {
+  const TempFolder folder;
+  const std::wstring path = folder.Write("rich.txt", RichFile());
+  for (const bool keepsFailing : failureModes) {
+    SCOPED_TRACE(keepsFailing);
+    const FailureMode mode(keepsFailing);
+    ExpectPathStored(path);
+  }
+}
+
+void ExpectTextTakenLater() {
   bool failed = true;
   for (long n = 1; failed; ++n) {
     RepeatedTexts texts;
@@ -1509,6 +1556,15 @@ TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
     EXPECT_EQ(texts[0], text) << n;
     EXPECT_EQ(texts.PlaceOf(L"another"), 1u) << n;
     ASSERT_TRUE(!failed || n < 20);
+    EXPECT_TRUE(failed || n > 1) << "no allocation failed";
+  }
+}
+
+TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
+  for (const bool keepsFailing : failureModes) {
+    SCOPED_TRACE(keepsFailing);
+    const FailureMode mode(keepsFailing);
+    ExpectTextTakenLater();
   }
 }
 

@@ -130,6 +130,7 @@ TEST(Requests, TakeEachTypeOfValueOrCountItAsAbsent) {
       {"500e-2", noString, 5, 5.0, noStrings},
       {"0.5", noString, noInt, 0.5, noStrings},
       {".5", noString, noInt, 0.5, noStrings},
+      {"0.1", noString, noInt, 0.1, noStrings},  // which the narrower type rounds otherwise
       {"-1e-1", noString, noInt, -0.1, noStrings},
       {"2147483647", noString, 2147483647, 2147483647.0, noStrings},
       {"2147483648", noString, noInt, 2147483648.0, noStrings},
@@ -814,6 +815,31 @@ TEST(SavedFiles, AreNotBrokenByAnyComment) {
     EXPECT_EQ(FindInt(*section, L"i"), 5) << comment;
     EXPECT_EQ(FindInt(*section, L"j"), 6) << comment;
     EXPECT_EQ(FindInt(*section, L"k"), std::nullopt) << comment;
+  }
+}
+
+// What stands behind a line terminator would be a key of the file.
+TEST(SavedFiles, KeepACommentOnItsLineWhicheverTerminatorItHas) {
+  const TempFolder folder;
+  const std::wstring path = folder.Wide() + L"/a.json";
+  bool found = false;
+  for (const wchar_t* end : {L"\n", L"\r", L"\r\n", L"\x2028", L"\x2029"}) {
+    const std::wstring behindAComma = L"a"s + end + L"k: 7,";
+    const std::wstring behindAValue = L"a"s + end + L", l: 8";
+    {
+      CfgParser parser(path.c_str(), L"", L"RU");
+      const SectionPointer section = Open(parser, L"S");
+      section->ParamInt(L"i", 5, found, behindAComma.c_str(), true);
+      section->ParamInt(L"j", 6, found, behindAValue.c_str(), true);
+      parser.saveCfgParamsToJson5(path.c_str(), 2);
+    }
+    SCOPED_TRACE(ReadBytes(folder.Path() / "a.json"));
+    CfgParser parser(path.c_str(), L"", L"RU");
+    const SectionPointer section = Open(parser, L"S");
+    EXPECT_EQ(FindInt(*section, L"i"), 5);
+    EXPECT_EQ(FindInt(*section, L"j"), 6);
+    EXPECT_EQ(FindInt(*section, L"k"), std::nullopt);
+    EXPECT_EQ(FindInt(*section, L"l"), std::nullopt);
   }
 }
 

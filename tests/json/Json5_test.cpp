@@ -17,6 +17,7 @@
 
 #include "IdentifierChars.h"
 #include "Json5Text.h"
+#include "support/AtOnce.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -138,8 +139,9 @@ TEST(ParseJson5, TakesNoOtherUnitForWhiteSpace) {
 }
 
 TEST(ParseJson5, TakesInvisibleCharactersThatAreNoWhiteSpaceForAnError) {
-  for (const wchar_t unit : {L'\0', L'\b', L'\x0E', L'\x1C', L'\x1F', L'\x7F', L'\x85', L'\xAD',
-                             L'\x180E', L'\x200B', L'\x200C', L'\x200D', L'\x2060', L'\xFFFE'}) {
+  for (const wchar_t unit :
+       {L'\0', L'\b', L'\x0E', L'\x1A', L'\x1C', L'\x1F', L'\x7F', L'\x85', L'\xAD', L'\x180E',
+        L'\x200B', L'\x200C', L'\x200D', L'\x2060', L'\xFFFE'}) {
     const std::wstring text(1, unit);
     ExpectMalformed({text + L"1", L"1" + text, L"[" + text + L"]", L"[1" + text + L",2]",
                      L"{" + text + L"}", L"{'a'" + text + L":1}", L"{a:" + text + L"1}"});
@@ -1223,94 +1225,110 @@ TEST(ParseJson5Error, SaysWhatIsWrong) {
 // Huge texts: each takes a time that grows with its length only.
 
 TEST(ParseJson5, IsDoneWithStringsOfFiveMillionUnits) {
-  const std::wstring plain(5'000'000, L'a');
-  EXPECT_TRUE(StringOf(L"'" + plain + L"'") == plain);
-  EXPECT_EQ(StringOf(L"'" + plain), std::nullopt);
-  EXPECT_TRUE(StringOf(L"'" + Repeat(L"\\n", 2'500'000) + L"'") == std::wstring(2'500'000, L'\n'));
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    const std::wstring plain(size, L'a');
+    EXPECT_TRUE(StringOf(L"'" + plain + L"'") == plain);
+    EXPECT_EQ(StringOf(L"'" + plain), std::nullopt);
+    EXPECT_TRUE(StringOf(L"'" + Repeat(L"\\n", size / 2) + L"'") == std::wstring(size / 2, L'\n'));
+  });
 }
 
 TEST(ParseJson5, IsDoneWithLineContinuationsAndPairsByTheMillion) {
-  EXPECT_EQ(StringOf(L"'" + Repeat(L"\\\n", 2'500'000) + L"'"), L"");
-  const std::optional<std::wstring> pairs =
-      StringOf(L"'" + Repeat(LR"(\uD83D\uDE00)", 400'000) + L"'");
-  EXPECT_TRUE(pairs == Repeat(L"\U0001F600", 400'000));
+  ExpectDoneAtOnce(2'500'000, [](std::size_t size) {
+    EXPECT_EQ(StringOf(L"'" + Repeat(L"\\\n", size) + L"'"), L"");
+    const std::optional<std::wstring> pairs =
+        StringOf(L"'" + Repeat(LR"(\uD83D\uDE00)", size / 6) + L"'");
+    EXPECT_TRUE(pairs == Repeat(L"\U0001F600", size / 6));
+  });
 }
 
 TEST(ParseJson5, IsDoneWithKeysOfFiveMillionUnits) {
-  for (const std::wstring& key :
-       {std::wstring(5'000'000, L'a'), L"\\u0061" + std::wstring(5'000'000, L'a')}) {
-    const std::wstring text = L"{" + key + L":1}";
-    const Document document(text);
-    ASSERT_FALSE(document.error);
-    const Json5Tree& tree = document.tree;
-    ASSERT_EQ(tree.Members(tree.root).size(), 1u);
-    EXPECT_EQ(tree.Members(tree.root)[0].value.number, 1);
+  for (const std::wstring first : {L"a", L"\\u0061"}) {
+    ExpectDoneAtOnce(5'000'000, [&first](std::size_t size) {
+      const Document document(L"{" + first + std::wstring(size - 1, L'b') + L":1}");
+      ASSERT_FALSE(document.error);
+      const auto members = document.tree.Members(document.tree.root);
+      ASSERT_EQ(members.size(), 1u);
+      EXPECT_TRUE(members[0].key == "a" + std::string(size - 1, 'b')) << members[0].key.size();
+      EXPECT_EQ(members[0].value.number, 1);
+    });
   }
 }
 
 TEST(ParseJson5, IsDoneWithNumbersOfFiveMillionDigits) {
-  EXPECT_EQ(NumberOf(std::wstring(5'000'000, L'1')), infinity);
-  EXPECT_EQ(NumberOf(L"0." + Zeros(5'000'000) + L"1"), 0);
-  EXPECT_EQ(NumberOf(L"1." + Zeros(5'000'000)), 1);
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_EQ(NumberOf(std::wstring(size, L'1')), infinity);
+    EXPECT_EQ(NumberOf(L"0." + Zeros(size) + L"1"), 0);
+    EXPECT_EQ(NumberOf(L"1." + Zeros(size)), 1);
+  });
 }
 
 TEST(ParseJson5, IsDoneWithExponentsAndHexadecimalNumbersOfFiveMillionDigits) {
-  EXPECT_EQ(NumberOf(L"1e" + Zeros(5'000'000) + L"1"), 10);
-  EXPECT_EQ(NumberOf(L"0x" + std::wstring(5'000'000, L'F')), infinity);
-  EXPECT_EQ(NumberOf(L"0x" + Zeros(5'000'000) + L"F"), 15);
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_EQ(NumberOf(L"1e" + Zeros(size) + L"1"), 10);
+    EXPECT_EQ(NumberOf(L"0x" + std::wstring(size, L'F')), infinity);
+    EXPECT_EQ(NumberOf(L"0x" + Zeros(size) + L"F"), 15);
+  });
 }
 
 TEST(ParseJson5, IsDoneWithFiveMillionUnitsOfWhiteSpaceAndComments) {
-  EXPECT_EQ(Parsed(std::wstring(5'000'000, L' ') + L"1"), L"1");
-  EXPECT_EQ(Parsed(L"/*" + std::wstring(5'000'000, L'*') + L"/1"), L"1");
-  EXPECT_EQ(Parsed(Repeat(L"//\n", 1'700'000) + L"1"), L"1");
-  EXPECT_EQ(Parsed(L"/*" + std::wstring(5'000'000, L'*')), L"malformed");
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_EQ(Parsed(std::wstring(size, L' ') + L"1"), L"1");
+    EXPECT_EQ(Parsed(L"/*" + std::wstring(size, L'*') + L"/1"), L"1");
+    EXPECT_EQ(Parsed(Repeat(L"//\n", size / 3) + L"1"), L"1");
+    EXPECT_EQ(Parsed(L"/*" + std::wstring(size, L'*')), L"malformed");
+  });
 }
 
 TEST(ParseJson5, IsDoneWithAMillionElements) {
-  const std::wstring text = L"[" + Repeat(L"1,", 1'000'000) + L"]";
-  const Document document(text);
-  ASSERT_FALSE(document.error);
-  const Json5Tree& tree = document.tree;
-  EXPECT_EQ(tree.Members(tree.root).size(), 1'000'000u);
+  ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
+    const Document document(L"[" + Repeat(L"1,", size) + L"]");
+    ASSERT_FALSE(document.error);
+    EXPECT_EQ(document.tree.Members(document.tree.root).size(), size);
+  });
 }
 
 TEST(ParseJson5, IsDoneWithAMillionArraysAtAnyDepth) {
-  const std::wstring text = Nested(L"[", Repeat(L"[],", 1'000'000), L"]", 999);
-  const Document document(text);
-  ASSERT_FALSE(document.error);
-  const Json5Tree& tree = document.tree;
-  EXPECT_EQ(tree.members.size(), 1'000'998u);
+  ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
+    const Document document(Nested(L"[", Repeat(L"[],", size), L"]", 999));
+    ASSERT_FALSE(document.error);
+    EXPECT_EQ(document.tree.members.size(), size + 998);
+  });
 }
 
+// All keys differ, and their order is not that of the text.
 TEST(ParseJson5, IsDoneWithAMillionMembers) {
-  std::wstring text = L"{";
-  for (int i = 0; i < 1'000'000; ++i) {
-    // All keys differ, and their order is not that of the text.
-    text.append(L"k").append(std::to_wstring(i * 7919LL % 1'000'000)).append(L":1,");
-  }
-  text += L"}";
-  const Document document(text);
-  ASSERT_FALSE(document.error);
-  const Json5Tree& tree = document.tree;
-  EXPECT_EQ(tree.Members(tree.root).size(), 1'000'000u);
-  EXPECT_NE(document.Find(tree.root, L"k999999"), nullptr);
+  ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
+    std::wstring text = L"{";
+    for (std::size_t i = 0; i < size; ++i) {
+      text.append(L"k").append(std::to_wstring(i * 7919 % size)).append(L":1,");
+    }
+    const Document document(text + L"}");
+    ASSERT_FALSE(document.error);
+    const Json5Tree& tree = document.tree;
+    EXPECT_EQ(tree.Members(tree.root).size(), size);
+    EXPECT_NE(document.Find(tree.root, L"k" + std::to_wstring(size - 1)), nullptr);
+  });
 }
 
 TEST(ParseJson5, IsDoneWithAMillionMembersOfOneKey) {
-  const std::wstring text = L"{" + Repeat(L"a:1,", 999'999) + L"a:2}";
-  EXPECT_EQ(Parsed(text), L"{a:2}");
+  ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
+    EXPECT_EQ(Parsed(L"{" + Repeat(L"a:1,", size - 1) + L"a:2}"), L"{a:2}");
+  });
 }
 
 TEST(ParseJson5, IsDoneWithFiveMillionOpeningBrackets) {
-  EXPECT_FALSE(IsWellFormed(std::wstring(5'000'000, L'[')));
-  EXPECT_FALSE(IsWellFormed(Repeat(L"{a:", 1'700'000)));
-  EXPECT_FALSE(IsWellFormed(std::wstring(5'000'000, L']')));
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_FALSE(IsWellFormed(std::wstring(size, L'[')));
+    EXPECT_FALSE(IsWellFormed(Repeat(L"{a:", size / 3)));
+    EXPECT_FALSE(IsWellFormed(std::wstring(size, L']')));
+  });
 }
 
 TEST(ParseJson5, FindsTheLineOfAnErrorBehindFiveMillionUnits) {
-  EXPECT_EQ(ErrorPlace(std::wstring(5'000'000, L'\n') + L"x"),
-            std::pair(std::size_t{5'000'001}, std::size_t{1}));
+  ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
+    EXPECT_EQ(ErrorPlace(std::wstring(size, L'\n') + L"x"), std::pair(size + 1, std::size_t{1}));
+  });
 }
 
 }  // namespace

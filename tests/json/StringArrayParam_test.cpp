@@ -159,9 +159,11 @@ TEST(ParamStringArray, GivesNothingToReleaseForAnArrayWithoutStrings) {
   const Array defaults(MakeWideArray({L"x"}));
   int count = -1;
   bool found = false;
-  file.section->ParamStringArray(L"as", count, defaults.get(), 1, found, L"c", false);
+  const wchar_t** const result =
+      file.section->ParamStringArray(L"as", count, defaults.get(), 1, found, L"c", false);
   EXPECT_TRUE(found);
   EXPECT_EQ(count, 0);
+  EXPECT_EQ(result, nullptr);
 }
 
 TEST(ParamStringArray, GivesTheDefaultsThemselvesIfTheKeyIsNotFound) {

@@ -30,7 +30,7 @@ bool SameAnswers(const TempFolder& folder, const std::string& fileName, const st
 // What the byte at a place may have become: another in one bit or in all, and a sign that files are
 // built of, each of which has its turn.
 std::vector<char> OtherBytes(std::string_view bytes, std::size_t place) {
-  constexpr std::string_view signs("\n;@= {}()[]\"'\\/,:$!-.0\0\xF0", 25);
+  constexpr std::string_view signs("\n;@= {}()[]\"'\\/,:$!-.0\0\x1A\xF0", 26);
   std::vector<char> others = {signs[place % signs.size()]};
   for (const int bits : {0xFF, 0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80}) {
     if (SLOW_BUILD && others.size() == 2) break;

@@ -61,7 +61,7 @@ Texts ReadLines(std::string bytes) {
 std::vector<Section> ReadSections(std::string bytes) {
   std::vector<Section> sections;
   bool firstOfBody = false;
-  for (const std::wstring& line : ReadLines(bytes)) {
+  for (const std::wstring& line : ReadLines(bytes.substr(0, bytes.find('\x1A')))) {
     if (StartsWith(line, L"==")) {
       sections.push_back({line, L""});
       firstOfBody = true;

@@ -20,6 +20,7 @@ std::wstring DecodeUtf8(std::string bytes);
 // The lines that have anything on them, trimmed.
 Texts ReadLines(std::string bytes);
 
+// Of the bytes ahead of the first 1A, which ends a text file.
 std::vector<Section> ReadSections(std::string bytes);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive
