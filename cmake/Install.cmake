@@ -17,6 +17,8 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/domen/DomenProperties.h
   src/domen/DomenProperty.h
   src/domen/DomenStore.h
+  src/domen/Domens.h
+  src/domen/Revision.h
   src/mapping/MapTextRecords.h
   src/mapping/MapTextSection.h
   src/mapping/ParamItem.h

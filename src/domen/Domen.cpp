@@ -2,28 +2,33 @@
 
 #include <utility>
 
+#include "domen/FieldAdder.h"
+
 namespace TolvenLibs::RevitMappingEditorDll {
 
 Domen::Domen(std::wstring domenId, std::wstring domenName)
     : id(std::move(domenId)), name(std::move(domenName)) {}
 
+// Files tend to have the keys in order, so that the end is the place to look first.
 void Domen::AddProperty(const std::wstring& key, const DomenProperty& property) {
-  properties.Edit().try_emplace(key, property);
-}
-
-void Domen::AddProperty(const std::wstring& key, DomenProperty&& property) {
-  // Files tend to have the keys in order, so that the end is the place to look first.
-  property.PassValuesThroughText();
-  DomenProperties& edited = properties.Edit();
-  edited.try_emplace(edited.end(), key, std::move(property));
+  properties.Edit([&](DomenProperties& map) { map.try_emplace(map.end(), key, property); });
 }
 
 void Domen::AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
                              const std::wstring& title, int valueType, bool fieldFlag,
                              const std::wstring& defaultText) {
-  const auto found = properties.Edit().find(key);
-  if (found == properties.end()) return;
-  found->second.AddValueField(fieldName, title, valueType, fieldFlag, defaultText);
+  FieldAdder adder;
+  AddPropertyField(key, fieldName, title, valueType, fieldFlag, defaultText, adder);
+}
+
+void Domen::AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
+                             const std::wstring& title, int valueType, bool fieldFlag,
+                             const std::wstring& defaultText, FieldAdder& adder) {
+  properties.Edit([&](DomenProperties& map) {
+    const auto found = map.find(key);
+    if (found == map.end()) return;
+    adder.Add(found->second, fieldName, title, valueType, fieldFlag, defaultText);
+  });
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

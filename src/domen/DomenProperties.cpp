@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
+#include <utility>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -35,13 +37,21 @@ std::vector<const DomenProperty*> ObjectTypeIndex::ThatApplyTo(
     const std::vector<std::wstring>& objectTypes) const {
   if (objectTypes.empty()) return all;
   const Places named = ThatName(objectTypes);
-  Places places;
-  places.reserve(named.size() + ofNoType.size());
-  std::merge(named.begin(), named.end(), ofNoType.begin(), ofNoType.end(),
-             std::back_inserter(places));
   std::vector<const DomenProperty*> applying;
-  applying.reserve(places.size());
-  for (const std::size_t place : places) applying.push_back(all[place]);
+  applying.reserve(named.size() + ofNoType.size());
+  const auto addIfItApplies = [&](std::size_t place) {
+    const DomenProperty& property = *all[place];
+    const auto applies = [&property](const std::wstring& type) {
+      return property.AppliesToObjectType(type);
+    };
+    if (std::all_of(objectTypes.begin(), objectTypes.end(), applies)) applying.push_back(&property);
+  };
+  auto next = ofNoType.begin();
+  for (const std::size_t place : named) {
+    for (; next != ofNoType.end() && *next < place; ++next) addIfItApplies(*next);
+    addIfItApplies(place);
+  }
+  std::for_each(next, ofNoType.end(), addIfItApplies);
   return applying;
 }
 
@@ -55,6 +65,17 @@ ObjectTypeIndex::Places ObjectTypeIndex::ThatName(
     named = &type == &objectTypes.front() ? found->second : InBoth(named, found->second);
   }
   return named;
+}
+
+// A map can need memory to be moved, and never to be swapped.
+static_assert(std::is_nothrow_swappable_v<DomenProperties>);
+
+IndexedProperties& IndexedProperties::operator=(IndexedProperties&& other) noexcept {
+  if (this == &other) return *this;
+  index = std::move(other.index);
+  properties.swap(other.properties);
+  other.properties.clear();
+  return *this;
 }
 
 std::vector<const DomenProperty*> IndexedProperties::ThatApplyTo(

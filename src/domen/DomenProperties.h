@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "domen/DomenProperty.h"
@@ -36,18 +35,17 @@ class ObjectTypeIndex {
   std::map<std::wstring_view, Places> byType;
 };
 
-// The properties of a domain. They are read as a map is; a change goes through `Edit`, whose
-// result is good up to the next question for their types.
+// The properties of a domain. They are read as a map is; every change goes through `Edit`.
 class IndexedProperties {
  public:
   IndexedProperties() = default;
   IndexedProperties(const IndexedProperties& other) : properties(other.properties) {}
-  IndexedProperties(IndexedProperties&& other) noexcept = default;
-  IndexedProperties& operator=(IndexedProperties other) noexcept {
-    properties = std::move(other.properties);
-    index = std::move(other.index);
+  IndexedProperties(IndexedProperties&& other) = default;
+  IndexedProperties& operator=(const IndexedProperties& other) {
+    if (this != &other) *this = IndexedProperties(other);
     return *this;
   }
+  IndexedProperties& operator=(IndexedProperties&& other) noexcept;
   ~IndexedProperties() = default;
 
   operator const DomenProperties&() const { return properties; }
@@ -59,9 +57,12 @@ class IndexedProperties {
   auto begin() const { return properties.begin(); }
   auto end() const { return properties.end(); }
 
-  DomenProperties& Edit() {
+  // Gives the map to `change`, which must not keep what would let it change later, and what that
+  // gives to the caller.
+  template <class Change>
+  auto Edit(const Change& change) {
     index.reset();
-    return properties;
+    return change(properties);
   }
 
   // See `ObjectTypeIndex`. The first question makes the index.

@@ -1,16 +1,20 @@
 #include "domen/DomenProperty.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstddef>
+#include <string>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
+#include "domen/FieldAdder.h"
 #include "domen/PropertyType.h"
 #include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
+
+constexpr wchar_t quotationMark = L'"';
 
 using Field = std::unique_ptr<Properties::PropertyParameter>;
 
@@ -36,49 +40,44 @@ Field MakeField(std::wstring name, std::wstring title, int valueType, bool flag)
 }
 
 bool HasBareEnds(std::wstring_view text) {
-  const auto isBare = [](wchar_t unit) { return unit != L'"' && !IsSpace(unit); };
-  return !text.empty() && isBare(text.front()) && isBare(text.back());
+  const auto isBare = [](wchar_t unit) { return unit != quotationMark && !IsSpace(unit); };
+  return isBare(text.front()) && isBare(text.back());
 }
 
-bool IsBare(const std::wstring& text) {
-  return text.empty() || HasBareEnds(text);
+bool IsWordWithoutQuotationMarks(std::wstring_view text) {
+  return std::none_of(text.begin(), text.end(),
+                      [](wchar_t unit) { return unit == quotationMark || IsSpace(unit); });
 }
 
-bool IsFinite(double number) {
-  return std::isfinite(number);
-}
-
-// Whether a value surely passes through its text form unchanged.
-bool IsSteady(const Properties::PropertyParameter& field) {
-  using namespace Properties;
-  const auto isListOf = [](const auto& value, auto isSteady) {
-    return !value.empty() && std::all_of(value.begin(), value.end(), isSteady);
-  };
-  switch (field.valueType) {
-    case typeReal:
-      return IsFinite(static_cast<const PropertyRealParameter&>(field).value);
-    case typeStr:
-      return IsBare(static_cast<const PropertyStrParameter&>(field).value);
+// Whether a field that gave this text surely gives it again once it has taken it. The texts of the
+// reals that are no numbers, "inf" and "nan", have an n.
+bool IsSteady(int valueType, std::wstring_view text) {
+  if (text.empty()) return valueType == typeStr;
+  switch (valueType) {
+    case typeInt:
     case typeIList:
-      return !static_cast<const PropertyIListParameter&>(field).value.empty();
-    case typeRList:
-      return isListOf(static_cast<const PropertyRListParameter&>(field).value, IsFinite);
-    case typeSList:
-      return isListOf(static_cast<const PropertySListParameter&>(field).value, HasBareEnds);
-    default:
       return true;
+    case typeReal:
+    case typeRList:
+      return text.find(L'n') == text.npos;
+    case typeStr:
+      return HasBareEnds(text);
+    case typeSList:
+      return IsWordWithoutQuotationMarks(text);
+    default:
+      return false;
   }
 }
 
-// A field of one of the library's own classes, made anew.
-Field CopyOf(Properties::PropertyParameter& field) {
-  std::wstring text = field.GetValue();
-  Field copy = MakeField(field.name, field.title, field.valueType, field.fieldFlag);
-  copy->SetValue(std::move(text));
-  return copy;
-}
-
 }  // namespace
+
+// What its moves promise: a vector that grows would copy otherwise, and so change values.
+static_assert(std::is_nothrow_move_constructible_v<std::wstring> &&
+              std::is_nothrow_move_assignable_v<std::wstring>);
+static_assert(std::is_nothrow_move_constructible_v<decltype(DomenProperty::objectTypes)> &&
+              std::is_nothrow_move_assignable_v<decltype(DomenProperty::objectTypes)>);
+static_assert(std::is_nothrow_move_constructible_v<decltype(DomenProperty::fields)> &&
+              std::is_nothrow_move_assignable_v<decltype(DomenProperty::fields)>);
 
 DomenProperty::DomenProperty(std::wstring propertyId, std::wstring propertyName,
                              std::vector<std::wstring> types, bool isUnique, int index)
@@ -91,8 +90,10 @@ DomenProperty::DomenProperty(std::wstring propertyId, std::wstring propertyName,
 DomenProperty::DomenProperty(const DomenProperty& other)
     : DomenProperty(other.id, other.name, other.objectTypes, other.unique, other.sortIndex) {
   fields.reserve(other.fields.size());
+  FieldAdder adder;
   for (const Field& field : other.fields) {
-    AppendField(field->name, field->title, field->valueType, field->fieldFlag, field->GetValue());
+    adder.Add(*this, field->name, field->title, field->valueType, field->fieldFlag,
+              field->GetValue());
   }
 }
 
@@ -121,30 +122,17 @@ int DomenProperty::AppendField(std::wstring fieldName, std::wstring title, int v
   return 0;
 }
 
-// Among many fields a name is looked up, where it is compared with each of a few. Fields are only
-// ever added, so that those whose names are not known yet are the last.
-bool DomenProperty::HasField(std::wstring_view fieldName) {
-  constexpr std::size_t few = 32;
-  if (fields.size() < few) {
-    return std::any_of(fields.begin(), fields.end(),
-                       [fieldName](const Field& field) { return field->name == fieldName; });
-  }
-  if (!fieldNames) fieldNames = std::make_unique<Names>();
-  for (std::size_t i = fieldNames->size(); i < fields.size(); ++i) {
-    fieldNames->insert(fields[i]->name);
-  }
-  return fieldNames->contains(fieldName);
-}
-
-void DomenProperty::PassValuesThroughText() {
-  fieldNames.reset();  // of fields that may be made anew
-  for (Field& field : fields) {
-    if (!IsSteady(*field)) field = CopyOf(*field);
-  }
+bool DomenProperty::HasField(std::wstring_view fieldName) const {
+  return std::any_of(fields.begin(), fields.end(),
+                     [fieldName](const Field& field) { return field->name == fieldName; });
 }
 
 std::wstring CopiedValue(Properties::PropertyParameter& field) {
-  return IsSteady(field) ? field.GetValue() : CopyOf(field)->GetValue();
+  std::wstring text = field.GetValue();
+  if (IsSteady(field.valueType, text)) return text;
+  DomenProperty copy;
+  copy.AddValueField({}, {}, field.valueType, field.fieldFlag, std::move(text));
+  return copy.fields.empty() ? std::wstring() : copy.fields.front()->GetValue();
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

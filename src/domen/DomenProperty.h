@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,9 +35,6 @@ struct DomenProperty {
   int AddValueField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                     std::wstring defaultText);
 
-  // Makes of this property what a copy of it would be.
-  void PassValuesThroughText();
-
   std::wstring id;
   std::wstring name;
   std::vector<std::wstring> objectTypes;  // in the order of the file; empty means every type
@@ -47,19 +43,17 @@ struct DomenProperty {
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
 
  private:
-  using Names = std::set<std::wstring_view>;
+  friend class FieldAdder;
 
-  bool HasField(std::wstring_view fieldName);
+  bool HasField(std::wstring_view fieldName) const;
 
   // `AddValueField` for a name that is known to be free.
   int AppendField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                   std::wstring defaultText);
-
-  // Of the first of the fields, once there are many: null until then, and in a copy.
-  std::unique_ptr<Names> fieldNames;
 };
 
-// The text of the value that a field would have in a copy of its property.
+// The text of the value that a field would have in a copy of its property, and none if the copy
+// would lack the field. It takes less than the copy, most of all for a text that stays as it is.
 std::wstring CopiedValue(Properties::PropertyParameter& field);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

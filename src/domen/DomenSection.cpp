@@ -7,6 +7,7 @@
 
 #include "classificator/TextFile.h"
 #include "domen/DomenStore.h"
+#include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "editor/Text.h"
@@ -51,7 +52,7 @@ class EntryPieces {
 // What the entries of one section build on.
 class DomenSectionParser {
  public:
-  explicit DomenSectionParser(DomenStore& target) : store(target) {}
+  DomenSectionParser(DomenStore& target, FieldAdder& adder) : store(target), fields(adder) {}
 
   void ParseEntry(std::wstring_view entry) {
     switch (entry.front()) {
@@ -75,15 +76,20 @@ class DomenSectionParser {
   // The id ends at the first blank; what stands behind it is read by nobody. The current property
   // stays: a field that follows goes to the new domain's property of the same id, if it has one.
   void OpenDomen(std::wstring_view text) {
-    const std::wstring id(text.substr(0, text.find(L' ')));
-    domen = nullptr;
-    property = nullptr;
-    if (id.empty()) return;
-    domen = &store.AddDomen(id, Domen(id, id)).first->second;
-    store.activeDomenId = id;
-    DomenProperties& properties = domen->properties.Edit();
-    const auto found = properties.find(propertyId);
-    if (!propertyId.empty() && found != properties.end()) property = &found->second;
+    domenId = text.substr(0, text.find(L' '));
+    if (domenId.empty()) return;
+    store.AddDomen(domenId, Domen(domenId, domenId));
+    store.activeDomenId = domenId;
+  }
+
+  // Changes the current domain, if there is one.
+  template <class Change>
+  void EditDomen(const Change& change) {
+    if (domenId.empty()) return;
+    store.domens.Edit([&](Domens::Map& map) {
+      const auto found = map.find(domenId);
+      if (found != map.end()) change(found->second);
+    });
   }
 
   void SetObjectTypes(std::wstring_view text) {
@@ -99,8 +105,7 @@ class DomenSectionParser {
   // Forgets the current property first, so that the fields behind a bad line go to none.
   void AddProperty(std::wstring_view text) {
     propertyId.clear();
-    property = nullptr;
-    if (!domen) return;
+    if (domenId.empty()) return;
     const EntryPieces<4> pieces(text);
     int unique = 0;
     int sortIndex = 0;
@@ -109,37 +114,36 @@ class DomenSectionParser {
     }
     propertyId = pieces[0];
     const std::wstring_view name = pieces[pieces.Count() > 3 ? 3 : 0];
-    // Files tend to have the keys in order, so that the end is the place to look first.
-    DomenProperties& properties = domen->properties.Edit();
-    const auto entry =
-        properties.try_emplace(properties.end(), propertyId, propertyId, std::wstring(name),
-                               objectTypes, unique == 1, sortIndex);
-    property = &entry->second;
+    const DomenProperty property(propertyId, std::wstring(name), objectTypes, unique == 1,
+                                 sortIndex);
+    EditDomen([&](Domen& domen) { domen.AddProperty(propertyId, property); });
   }
 
   void AddField(std::wstring_view text) {
-    if (!property) return;
+    if (domenId.empty() || propertyId.empty()) return;
     const EntryPieces<5> pieces(text);
     if (pieces.Count() < 4) return;
     const int valueType = ParsePropertyType(pieces[1]);
     int flag = 0;
     if (valueType == -1 || !ParseInt(pieces[2], flag)) return;
-    property->AddValueField(std::wstring(pieces[0]),
-                            std::wstring(pieces[pieces.Count() > 4 ? 4 : 0]), valueType, flag != 0,
-                            std::wstring(pieces[3]));
+    const std::wstring_view title = pieces[pieces.Count() > 4 ? 4 : 0];
+    EditDomen([&](Domen& domen) {
+      domen.AddPropertyField(propertyId, std::wstring(pieces[0]), std::wstring(title), valueType,
+                             flag != 0, std::wstring(pieces[3]), fields);
+    });
   }
 
   DomenStore& store;
+  FieldAdder& fields;
+  std::wstring domenId;     // empty if there is no current domain
+  std::wstring propertyId;  // the same of the property
   std::vector<std::wstring> objectTypes;
-  Domen* domen = nullptr;
-  std::wstring propertyId;            // empty if there is no current property
-  DomenProperty* property = nullptr;  // of this id in `domen`, if it has one
 };
 
 }  // namespace
 
-void ParseDomenSection(DomenStore& store, std::wstring_view body) {
-  DomenSectionParser parser(store);
+void ParseDomenSection(DomenStore& store, FieldAdder& fields, std::wstring_view body) {
+  DomenSectionParser parser(store, fields);
   PieceReader entries = CutEntries(body, false);
   for (std::wstring_view entry; entries.Next(entry);) parser.ParseEntry(entry);
 }

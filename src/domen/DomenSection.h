@@ -6,6 +6,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+class FieldAdder;
 struct DomenStore;
 
 // Adds to the store what the section's body says. Each entry is one of these, told by how it
@@ -17,7 +18,7 @@ struct DomenStore;
 //   @        property             @ Rating 1 10 Element rating class
 //   else     value field          Class str 1 K30 Rating class
 //
-// The last domain named becomes the active one.
-void ParseDomenSection(DomenStore& store, std::wstring_view body);
+// The last domain named becomes the active one. The adder is that of the sections of one file.
+void ParseDomenSection(DomenStore& store, FieldAdder& fields, std::wstring_view body);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

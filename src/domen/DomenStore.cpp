@@ -2,6 +2,7 @@
 
 #include "classificator/TextFile.h"
 #include "domen/DomenSection.h"
+#include "domen/FieldAdder.h"
 #include "editor/PathParts.h"
 #include "editor/Status.h"
 #include "editor/Text.h"
@@ -20,8 +21,9 @@ int DomenStore::LoadDomenText(const std::wstring& path,
   try {
     const std::shared_ptr<const TextFile> read = file ? file : ReadTextFile(path);
     if (!read) return statusNotOpened;
+    FieldAdder fields;
     for (const TextSection& section : read->sections) {
-      if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, section.body);
+      if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, fields, section.body);
     }
     return statusDone;
   } catch (...) {
@@ -29,9 +31,11 @@ int DomenStore::LoadDomenText(const std::wstring& path,
   }
 }
 
-std::pair<DomenStore::Domens::iterator, bool> DomenStore::AddDomen(const std::wstring& key,
-                                                                   Domen&& domen) {
-  return domens.try_emplace(key, std::move(domen));
+std::pair<Domens::const_iterator, bool> DomenStore::AddDomen(const std::wstring& key,
+                                                             Domen&& domen) {
+  return domens.Edit([&](Domens::Map& map) -> std::pair<Domens::const_iterator, bool> {
+    return map.try_emplace(key, std::move(domen));
+  });
 }
 
 DomenProperties DomenStore::CollectProperties(const std::vector<std::wstring>& domenIds,

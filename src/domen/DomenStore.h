@@ -1,14 +1,12 @@
 #pragma once
 
-#include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "domen/Domen.h"
+#include "domen/Domens.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -17,7 +15,7 @@ struct PropertyCheckInfo {
   bool isList;  // of the last of its fields
   int fieldCount;
   bool unique;
-  std::wstring_view id;  // its key, as a view into the domain
+  std::wstring_view id;  // its key, see below
 };
 
 struct TextFile;
@@ -25,8 +23,6 @@ struct TextFile;
 // All loaded domains, in the order of their ids' code units. The store only grows: loading a file
 // never removes what earlier files brought. A copy shares nothing with its source.
 struct DomenStore {
-  using Domens = std::map<std::wstring, Domen, std::less<>>;
-
   // Reads a domain file into the store by the reader that its extension names, in small letters
   // alone. Gives that reader's status, or -1, without touching the file, for any other extension.
   // `configText` is handed on to the reader, and so are the sections of the file if a
@@ -53,7 +49,7 @@ struct DomenStore {
 
   // Moves the domain in, or drops it if the key is taken. Gives the position of the entry under the
   // key and whether it was inserted.
-  std::pair<Domens::iterator, bool> AddDomen(const std::wstring& key, Domen&& domen);
+  std::pair<Domens::const_iterator, bool> AddDomen(const std::wstring& key, Domen&& domen);
 
   // Copies of the properties under the given keys out of the given domains. Of several domains that
   // hold a key the first one named wins; ids and keys that don't exist are passed over.
@@ -61,7 +57,10 @@ struct DomenStore {
                                     const std::vector<std::wstring>& propertyIds) const;
 
   // The queries. All lists are in the order of the ids' or keys' code units, whatever the order in
-  // the files and the sort indexes. An unknown domain has empty answers.
+  // the files and the sort indexes. An unknown domain has empty answers. Keys are views into the
+  // domain, and properties are pointers into it: with copies of them the rows `sort_index`,
+  // `by_type`, `by_types`, `field_values` and `check_info` of docs/performance.md would be beyond
+  // their bounds.
 
   std::vector<std::wstring> ListDomenIds() const;
 
@@ -73,7 +72,7 @@ struct DomenStore {
   int SelectDomenById(const std::wstring& domenId);
   int SelectDomenByName(const std::wstring& domenName);
 
-  // Of each property its key, as a view into the domain, and its sort index.
+  // Of each property its key and its sort index.
   std::vector<std::pair<std::wstring_view, int>> SortIndexes(const std::wstring& domenId) const;
 
   // See `Domen::FilterByObjType`.
@@ -86,13 +85,17 @@ struct DomenStore {
   // raises `out_of_range`, "invalid map<K, T> key", deliberately.
   DomenProperty FindProperty(const std::wstring& domenId, const std::wstring& key) const;
 
-  // The same without a copy: null for an unknown domain.
+  // The same without the copy: null for an unknown domain.
   const DomenProperty* FindStoredProperty(const std::wstring& domenId,
                                           const std::wstring& key) const;
 
   // One entry for each property. A property without fields raises `out_of_range`, "invalid vector
   // subscript": there are no partial answers.
   std::vector<PropertyCheckInfo> CheckInfos(const std::wstring& domenId) const;
+
+  // Equal to a state of before if and only if nothing has come in between that may have changed the
+  // domains. Which of them is active doesn't matter.
+  std::shared_ptr<const void> State() const { return domens.State(); }
 
   std::wstring activeDomenId;
   Domens domens;

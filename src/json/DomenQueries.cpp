@@ -104,8 +104,7 @@ const DomenProperty* DomenStore::FindStoredProperty(const std::wstring& domenId,
                                                     const std::wstring& key) const {
   const Domen* domen = FindDomen(*this, domenId);
   if (!domen) return nullptr;
-  const DomenProperties& properties = domen->properties;
-  return &CheckedAt(properties, key);
+  return &CheckedAt<DomenProperties>(domen->properties, key);
 }
 
 std::vector<PropertyCheckInfo> DomenStore::CheckInfos(const std::wstring& domenId) const {

@@ -152,6 +152,40 @@ TEST(AddValueField, KnowsTheNamesOfManyFields) {
   EXPECT_EQ(moved.fields.size(), std::size_t{many} + 1);
 }
 
+// A property of so many fields that are named by their numbers.
+DomenProperty NumberedFields(int count, const std::wstring& text = L"1") {
+  DomenProperty property = NewProperty();
+  for (int i = 0; i < count; ++i) property.AddValueField(std::to_wstring(i), L"", 2, false, text);
+  return property;
+}
+
+TEST(AddValueField, GoesByTheNamesThatTheFieldsHaveNow) {
+  for (const int count : {2, 40, 100}) {
+    SCOPED_TRACE(count);
+    DomenProperty property = NumberedFields(count);
+    ASSERT_EQ(property.AddValueField(L"1", L"", 0, false, L"1"), -1);
+    property.fields[1]->name = L"a name of its own that is of some length";
+    EXPECT_EQ(
+        property.AddValueField(L"a name of its own that is of some length", L"", 0, false, L""),
+        -1);
+    EXPECT_EQ(property.AddValueField(L"1", L"", 0, false, L"1"), 0);
+    EXPECT_EQ(property.AddValueField(L"1", L"", 0, false, L"1"), -1);
+  }
+}
+
+TEST(AddValueField, TakesTheNameOfAFieldThatIsGone) {
+  for (const int count : {2, 40, 100}) {
+    SCOPED_TRACE(count);
+    DomenProperty property = NumberedFields(count);
+    ASSERT_EQ(property.AddValueField(L"0", L"", 0, false, L"1"), -1);
+    property.fields.erase(property.fields.begin());
+    EXPECT_EQ(property.AddValueField(L"0", L"", 0, false, L"1"), 0);
+    EXPECT_EQ(property.AddValueField(L"0", L"", 0, false, L"1"), -1);
+    property.fields.clear();
+    EXPECT_EQ(property.AddValueField(L"0", L"", 0, false, L"1"), 0);
+  }
+}
+
 // The names of another property's fields are not its own, also where these are where the other's
 // were.
 TEST(AddValueField, ForgetsTheNamesOfFieldsThatWereAssignedOver) {
@@ -215,6 +249,28 @@ TEST(DomenProperty, IsCopiedWithAllItsMembersAndFields) {
   EXPECT_EQ(Describe(source), described);
 }
 
+TEST(DomenProperty, IsCopiedWithoutAFieldWhoseNameAnEarlierOneHas) {
+  for (const int count : {3, 40, 100}) {
+    SCOPED_TRACE(count);
+    DomenProperty source = NumberedFields(count);
+    source.fields[1]->name = L"0";
+    source.fields[1]->title = L"Second";
+    const DomenProperty copy = source;
+    ASSERT_EQ(copy.fields.size(), static_cast<std::size_t>(count) - 1);
+    EXPECT_EQ(copy.fields[0]->title, L"");
+    EXPECT_EQ(copy.fields[1]->name, L"2");
+    EXPECT_EQ(source.fields.size(), static_cast<std::size_t>(count));
+  }
+}
+
+TEST(DomenProperty, IsCopiedWithoutAFieldWhoseNumberIsNoType) {
+  DomenProperty source = NumberedFields(3);
+  source.fields[1]->valueType = 6;
+  const DomenProperty copy = source;
+  ASSERT_EQ(copy.fields.size(), 2u);
+  EXPECT_EQ(copy.fields[1]->name, L"2");
+}
+
 TEST(DomenProperty, SharesNoFieldWithItsCopy) {
   DomenProperty source = FullProperty();
   const std::wstring described = Describe(source);
@@ -259,7 +315,6 @@ TEST(DomenProperty, MovesWithTheFieldsThatItHas) {
   EXPECT_EQ(Describe(assigned), described);
 }
 
-// A vector that grows would copy otherwise, and so change values.
 static_assert(std::is_nothrow_move_constructible_v<DomenProperty>);
 static_assert(std::is_nothrow_move_assignable_v<DomenProperty>);
 

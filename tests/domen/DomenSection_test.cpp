@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "domen/DomenStore.h"
+#include "domen/FieldAdder.h"
 #include "support/DescribeDomens.h"
 #include "support/TempFolder.h"
 
@@ -15,31 +16,36 @@ namespace {
 
 using namespace std::string_literals;
 
+void Parse(DomenStore& store, std::wstring_view body) {
+  FieldAdder fields;
+  ParseDomenSection(store, fields, body);
+}
+
 // What the body of a section makes of an empty store.
 std::wstring Parsed(std::wstring_view body) {
   DomenStore store;
-  ParseDomenSection(store, body);
+  Parse(store, body);
   return Describe(store);
 }
 
 std::wstring ActiveAfter(std::wstring_view body) {
   DomenStore store;
   store.activeDomenId = L"before";
-  ParseDomenSection(store, body);
+  Parse(store, body);
   return store.activeDomenId;
 }
 
 // What one entry makes of the domain D, in which nothing stands yet.
 std::wstring ParsedInDomain(const std::wstring& entry) {
   DomenStore store;
-  ParseDomenSection(store, L"@@@ D\n" + entry);
+  Parse(store, L"@@@ D\n" + entry);
   return Describe(store.domens.at(L"D").properties);
 }
 
 // What one entry makes of the property P, which has no fields yet.
 std::wstring ParsedInProperty(const std::wstring& entry) {
   DomenStore store;
-  ParseDomenSection(store, L"@@@ D\n@ P 0 1\n" + entry);
+  Parse(store, L"@@@ D\n@ P 0 1\n" + entry);
   std::wstring text;
   for (const auto& field : store.domens.at(L"D").properties.at(L"P").fields)
     text += Describe(*field);
@@ -500,7 +506,7 @@ TEST(ParseDomenSection, TakesNoPropertyForOneOfTheEmptyId) {
   Domen domen(L"D", L"D");
   domen.AddProperty(L"", DomenProperty(L"", L"", {}, false, 0));
   store.AddDomen(L"D", std::move(domen));
-  ParseDomenSection(store, L"@@@ D\nF int 0 5");
+  Parse(store, L"@@@ D\nF int 0 5");
   EXPECT_TRUE(store.domens.at(L"D").properties.at(L"").fields.empty());
 }
 
@@ -541,9 +547,9 @@ TEST(ParseDomenSection, ForgetsTheCurrentPropertyAtAPropertyWithoutADomain) {
 
 TEST(ParseDomenSection, StartsWithoutADomainWithoutObjectTypesAndWithoutAProperty) {
   DomenStore store;
-  ParseDomenSection(store, L"@@@ A\n@@ Door\n@ P 0 1");
-  ParseDomenSection(store, L"@ Q 0 1\nF int 0 5");
-  ParseDomenSection(store, L"@@@ A\nF int 0 5\n@ R 0 1");
+  Parse(store, L"@@@ A\n@@ Door\n@ P 0 1");
+  Parse(store, L"@ Q 0 1\nF int 0 5");
+  Parse(store, L"@@@ A\nF int 0 5\n@ R 0 1");
   EXPECT_EQ(Describe(store),
             L"domain A 'A'\n"
             L"  property P 'P' 1 [Door]\n"
@@ -564,8 +570,8 @@ TEST(ParseDomenSection, TakesUnitsOfAnyKind) {
 TEST(ParseDomenSection, TakesATokenOfMegabytes) {
   const std::wstring word(5'000'000, L'x');
   DomenStore store;
-  ParseDomenSection(store, L"@@@ D\n@ P 0 1\nF str 0 " + word + L"\nG int 0 " + word + L"\nH int " +
-                               word + L" 5\nI " + word + L" 0 5");
+  Parse(store, L"@@@ D\n@ P 0 1\nF str 0 " + word + L"\nG int 0 " + word + L"\nH int " + word +
+                   L" 5\nI " + word + L" 0 5");
   const auto& fields = store.domens.at(L"D").properties.at(L"P").fields;
   ASSERT_EQ(fields.size(), 2u);
   EXPECT_TRUE(fields[0]->GetValue() == word);
@@ -574,7 +580,7 @@ TEST(ParseDomenSection, TakesATokenOfMegabytes) {
 
 TEST(ParseDomenSection, TakesALineOfMegabytesOfMarkers) {
   DomenStore store;
-  ParseDomenSection(store, std::wstring(5'000'000, L'@'));
+  Parse(store, std::wstring(5'000'000, L'@'));
   ASSERT_EQ(store.domens.size(), 1u);
   EXPECT_EQ(store.activeDomenId.size(), 5'000'000u - 3);
 }
@@ -590,7 +596,7 @@ TEST(ParseDomenSection, TakesAMillionWords) {
   std::wstring words;
   for (int i = 0; i < 1'000'000; ++i) words += L" x";
   DomenStore store;
-  ParseDomenSection(store, L"@@@ D\n@@" + words + L"\n@ P 0 1" + words);
+  Parse(store, L"@@@ D\n@@" + words + L"\n@ P 0 1" + words);
   const DomenProperty& property = store.domens.at(L"D").properties.at(L"P");
   EXPECT_EQ(property.objectTypes.size(), 1'000'000u);
   EXPECT_TRUE(property.name == words.substr(1));
@@ -603,7 +609,7 @@ TEST(ParseDomenSection, TakesManyPropertiesAndFields) {
     body += L"\n@ P" + number + L" 0 " + number + L"\nF int 0 " + number;
   }
   DomenStore store;
-  ParseDomenSection(store, body);
+  Parse(store, body);
   const DomenProperties& properties = store.domens.at(L"D").properties;
   EXPECT_EQ(properties.size(), 20'000u);
   EXPECT_EQ(properties.at(L"P19999").fields.at(0)->GetValue(), L"19999");

@@ -4,8 +4,13 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <memory>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -28,6 +33,11 @@ Domen NewDomen(const std::wstring& name, std::vector<std::wstring> keys) {
   Domen domen(L"D", name);
   for (const std::wstring& key : keys) domen.AddProperty(key, NewProperty(name + L"." + key));
   return domen;
+}
+
+template <class Change>
+void EditDomen(DomenStore& store, const wchar_t* key, const Change& change) {
+  store.domens.Edit([&](Domens::Map& map) { change(map.at(key)); });
 }
 
 TEST(DomenStore, StartsEmpty) {
@@ -103,10 +113,127 @@ TEST(DomenStore, SharesNothingWithItsCopy) {
   DomenStore copy = store;
   EXPECT_EQ(copy.activeDomenId, L"D");
   EXPECT_EQ(Describe(copy), Describe(store));
-  copy.domens.at(L"D").AddPropertyField(L"P", L"F", L"", 0, false, L"5");
+  EditDomen(copy, L"D",
+            [](Domen& domen) { domen.AddPropertyField(L"P", L"F", L"", 0, false, L"5"); });
   copy.AddDomen(L"E", NewDomen(L"E", {}));
   EXPECT_EQ(Describe(store), L"domain D 'Name'\n  property P 'Name.P' 0 []\n");
 }
+
+// Whether it has changed
+
+TEST(DomenStore, StaysInItsStateThroughQuestionsAndSelections) {
+  DomenStore store;
+  store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
+  const auto state = store.State();
+  ASSERT_TRUE(state);
+  store.ListDomenIds();
+  store.ListDomenNames();
+  store.SortIndexes(L"D");
+  store.PropertiesOfType(L"D", L"Door");
+  store.PropertiesOfTypes(L"D", {});
+  store.FindProperty(L"D", L"P");
+  store.FindStoredProperty(L"D", L"P");
+  EXPECT_THROW(store.CheckInfos(L"D"), std::out_of_range);
+  store.CollectProperties({L"D"}, {L"P"});
+  const TempFolder folder;
+  store.ExportDomenJson(L"D", folder.Wide() + L"/exported.json");
+  EXPECT_EQ(store.SelectDomenById(L"D"), 0);
+  EXPECT_EQ(store.SelectDomenById(L"E"), -1);
+  EXPECT_EQ(store.SelectDomenByName(L"Name"), 0);
+  EXPECT_EQ(store.SelectDomenByName(L"E"), -1);
+  EXPECT_EQ(store.LoadDomen(folder.Wide() + L"/absent.dat", L""), -1);
+  EXPECT_EQ(store.LoadDomen(folder.Wide() + L"/absent.txt", L""), 2);
+  EXPECT_EQ(store.LoadDomen(folder.Write("none.txt", "==CLASS\n"), L""), 0);
+  EXPECT_EQ(store.State(), state);
+}
+
+TEST(DomenStore, IsInAnotherStateBehindWhateverChangesItsDomains) {
+  const TempFolder folder;
+  const std::wstring text = folder.Write("a.txt", "==DOMEN\n@@@ D\n@ Q 0 1\nF int 0 5\n");
+  const std::wstring json = folder.Write("b.json", R"({Domen: {sName: "B"}})");
+  const std::pair<const char*, std::function<void(DomenStore&)>> changes[] = {
+      {"text", [&](DomenStore& store) { EXPECT_EQ(store.LoadDomen(text, L""), 0); }},
+      {"JSON", [&](DomenStore& store) { EXPECT_EQ(store.LoadDomen(json, L""), 0); }},
+      {"AddDomen", [](DomenStore& store) { store.AddDomen(L"E", NewDomen(L"E", {})); }},
+      {"Edit",
+       [](DomenStore& store) {
+         EditDomen(store, L"D",
+                   [](Domen& domen) { domen.AddPropertyField(L"P", L"F", L"", 0, false, L"5"); });
+       }},
+      {"assignment", [](DomenStore& store) { store = DomenStore(store); }},
+      {"assignment of a copy",
+       [](DomenStore& store) {
+         const DomenStore copy(store);
+         store = copy;
+       }},
+      {"move", [](DomenStore& store) { const DomenStore moved(std::move(store)); }},
+  };
+  for (const auto& [name, change] : changes) {
+    SCOPED_TRACE(name);
+    DomenStore store;
+    store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
+    const auto state = store.State();
+    const DomenStore copy(store);
+    EXPECT_NE(copy.State(), state);
+    EXPECT_EQ(store.State(), state);
+    change(store);
+    EXPECT_NE(store.State(), state);
+  }
+}
+
+// The next question must not find the state of before the failure.
+TEST(DomenStore, IsInAnotherStateBehindAChangeThatFails) {
+  DomenStore store;
+  store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
+  const auto state = store.State();
+  EXPECT_THROW(EditDomen(store, L"D",
+                         [](Domen& domen) {
+                           domen.AddPropertyField(L"P", L"F", L"", 0, false, L"5");
+                           throw std::bad_alloc();
+                         }),
+               std::bad_alloc);
+  EXPECT_NE(store.State(), state);
+}
+
+TEST(DomenStore, GivesUpWhatItHadWhenItIsMovedOrAssignedTo) {
+  DomenStore source;
+  source.activeDomenId = L"D";
+  source.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
+  const std::wstring described = Describe(source);
+  DomenStore moved(std::move(source));
+  EXPECT_EQ(Describe(moved), described);
+  EXPECT_TRUE(source.domens.empty());
+  DomenStore assigned;
+  assigned.AddDomen(L"Old", NewDomen(L"Old", {}));
+  assigned = std::move(moved);
+  EXPECT_EQ(Describe(assigned), described);
+  EXPECT_TRUE(moved.domens.empty());
+  DomenStore copied;
+  copied = assigned;
+  EXPECT_EQ(Describe(copied), described);
+  EXPECT_EQ(Describe(assigned), described);
+}
+
+// Nothing is copied, and so no value passes through its text form.
+TEST(DomenStore, StaysAsItIsWhenItIsAssignedToItself) {
+  DomenStore store;
+  store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
+  EditDomen(store, L"D", [](Domen& domen) {
+    domen.AddPropertyField(L"P", L"F", L"", 2, false, L"x\" \" \"");
+    const Domen& itself = domen;
+    domen = itself;
+  });
+  const DomenStore& itself = store;
+  store = itself;
+  EXPECT_EQ(store.domens.at(L"D").properties.at(L"P").fields[0]->GetValue(), L"x\" \" ");
+}
+
+// The last that an editor does that is assigned to, when nothing may fail any more.
+static_assert(std::is_nothrow_move_assignable_v<DomenStore>);
+
+// It is what its members are.
+static_assert(sizeof(DomenStore) ==
+              sizeof(std::wstring) + sizeof(Domens::Map) + sizeof(std::shared_ptr<const char>));
 
 // Collecting
 
@@ -173,7 +300,8 @@ TEST(CollectProperties, LooksForTheKeyAndNotForTheId) {
 
 TEST(CollectProperties, GivesCopies) {
   DomenStore store = TwoDomens();
-  store.domens.at(L"A").AddPropertyField(L"Both", L"F", L"", 0, false, L"5");
+  EditDomen(store, L"A",
+            [](Domen& domen) { domen.AddPropertyField(L"Both", L"F", L"", 0, false, L"5"); });
   DomenProperties collected = store.CollectProperties({L"A"}, {L"Both"});
   collected.at(L"Both").fields[0]->SetValue(L"6");
   EXPECT_EQ(store.domens.at(L"A").properties.at(L"Both").fields[0]->GetValue(), L"5");
@@ -181,7 +309,9 @@ TEST(CollectProperties, GivesCopies) {
 
 TEST(CollectProperties, PassesTheValuesThroughTheirTextFormOnce) {
   DomenStore store = TwoDomens();
-  store.domens.at(L"A").AddPropertyField(L"Both", L"F", L"", 2, false, L"x\" \" \"");
+  EditDomen(store, L"A", [](Domen& domen) {
+    domen.AddPropertyField(L"Both", L"F", L"", 2, false, L"x\" \" \"");
+  });
   EXPECT_EQ(store.CollectProperties({L"A"}, {L"Both"}).at(L"Both").fields[0]->GetValue(), L"x\" ");
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "domen/FieldAdder.h"
 #include "support/DescribeDomens.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -117,6 +118,22 @@ TEST(Domen, DropsAFieldThatThePropertyRefuses) {
   EXPECT_EQ(Describe(domen.properties), newDomenProperties);
 }
 
+// Fields that are made anew where the property is copied in.
+TEST(Domen, KnowsTheNamesOfManyFieldsThatAPropertyBroughtWithIt) {
+  DomenProperty property = NewProperty(L"Title");
+  for (int i = 0; i < 40; ++i) {
+    property.AddValueField(L"F" + std::to_wstring(i), L"", 2, false, L"\"\" x \"\"");
+  }
+  Domen domen(L"D", L"D");
+  domen.AddProperty(L"P", std::move(property));
+  FieldAdder adder;
+  for (int i = 0; i < 40; ++i) {
+    domen.AddPropertyField(L"P", L"F" + std::to_wstring(i), L"", 0, false, L"6");
+    domen.AddPropertyField(L"P", L"F" + std::to_wstring(i), L"", 0, false, L"6", adder);
+  }
+  EXPECT_EQ(domen.properties.at(L"P").fields.size(), 40u);
+}
+
 TEST(Domen, WalksItsPropertiesInTheOrderOfTheKeysUnits) {
   const std::vector<std::wstring> ascending = {
       L"",  L"\0"s, L"-", L"1",    L"10",    L"2",  L"A",      L"A B",    L"AA",
@@ -161,7 +178,7 @@ TEST(Domen, SharesNothingWithItsCopy) {
   Domen assigned(L"E", L"E");
   assigned.AddProperty(L"Old", NewProperty(L"Old"));
   assigned = source;
-  source.properties.Edit().clear();
+  source.properties.Edit([](DomenProperties& map) { map.clear(); });
   EXPECT_EQ(assigned.id, L"D");
   EXPECT_EQ(Describe(assigned.properties), newDomenProperties);
 }
@@ -204,7 +221,9 @@ TEST(Domen, CanBeFilledAgainOnceItHasBeenMovedFrom) {
   EXPECT_EQ(Describe(source.properties), L"  Q: property P 'New' 0 []\n");
 }
 
-static_assert(std::is_nothrow_move_constructible_v<Domen>);
+// Its move is as its map's is, and what it is assigned to takes no memory anyway.
+static_assert(std::is_nothrow_move_constructible_v<Domen> ==
+              std::is_nothrow_move_constructible_v<DomenProperties>);
 static_assert(std::is_nothrow_move_assignable_v<Domen>);
 
 }  // namespace

@@ -30,6 +30,7 @@
 #include "Json5Record.h"
 #include "RevitMappingEditorDll.h"
 #include "support/Classificators.h"
+#include "support/DescribeDomens.h"
 #include "support/DomenRows.h"
 #include "support/OutOfRange.h"
 #include "support/Output.h"
@@ -1518,6 +1519,33 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
     SCOPED_TRACE(keepsFailing);
     const FailureMode mode(keepsFailing);
     ExpectStringsFreed();
+  }
+}
+
+// What a reading has stored ahead of its failure is a change like any other.
+TEST(DomenStore, IsInAnotherStateWhenALoadHasChangedItWhicheverAllocationFails) {
+  const TempFolder folder;
+  const std::wstring files[] = {folder.Write("rich.txt", RichFile()),
+                                folder.Write("a.json", R"({Domen: {asFuncsNames: ["P", "Q"]}})")};
+  for (const std::wstring& file : files) {
+    long n = 1;
+    int changedByFailure = 0;
+    for (bool complete = false; !complete && n < enough; ++n) {
+      DomenStore store;
+      store.AddDomen(L"Zones", Domen(L"Zones", L"Zones"));
+      const std::wstring before = Describe(store);
+      const auto state = store.State();
+      int status = -1;
+      complete = !RunFailing(n, [&] { status = store.LoadDomen(file, L""); }).failed;
+      EXPECT_TRUE(status == (complete ? 0 : 3) || status == -1) << n;
+      const bool changed = Describe(store) != before;
+      if (changed) {
+        EXPECT_NE(store.State(), state) << n;
+      }
+      changedByFailure += changed && !complete;
+    }
+    EXPECT_EQ(changedByFailure > 10, file == files[0]);
+    EXPECT_LT(n, enough);
   }
 }
 

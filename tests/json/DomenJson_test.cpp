@@ -793,6 +793,21 @@ TEST_F(JsonExport, WritesTheKeyOfAPropertyForItsId) {
   EXPECT_NE(text.find("      \"sId\": \"key\", // Имя (код) свойства\n"), text.npos);
 }
 
+// A list of strings loses its quotation marks when it is asked for its value, which is all that the
+// export has of it.
+TEST_F(JsonExport, AsksEachFieldForItsValue) {
+  DomenStore store;
+  Domen domen(L"a", L"A");
+  domen.AddProperty(L"P", DomenProperty(L"P", L"P", {}, false, 0));
+  domen.AddPropertyField(L"P", L"F", L"F", typeSList, false, L"\"a b\"");
+  store.AddDomen(L"a", std::move(domen));
+  const auto& field = dynamic_cast<Properties::PropertySListParameter&>(
+      *store.domens.at(L"a").properties.at(L"P").fields.at(0));
+  ASSERT_EQ(field.value, (std::vector<std::wstring>{L"\"a", L"b\""}));
+  store.ExportDomenJson(L"a", folder.Wide() + L"/exported.json");
+  EXPECT_EQ(field.value, (std::vector<std::wstring>{L"a", L"b"}));
+}
+
 // A number beyond those of the fields, as no file can have it.
 TEST_F(JsonExport, KnowsASeventhTypeAndNoOther) {
   const std::pair<int, std::string> cases[] = {

@@ -20,13 +20,21 @@ struct Context {
   std::wstring propertyId;
 };
 
+template <class Change>
+void EditProperties(DomenStore& store, const std::wstring& domenId, const Change& change) {
+  store.domens.Edit([&](Domens::Map& domens) { domens.at(domenId).properties.Edit(change); });
+}
+
+void AddDomen(DomenStore& store, const std::wstring& id, Domen domen) {
+  if (store.domens.contains(id)) return;
+  store.domens.Edit([&](Domens::Map& domens) { domens.emplace(id, std::move(domen)); });
+}
+
 void TakeDomen(DomenStore& store, Context& context, std::wstring rest) {
   rest = Trim(rest);
   context.domenId = rest.substr(0, rest.find(L' '));
   if (context.domenId.empty()) return;
-  if (store.domens.count(context.domenId) == 0) {
-    store.domens.emplace(context.domenId, Domen(context.domenId, context.domenId));
-  }
+  Naive::AddDomen(store, context.domenId, Domen(context.domenId, context.domenId));
   store.activeDomenId = context.domenId;
 }
 
@@ -38,12 +46,13 @@ void TakeProperty(DomenStore& store, Context& context, std::wstring rest) {
   int sortIndex = 0;
   if (pieces.size() < 3) return;
   if (!Naive::ParseInt(pieces[1], unique) || !Naive::ParseInt(pieces[2], sortIndex)) return;
-  DomenProperties& properties = store.domens.at(context.domenId).properties.Edit();
   context.propertyId = pieces[0];
-  if (properties.count(pieces[0]) != 0) return;
   const std::wstring name = pieces.size() == 4 ? pieces[3] : pieces[0];
-  properties.emplace(pieces[0],
-                     DomenProperty(pieces[0], name, context.objectTypes, unique == 1, sortIndex));
+  EditProperties(store, context.domenId, [&](DomenProperties& properties) {
+    if (properties.count(pieces[0]) != 0) return;
+    properties.emplace(pieces[0],
+                       DomenProperty(pieces[0], name, context.objectTypes, unique == 1, sortIndex));
+  });
 }
 
 int TypeOf(std::wstring keyword) {
@@ -57,11 +66,12 @@ void TakeField(DomenStore& store, const Context& context, std::wstring entry) {
   const Texts pieces = SplitTrimmed(entry, L" ", false, 5);
   int flag = 0;
   if (pieces.size() < 4 || TypeOf(pieces[1]) == -1 || !Naive::ParseInt(pieces[2], flag)) return;
-  DomenProperties& properties = store.domens.at(context.domenId).properties.Edit();
-  if (properties.count(context.propertyId) == 0) return;
   const std::wstring title = pieces.size() == 5 ? pieces[4] : pieces[0];
-  Naive::AddValueField(properties.at(context.propertyId), pieces[0], title, TypeOf(pieces[1]),
-                       flag != 0, pieces[3]);
+  EditProperties(store, context.domenId, [&](DomenProperties& properties) {
+    if (properties.count(context.propertyId) == 0) return;
+    Naive::AddValueField(properties.at(context.propertyId), pieces[0], title, TypeOf(pieces[1]),
+                         flag != 0, pieces[3]);
+  });
 }
 
 void TakeEntry(DomenStore& store, Context& context, std::wstring entry) {
@@ -260,10 +270,11 @@ void LoadDomenJson(DomenStore& store, std::wstring id, std::string bytes) {
   Domen domen(id, element.String(L"sName", L""));
   for (const std::wstring& key : element.Strings(L"asFuncsNames")) {
     const DomenProperty property = ReadProperty(root, key);
-    if (domen.properties.count(key) == 0)
-      domen.properties.Edit().emplace(key, Naive::CopyOf(property));
+    if (domen.properties.count(key) != 0) continue;
+    domen.properties.Edit(
+        [&](DomenProperties& properties) { properties.emplace(key, Naive::CopyOf(property)); });
   }
-  if (store.domens.count(id) == 0) store.domens.emplace(id, std::move(domen));
+  Naive::AddDomen(store, id, std::move(domen));
   store.activeDomenId = id;
 }
 

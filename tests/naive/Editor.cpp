@@ -101,7 +101,7 @@ int Editor::SetActiveColorat(std::wstring id) {
 }
 
 int Editor::SetActiveDomenId(std::wstring id) {
-  if (domenStore.domens.count(id) == 0) return -1;
+  if (!domenStore.domens.contains(id)) return -1;
   domenStore.activeDomenId = id;
   return 0;
 }

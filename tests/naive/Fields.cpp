@@ -167,10 +167,13 @@ DomenStore CopyOf(const DomenStore& store) {
   DomenStore copy;
   copy.activeDomenId = store.activeDomenId;
   for (const auto& [id, domen] : store.domens) {
-    Domen& target = copy.domens.emplace(id, Domen(domen.id, domen.name)).first->second;
-    for (const auto& [key, property] : domen.properties) {
-      target.properties.Edit().emplace(key, Naive::CopyOf(property));
-    }
+    Domen target(domen.id, domen.name);
+    target.properties.Edit([&](DomenProperties& map) {
+      for (const auto& [key, property] : domen.properties) {
+        map.emplace(key, Naive::CopyOf(property));
+      }
+    });
+    copy.domens.Edit([&](Domens::Map& map) { map.emplace(id, std::move(target)); });
   }
   return copy;
 }

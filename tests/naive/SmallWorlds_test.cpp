@@ -12,6 +12,7 @@
 #include "classificator/ColoratSection.h"
 #include "domen/DomenSection.h"
 #include "domen/DomenStore.h"
+#include "domen/FieldAdder.h"
 #include "editor/Text.h"
 #include "mapping/MapTextSection.h"
 #include "mapping/ParamItem.h"
@@ -136,7 +137,8 @@ void DomenSectionsAgree(const std::wstring& text) {
   DomenStore store;
   DomenStore naive;
   for (int times = 1; times <= 2; ++times) {
-    ParseDomenSection(store, text);
+    FieldAdder fields;
+    ParseDomenSection(store, fields, text);
     Naive::ParseDomenSection(naive, text);
     ASSERT_EQ(Describe(store), Describe(naive)) << PrintToString(text) << ", " << times;
     ASSERT_EQ(store.activeDomenId, naive.activeDomenId) << PrintToString(text) << ", " << times;

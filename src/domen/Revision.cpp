@@ -1,0 +1,10 @@
+#include "domen/Revision.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+
+std::shared_ptr<const void> Revision::Get() const {
+  if (!token) token = std::make_shared<const char>('\0');
+  return token;
+}
+
+}  // namespace TolvenLibs::RevitMappingEditorDll
