@@ -41,13 +41,12 @@
 
 #pragma once
 
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "RevitMappingEditorApi.h"
 #include "classificator/Classificator.h"
 #include "domen/DomenStore.h"
-#include "mapping/RememberedItems.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -209,12 +208,11 @@ class REVIT_MAPPING_EDITOR_API RevitMappingEditorDll {
  private:
   std::wstring configText;
   std::wstring dataFolder;
-  int activeClassificator = -1;  // -1 or an index into `classificators`
-  std::vector<Classificator> classificators;
+  int activeClassificator = -1;              // -1 or an index into `classificators`
+  std::deque<Classificator> classificators;  // one that is loaded is never moved
   DomenStore domenStore;
   std::wstring startMark;
   std::wstring endMark;
-  RememberedItems remembered;  // of the active Classificator
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

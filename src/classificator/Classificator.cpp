@@ -23,8 +23,7 @@ void ParseSection(Classificator& classificator, const TextSection& section,
   } else if (StartsWith(section.heading, L"==MAPTEXT")) {
     ParseMapTextSection(classificator.mapTextSection, section.body, file);
   } else if (StartsWith(section.heading, L"==COLORAT")) {
-    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body,
-                        file);
+    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body);
   } else if (StartsWith(section.heading, L"==PARAM")) {
     ParseParamSection(classificator.paramSection, section.body);
   }

@@ -73,8 +73,8 @@ int ReadLeadingInt(std::wstring_view text) {
 }
 
 void ColorMap::Add(std::wstring_view key, const ColorEntry& entry) {
-  colors.emplace_back(key, entry);
-  ordered = false;
+  colors_.emplace_back(key, entry);
+  ordered_ = false;
 }
 
 std::vector<ColorMap::Color>::const_iterator ColorMap::find(std::wstring_view key) const {
@@ -86,22 +86,20 @@ std::vector<ColorMap::Color>::const_iterator ColorMap::find(std::wstring_view ke
 }
 
 const std::vector<ColorMap::Color>& ColorMap::Ordered() const {
-  if (ordered) return colors;
+  if (ordered_) return colors_;
   const auto byKey = [](const Color& left, const Color& right) { return left.first < right.first; };
-  if (!std::is_sorted(colors.begin(), colors.end(), byKey)) {
-    std::stable_sort(colors.begin(), colors.end(), byKey);
+  if (!std::is_sorted(colors_.begin(), colors_.end(), byKey)) {
+    std::stable_sort(colors_.begin(), colors_.end(), byKey);
   }
   const auto repeated =
-      std::unique(colors.begin(), colors.end(),
+      std::unique(colors_.begin(), colors_.end(),
                   [](const Color& left, const Color& right) { return left.first == right.first; });
-  colors.erase(repeated, colors.end());
-  ordered = true;
-  return colors;
+  colors_.erase(repeated, colors_.end());
+  ordered_ = true;
+  return colors_;
 }
 
-int ParseColoratSection(ColoratTable table, std::wstring_view text,
-                        std::shared_ptr<const void> owner) {
-  if (!owner) owner = KeepCopy(text);
+int ParseColoratSection(ColoratTable table, std::wstring_view text) {
   table.colorats.clear();
   PieceReader blocks(text, L"@", true);
   for (std::wstring_view block; blocks.Next(block);) {
@@ -113,7 +111,7 @@ int ParseColoratSection(ColoratTable table, std::wstring_view text,
     const std::size_t blank = title.find(L' ');
     if (blank == title.npos) continue;
     const std::wstring id(title.substr(0, blank));
-    AddColors(table.colorats.try_emplace(id, owner).first->second, lines);
+    AddColors(table.colorats.try_emplace(id).first->second, lines);
     table.activeColoratId = id;
   }
   return static_cast<int>(table.colorats.size());

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,14 +22,11 @@ struct ColorEntry {
   int percent;   // 0 to 100
 };
 
-// The colours of one Colorat by key text, in the order of the key texts. They are put in order when
-// they are first asked for. The key texts are views, of a text that they keep.
+// The colours of one Colorat, an ordered map from key text to colour. A load has no time to put
+// them in order, as `std::map` would: the first question does.
 class ColorMap {
  public:
-  using Color = std::pair<std::wstring_view, ColorEntry>;
-
-  ColorMap() = default;
-  explicit ColorMap(std::shared_ptr<const void> keyTexts) : texts(std::move(keyTexts)) {}
+  using Color = std::pair<std::wstring, ColorEntry>;
 
   // A colour of a key text that has one already is dropped.
   void Add(std::wstring_view key, const ColorEntry& entry);
@@ -45,9 +41,8 @@ class ColorMap {
  private:
   const std::vector<Color>& Ordered() const;
 
-  std::shared_ptr<const void> texts;
-  mutable std::vector<Color> colors;
-  mutable bool ordered = true;
+  mutable std::vector<Color> colors_;
+  mutable bool ordered_ = true;
 };
 
 using Colorats = std::map<std::wstring, ColorMap, std::less<>>;  // by the Colorat's id
@@ -70,11 +65,7 @@ struct ColoratTable {
 // other is left out, and so is a line that hasn't exactly five pieces. Values that are no numbers
 // are 0, those out of range are moved to its nearer end. Of equal keys in a Colorat the first
 // stays; blocks of one id make one Colorat.
-//
-// The key texts look at the text: `owner` keeps it alive, or if there is none they keep a copy of
-// it.
-int ParseColoratSection(ColoratTable table, std::wstring_view text,
-                        std::shared_ptr<const void> owner = nullptr);
+int ParseColoratSection(ColoratTable table, std::wstring_view text);
 
 // The number at the head of the text, as `_wtoi` of Windows reads it: an optional sign, then
 // decimal digits of any script that it knows. 0 if there is none; beyond 32 bits the nearest limit.

@@ -35,6 +35,7 @@ class SectionCutter {
       std::wstring::traits_type::move(start, line.data(), line.size());
     }
     end = start + line.size();
+    file.size = static_cast<std::size_t>(end - file.units.get());
     if (line.size() > 1 && start[0] == L'=' && start[1] == L'=') {
       file.sections.push_back({std::wstring_view(start, end), {}});
       body = nullptr;
@@ -68,12 +69,6 @@ std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path) {
   const std::optional<std::string> bytes = ReadFile(path);
   if (!bytes) return nullptr;
   return std::make_shared<const TextFile>(CutTextFile(*bytes));
-}
-
-std::shared_ptr<const void> KeepCopy(std::wstring_view& text) {
-  const auto copy = std::make_shared<const std::wstring>(text);
-  text = *copy;
-  return copy;
 }
 
 PieceReader CutEntries(std::wstring_view body, bool keepEmpty) {

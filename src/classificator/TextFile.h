@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +25,7 @@ struct TextSection {
 // Lines ahead of the first heading belong to none. Whoever keeps a view into it keeps the file.
 struct TextFile {
   std::unique_ptr<wchar_t[]> units;  // what the sections look at
+  std::size_t size = 0;              // how many of them
   std::vector<TextSection> sections;
 };
 
@@ -32,9 +34,6 @@ TextFile CutTextFile(std::string_view bytes);
 
 // Null for a file that can't be opened.
 std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path);
-
-// Makes the text a view of a copy of it, and gives the owner of the copy.
-std::shared_ptr<const void> KeepCopy(std::wstring_view& text);
 
 // The reader of a section's entries: its pieces at line feeds or its pieces at semicolons, never at
 // both. Whichever are more count for the whole section, and on a tie it is the semicolons, on

@@ -97,6 +97,9 @@ struct DomenStore {
   // domains. Which of them is active doesn't matter.
   std::shared_ptr<const void> State() const { return domens.State(); }
 
+  // Whether the domains are still in this state. They never are in null.
+  bool IsIn(const std::shared_ptr<const void>& state) const { return domens.IsIn(state); }
+
   std::wstring activeDomenId;
   Domens domens;
 };

@@ -48,6 +48,7 @@ class Domens {
 
   // Equal to a state of before if and only if no call of `Edit` and no assignment came in between.
   std::shared_ptr<const void> State() const { return revision.Get(); }
+  bool IsIn(const std::shared_ptr<const void>& state) const { return revision.Is(state); }
 
  private:
   Map map;

@@ -28,6 +28,9 @@ class Revision {
   // address from being that of a later one.
   std::shared_ptr<const void> Get() const;
 
+  // Whether this is the token of now. Null never is.
+  bool Is(const std::shared_ptr<const void>& other) const { return other && other == token; }
+
  private:
   mutable std::shared_ptr<const char> token;
 };

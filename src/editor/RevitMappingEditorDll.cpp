@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "classificator/TextFile.h"
@@ -19,33 +21,21 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
+// An add-in makes the object itself, so that its size is part of the boundary: that of its seven
+// members, on every platform, and of nothing else.
+struct SevenMembers {
+  std::wstring configText;
+  std::wstring dataFolder;
+  int activeClassificator;
+  std::deque<Classificator> classificators;
+  DomenStore domenStore;
+  std::wstring startMark;
+  std::wstring endMark;
+};
+static_assert(sizeof(RevitMappingEditorDll) == sizeof(SevenMembers));
+
 // Private members of the exported class would be exported with it, so what its members share stands
 // here.
-
-// The items of a code, with the properties that the domains have for it.
-CodeItems ComposeItems(const Classificator& classificator, const DomenStore& domenStore, int codeId,
-                       int sourceKind) {
-  const std::vector<std::wstring> domenIds = GetCodeDomenIds(classificator, sourceKind);
-  DomenProperties properties;
-  if (!domenIds.empty()) {
-    properties = domenStore.CollectProperties(
-        domenIds, GetCodePropertyIds(classificator, codeId, sourceKind));
-  }
-  return ComposeCodeItems(classificator, codeId, sourceKind, properties);
-}
-
-// The same, out of memory if it is there. What can't be remembered is put into `unkept`.
-const CodeItems& FindItems(const Classificator& classificator, const DomenStore& domenStore,
-                           int codeId, int sourceKind, RememberedItems& remembered,
-                           CodeItems& unkept) {
-  const bool kept = sourceKind == sourceMapText && codeId != noCodeId;
-  if (kept) {
-    if (const CodeItems* items = remembered.Find(codeId)) return *items;
-  }
-  unkept = ComposeItems(classificator, domenStore, codeId, sourceKind);
-  if (kept && unkept.complete) return remembered.Keep(codeId, std::move(unkept));
-  return unkept;
-}
 
 // The color of a key text in the active Colorat.
 const ColorEntry& ActiveColor(const Classificator& classificator, const wchar_t* text) {
@@ -83,7 +73,6 @@ RevitMappingEditorDll& RevitMappingEditorDll::operator=(const RevitMappingEditor
   domenStore = std::move(copy.domenStore);
   startMark = std::move(copy.startMark);
   endMark = std::move(copy.endMark);
-  remembered.Forget();
   return *this;
 }
 
@@ -96,10 +85,9 @@ int RevitMappingEditorDll::CreateClassificator(const wchar_t* id, const wchar_t*
   classificator.paramName = paramName;
   const std::optional<std::wstring> path = FindFile(dataFolder, file);
   if (!path) return statusAbsent;
-  std::shared_ptr<const TextFile> read;
-  const int status = classificator.Load(*path, &read);
-  remembered.Forget();
   classificators.push_back(std::move(classificator));
+  std::shared_ptr<const TextFile> read;
+  const int status = classificators.back().Load(*path, &read);
   if (status != statusDone) return status;
   return domenStore.LoadDomen(*path, configText, read);
 }
@@ -117,7 +105,6 @@ int RevitMappingEditorDll::SetActiveClassificator(const wchar_t* id) {
       [id](const Classificator& classificator) { return classificator.classificatorId == id; });
   if (found == classificators.end()) return statusAbsent;
   activeClassificator = static_cast<int>(found - classificators.begin());
-  remembered.Forget();
   return statusDone;
 }
 
@@ -174,9 +161,8 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
   const Classificator& classificator = classificators[Index(activeClassificator)];
   const int codeId = FindCodeId(classificator, text);
   const std::wstring_view code = CodeOf(classificator.mapTextSection, codeId);
-  CodeItems unkept;
-  const CodeItems& items =
-      FindItems(classificator, domenStore, codeId, sourceKind, remembered, unkept);
+  CodeItems composed;
+  const CodeItems& items = FindCodeItems(classificator, domenStore, codeId, sourceKind, composed);
   return NewJoined([&](const auto& put) {
     put(startMark);
     put(classificator.paramName);
@@ -190,9 +176,9 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
 
 const wchar_t* RevitMappingEditorDll::GetClaccificatorCodeParams(int codeId, int sourceKind,
                                                                  const wchar_t* nameSuffix) {
-  CodeItems unkept;
-  const CodeItems& items = FindItems(classificators[Index(activeClassificator)], domenStore, codeId,
-                                     sourceKind, remembered, unkept);
+  CodeItems composed;
+  const CodeItems& items = FindCodeItems(classificators[Index(activeClassificator)], domenStore,
+                                         codeId, sourceKind, composed);
   return NewJoined([&](const auto& put) { items.GiveTo(put, nameSuffix); });
 }
 
@@ -213,7 +199,6 @@ void RevitMappingEditorDll::SetEndMark(const wchar_t* mark) {
 }
 
 int RevitMappingEditorDll::CreateDomen(const wchar_t* file) {
-  remembered.Forget();
   const std::optional<std::wstring> path = FindFile(dataFolder, file);
   return path ? domenStore.LoadDomen(*path, configText) : statusAbsent;
 }

@@ -1,4 +1,5 @@
-// The words of a description, as its capitals are cut at blanks.
+// The one place where a text is put into capitals and cut into words, for patterns and descriptions
+// alike.
 
 #pragma once
 
@@ -10,30 +11,30 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Gives the words one by one, in the text's own case. No more of the text is looked at than the
-// words that are asked for.
+// Returns the words of a text one by one: what stands between the blanks of its capitals, without
+// the white space at the ends of each. A word is a view into the text, in the text's own case. No
+// more of the text is looked at than the words that are asked for.
 class CapitalWords {
  public:
-  CapitalWords(std::wstring_view wholeText, const UpperTable& capitals)
-      : rest(wholeText), upper(capitals) {}
+  CapitalWords(std::wstring_view text, const UpperTable& upper) : rest_(text), upper_(upper) {}
 
-  // Puts the next word into `word`, or gives false.
+  // Puts the next word into `word`, or returns false after the last. An empty text has one word.
   bool Next(std::wstring_view& word) {
-    if (atEnd) return false;
+    if (atEnd_) return false;
     std::size_t end = 0;
-    while (end < rest.size() && upper.Upper(rest[end]) != L' ') ++end;
-    word = rest.substr(0, end);
-    while (!word.empty() && IsSpace(upper.Upper(word.back()))) word.remove_suffix(1);
-    while (!word.empty() && IsSpace(upper.Upper(word.front()))) word.remove_prefix(1);
-    atEnd = end == rest.size();
-    if (!atEnd) rest.remove_prefix(end + 1);
+    while (end < rest_.size() && upper_.Upper(rest_[end]) != L' ') ++end;
+    word = rest_.substr(0, end);
+    while (!word.empty() && IsSpace(upper_.Upper(word.back()))) word.remove_suffix(1);
+    while (!word.empty() && IsSpace(upper_.Upper(word.front()))) word.remove_prefix(1);
+    atEnd_ = end == rest_.size();
+    if (!atEnd_) rest_.remove_prefix(end + 1);
     return true;
   }
 
  private:
-  std::wstring_view rest;
-  const UpperTable& upper;
-  bool atEnd = false;
+  std::wstring_view rest_;
+  const UpperTable& upper_;
+  bool atEnd_ = false;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,72 +1,53 @@
 #include "mapping/CodeLookup.h"
 
 #include <algorithm>
-#include <locale>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "classificator/Classificator.h"
 #include "editor/Checked.h"
-#include "editor/Text.h"
+#include "mapping/CapitalWords.h"
 #include "mapping/CodeIndex.h"
-#include "mapping/ToUpper.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// A description in capitals, cut into its words, with the facet that made the capitals: a pattern's
-// letters go through the same one, since the locale may have changed after it was loaded.
-class InputWords {
- public:
-  explicit InputWords(std::wstring_view text)
-      : upper(ToUpper(text)),
-        words(SplitViews(upper, L" ", true)),
-        facet(std::use_facet<std::ctype<wchar_t>>(global)) {
-    // The words go through the facet once more, as the tokens of a pattern do that were put into
-    // capitals when it was loaded. A capital can have a capital of its own.
-    for (wchar_t& unit : upper) unit = facet.toupper(unit);
-  }
-  InputWords(const InputWords&) = delete;
-  InputWords& operator=(const InputWords&) = delete;
-
-  bool BeginWith(const Tokens& tokens) const {
-    if (tokens.size() > words.size()) return false;
-    return std::equal(
-        tokens.begin(), tokens.end(), words.begin(),
-        [this](std::wstring_view token, std::wstring_view word) { return Begins(token, word); });
-  }
-
- private:
-  bool Begins(std::wstring_view token, std::wstring_view word) const {
-    if (token.size() > word.size()) return false;
-    return std::equal(token.begin(), token.end(), word.begin(),
-                      [this](wchar_t left, wchar_t right) { return facet.toupper(left) == right; });
-  }
-
-  std::wstring upper;
-  std::vector<std::wstring_view> words;
-  std::locale global;
-  const std::ctype<wchar_t>& facet;
-};
+// Both go through the locale's capitals, since the locale may be another one than when the pattern
+// was loaded; the word twice, as a pattern does that is put into capitals when it is loaded. A
+// capital can have a capital of its own.
+bool Begins(std::wstring_view token, std::wstring_view word, const UpperTable& upper) {
+  return token.size() <= word.size() &&
+         std::equal(token.begin(), token.end(), word.begin(),
+                    [&upper](wchar_t left, wchar_t right) {
+                      return upper.Upper(left) == upper.UpperTwice(right);
+                    });
+}
 
 }  // namespace
 
 bool Matches(const MapTextRecord& record, std::wstring_view text) {
-  return InputWords(text).BeginWith(record.tokens);
+  return Matches(record, text, UpperTable());
+}
+
+bool Matches(const MapTextRecord& record, std::wstring_view text, const UpperTable& upper) {
+  CapitalWords words(text, upper);
+  for (std::wstring_view tokens = record.tokens;;) {
+    const std::wstring_view token = tokens.substr(0, tokens.find(L' '));
+    std::wstring_view word;
+    if (!words.Next(word) || !Begins(token, word, upper)) return false;
+    if (token.size() == tokens.size()) return true;
+    tokens.remove_prefix(token.size() + 1);
+  }
 }
 
 int FindCodeId(const Classificator& classificator, std::wstring_view text) {
   const MapTextRecords& records = classificator.mapTextSection.records;
   if (records.empty()) return noCodeId;
-  if (const CodeIndex* index = records.Index()) {
-    if (const std::optional<int> codeId = index->Find(text)) return *codeId;
-  }
-  const InputWords words(text);
-  const auto found = std::find_if(
-      records.begin(), records.end(),
-      [&words](const MapTextRecord& record) { return words.BeginWith(record.tokens); });
+  const CodeIndex* const index = records.Index();
+  if (index && index->CanAnswer()) return index->Find(text);
+  const UpperTable upper;
+  const auto found = std::find_if(records.begin(), records.end(), [&](const MapTextRecord& record) {
+    return Matches(record, text, upper);
+  });
   return found == records.end() ? noCodeId : static_cast<int>(found - records.begin());
 }
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "classificator/Classificator.h"
+#include "domen/DomenStore.h"
 #include "editor/Checked.h"
 #include "editor/Text.h"
 #include "mapping/CodeLookup.h"
@@ -15,10 +16,11 @@ namespace {
 
 using Properties::PropertyParameter;
 
-ItemLists GetCodeItemLists(const Classificator& classificator, int codeId, int sourceKind) {
+std::vector<ParamItemList> GetCodeItemLists(const Classificator& classificator, int codeId,
+                                            int sourceKind) {
   const MapTextSection& mapText = classificator.mapTextSection;
   if (sourceKind == sourceMapText && codeId != noCodeId) {
-    return CheckedAt(mapText.records, codeId).itemLists;
+    return ReadItemLists(CheckedAt(mapText.records, codeId));
   }
   if (sourceKind == sourceParam) {
     return FindItemLists(classificator.paramSection, CodeOf(mapText, codeId));
@@ -117,7 +119,7 @@ std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator,
   const MapTextSection& mapText = classificator.mapTextSection;
   if (sourceKind == sourceMapText) {
     if (codeId < 0 || static_cast<std::size_t>(codeId) >= mapText.records.size()) return {};
-    return SortedPropertyIds(mapText.records[static_cast<std::size_t>(codeId)].itemLists);
+    return SortedPropertyIds(ReadItemLists(mapText.records[static_cast<std::size_t>(codeId)]));
   }
   if (sourceKind == sourceParam) {
     return GetPropertyIds(classificator.paramSection, CodeOf(mapText, codeId));
@@ -127,10 +129,10 @@ std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator,
 
 CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
                            const DomenProperties& properties) {
-  const ItemLists itemLists = GetCodeItemLists(classificator, codeId, sourceKind);
+  const std::vector<ParamItemList> itemLists = GetCodeItemLists(classificator, codeId, sourceKind);
   CodeItems composed;
   if (properties.empty()) return composed;
-  for (const ParamItemList& items : itemLists.Lists()) {
+  for (const ParamItemList& items : itemLists) {
     for (const ParamItem& item : items) {
       try {
         AppendItem(composed, item, properties);
@@ -140,6 +142,24 @@ CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int s
         composed.complete = false;
       }
     }
+  }
+  return composed;
+}
+
+const CodeItems& FindCodeItems(const Classificator& classificator, const DomenStore& store,
+                               int codeId, int sourceKind, CodeItems& composed) {
+  const MapTextSection& section = classificator.mapTextSection;
+  RememberedItems& remembered = section.records.Items();
+  const bool keeps = sourceKind == sourceMapText && codeId != noCodeId;
+  if (keeps) {
+    if (const auto* found = remembered.Find(codeId, store, section.domenIds)) return *found;
+  }
+  composed = ComposeCodeItems(
+      classificator, codeId, sourceKind,
+      store.CollectProperties(GetCodeDomenIds(classificator, sourceKind),
+                              GetCodePropertyIds(classificator, codeId, sourceKind)));
+  if (keeps && composed.complete) {
+    if (const auto* kept = remembered.Keep(codeId, store, section.domenIds, composed)) return *kept;
   }
   return composed;
 }

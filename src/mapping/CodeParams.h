@@ -12,6 +12,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 struct Classificator;
+struct DomenStore;
 
 // Which section the items of a code come from. Any other number takes none.
 constexpr int sourceMapText = 1;
@@ -53,6 +54,13 @@ struct CodeItems {
 // is neither -1 nor in the records raises `out_of_range`, "invalid vector subscript".
 CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
                            const DomenProperties& properties);
+
+// Returns the same with the properties that the domains have, out of what the section remembers if
+// it is there. What can't be remembered is put into `composed`, and is the result then. The result
+// is good until the next call, and until the section changes.
+const CodeItems& FindCodeItems(const Classificator& classificator, const DomenStore& store,
+                               int codeId, int sourceKind, CodeItems& composed);
+
 std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
                                std::wstring_view nameSuffix, const DomenProperties& properties);
 

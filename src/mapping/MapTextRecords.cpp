@@ -4,22 +4,33 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-std::vector<MapTextRecord>& MapTextRecords::Edit() {
-  edited = true;
-  index.reset();
-  return records;
+MapTextRecords& MapTextRecords::operator=(const MapTextRecords& other) {
+  // All that can fail comes first.
+  MapTextRecords copy(other);
+  Swap(copy.records_);
+  indexes_.swap(copy.indexes_);
+  return *this;
+}
+
+void MapTextRecords::Swap(std::vector<MapTextRecord>& records) noexcept {
+  records_.swap(records);
+  indexes_.clear();
+  items_.Forget();
 }
 
 const CodeIndex* MapTextRecords::Index() const {
-  if (edited) return nullptr;
-  if (index && index->IsCurrent()) return index.get();
-  try {
-    index = std::make_shared<const CodeIndex>(records);
-  } catch (...) {
-    // Out of memory, or a letter that the locale refuses: the walk may do without either.
-    index.reset();
+  // For a program that goes to and fro between a few locales. The oldest goes when one more comes.
+  constexpr std::size_t mostLocales = 4;
+  for (const auto& index : indexes_) {
+    if (index->IsCurrent()) return index.get();
   }
-  return index.get();
+  try {
+    auto index = std::make_shared<const CodeIndex>(records_);
+    if (indexes_.size() == mostLocales) indexes_.erase(indexes_.begin());
+    return indexes_.emplace_back(std::move(index)).get();
+  } catch (...) {
+    return nullptr;
+  }
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -2,39 +2,33 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <numeric>
 #include <utility>
+#include <vector>
 
 #include "classificator/TextFile.h"
 #include "editor/Text.h"
+#include "mapping/CapitalWords.h"
 #include "mapping/ParamSection.h"
 #include "mapping/UpperTable.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A code and its items, as a header's views into the text of the section.
-struct CodeHeader {
-  std::wstring_view code;
-  ItemSource items;
-};
-
-// What the records of one section look at.
-struct PatternTexts {
-  std::shared_ptr<const void> section;     // the owner of the text of the section
-  std::vector<CodeHeader> headers = {{}};  // the first for the lines ahead of any header
-  std::unique_ptr<wchar_t[]> capitals;     // of the pattern lines, one behind the other
-  std::vector<std::wstring_view> tokens;
-};
-
 namespace {
 
-struct PatternLine {
-  std::wstring_view text;
-  std::uint32_t header;
-  std::uint32_t tokenCount;
-};
+bool IsPattern(std::wstring_view statement) {
+  return !statement.empty() && std::wstring_view(L"/!@$").find(statement.front()) == statement.npos;
+}
+
+// Whether the records may keep the whole file for the sake of the lines that they look at.
+bool IsMostOf(const std::vector<std::wstring_view>& statements, const TextFile& file) {
+  std::size_t size = 0;
+  for (const std::wstring_view statement : statements) {
+    if (IsPattern(statement) || statement.starts_with(L'@')) size += statement.size();
+  }
+  return size >= file.size / 2;
+}
 
 std::wstring_view FirstWord(std::wstring_view text) {
   PieceReader words(text, L" ", true);
@@ -43,28 +37,69 @@ std::wstring_view FirstWord(std::wstring_view text) {
   return word;
 }
 
-// One list for each block of a header, whose text begins with the first.
-std::vector<ParamItemList> ReadItemBlocks(const ItemSource& header) {
-  std::vector<ParamItemList> lists;
-  for (std::size_t open = 0; open != header.text.npos;) {
-    const std::size_t close =
-        FindText(header.text, header.closeMark, open + header.openMark.size());
-    if (close == header.text.npos) break;
-    // From one unit behind the mark's start: the rest of a longer mark stays in the block, and has
-    // to.
-    std::vector<std::wstring> tokens =
-        SplitTrimmed(header.text.substr(open + 1, close - open - 1), L" ", false);
-    lists.push_back(ParseParamItems(tokens, false));
-    open = FindText(header.text, header.openMark, close + header.closeMark.size());
+// The texts that the records of one section look at. They never move.
+class SectionTexts {
+ public:
+  // For a section of so many units, of which the texts are at most twice as many. A file that the
+  // section's text is of is kept, and spares copies.
+  SectionTexts(std::size_t size, std::shared_ptr<const TextFile> file)
+      : file_(std::move(file)), blockSize_(std::min(2 * size, mostUnits)) {}
+
+  // Returns a view of the text that is good as long as this.
+  std::wstring_view Keep(std::wstring_view text) {
+    if (file_) return text;
+    wchar_t* const start = RoomFor(text.size());
+    return {start, end_ = std::copy(text.begin(), text.end(), start)};
   }
-  return lists;
-}
+
+  // Adds the words of the text in capitals, with one blank between each two.
+  std::wstring_view AddTokens(std::wstring_view text, std::size_t& count, const UpperTable& upper) {
+    wchar_t* const start = RoomFor(text.size());
+    wchar_t* end = start;
+    CapitalWords words(text, upper);
+    count = 0;
+    for (std::wstring_view word; words.Next(word); ++count) {
+      if (count > 0) *end++ = L' ';
+      for (const wchar_t unit : word) *end++ = upper.Upper(unit);
+    }
+    return {start, end_ = end};
+  }
+
+ private:
+  static constexpr std::size_t mostUnits = 1 << 16;
+
+  wchar_t* RoomFor(std::size_t size) {
+    if (size > static_cast<std::size_t>(blockEnd_ - end_)) {
+      const std::size_t newSize = std::max(size, blockSize_);
+      blocks_.push_back(std::make_unique_for_overwrite<wchar_t[]>(newSize));
+      end_ = blocks_.back().get();
+      blockEnd_ = end_ + newSize;
+    }
+    return end_;
+  }
+
+  std::shared_ptr<const TextFile> file_;
+  std::size_t blockSize_;
+  std::vector<std::unique_ptr<wchar_t[]>> blocks_;
+  wchar_t* end_ = nullptr;  // of what the last block holds
+  wchar_t* blockEnd_ = nullptr;
+};
+
+// A pattern line, until the records are made.
+struct PatternLine {
+  std::wstring_view text;
+  std::wstring_view tokens;
+  std::size_t tokenCount;
+  std::size_t header;
+};
 
 // What the statements of one section build on.
 class MapTextParser {
  public:
-  MapTextParser(MapTextSection& target, PatternTexts& targetTexts)
-      : section(target), texts(targetTexts), capitalsEnd(texts.capitals.get()) {}
+  MapTextParser(MapTextSection& target, std::shared_ptr<SectionTexts> sectionTexts)
+      : section(target), texts(std::move(sectionTexts)) {
+    AddHeader({});
+  }
 
   void ParseStatement(std::wstring_view statement) {
     if (statement.empty()) return;
@@ -78,6 +113,16 @@ class MapTextParser {
         return SetDefaultCode(Trimmed(statement.substr(1)));
       default:
         AddPattern(statement);
+    }
+  }
+
+  // Puts a record of each pattern, in the order of the file, to the position that the function
+  // returns for its number of tokens. Allocates nothing.
+  template <class PositionFor>
+  void PutRecords(std::vector<MapTextRecord>& records, PositionFor positionFor) const noexcept {
+    for (const PatternLine& line : patterns) {
+      const std::shared_ptr<const CodeHeader>& header = headers[line.header];
+      records[positionFor(line.tokenCount)] = {header->code, line.text, line.tokens, header};
     }
   }
 
@@ -104,49 +149,30 @@ class MapTextParser {
     std::wstring_view open;
     std::wstring_view close;
     if (!pieces.Next(open) || !pieces.Next(close)) return;
-    openMark = open;
-    closeMark = close;
+    openMark = texts->Keep(open);
+    closeMark = texts->Keep(close);
   }
 
   void SetDefaultCode(std::wstring_view text) { section.defaultCode = FirstWord(text); }
 
-  void AddHeader(std::wstring_view header) {
-    const std::size_t open = std::min(FindText(header, openMark, 0), header.size());
-    texts.headers.push_back({FirstWord(header.substr(0, open)),
-                             {ReadItemBlocks, header.substr(open), openMark, closeMark, {}}});
+  void AddHeader(std::wstring_view text) {
+    const std::size_t open = std::min(FindText(text, openMark, 0), text.size());
+    const std::wstring_view code = texts->Keep(FirstWord(text.substr(0, open)));
+    const std::wstring_view blocks = texts->Keep(text.substr(open));
+    headers.push_back(
+        std::make_shared<const CodeHeader>(CodeHeader{texts, code, blocks, openMark, closeMark}));
   }
 
   void AddPattern(std::wstring_view line) {
-    const std::size_t tokensBefore = texts.tokens.size();
-    for (std::wstring_view rest = line;;) {
-      const std::wstring_view token = TakeCapitals(rest);
-      texts.tokens.push_back(Trimmed(token));
-      if (rest.empty()) break;
-      rest.remove_prefix(1);
-    }
-    patterns.push_back({line, static_cast<std::uint32_t>(texts.headers.size() - 1),
-                        static_cast<std::uint32_t>(texts.tokens.size() - tokensBefore)});
-  }
-
-  // The capitals of the line up to the next blank among them, which the line loses.
-  std::wstring_view TakeCapitals(std::wstring_view& line) {
-    wchar_t* const start = capitalsEnd;
-    wchar_t* end = start;
-    const wchar_t* unit = line.data();
-    const wchar_t* const lineEnd = unit + line.size();
-    for (; unit != lineEnd; ++unit) {
-      const wchar_t capital = upper.Upper(*unit);
-      if (capital == L' ') break;
-      *end++ = capital;
-    }
-    line.remove_prefix(static_cast<std::size_t>(unit - line.data()));
-    capitalsEnd = end;
-    return {start, end};
+    std::size_t tokenCount = 0;
+    const std::wstring_view text = texts->Keep(line);
+    const std::wstring_view tokens = texts->AddTokens(line, tokenCount, upper);
+    patterns.push_back({text, tokens, tokenCount, headers.size() - 1});
   }
 
   MapTextSection& section;
-  PatternTexts& texts;
-  wchar_t* capitalsEnd;
+  std::shared_ptr<SectionTexts> texts;
+  std::vector<std::shared_ptr<const CodeHeader>> headers;  // the first for lines before any header
   UpperTable upper;
   std::wstring_view openMark = L"{";
   std::wstring_view closeMark = L"}";
@@ -154,70 +180,39 @@ class MapTextParser {
 
 // For each number of tokens, the position of the first record that has so many.
 std::vector<std::size_t> FirstPositions(const std::vector<PatternLine>& patterns) {
-  std::uint32_t most = 0;
-  for (const PatternLine& pattern : patterns) most = std::max(most, pattern.tokenCount);
-  std::vector<std::size_t> positions(most + std::size_t{2});
-  for (const PatternLine& pattern : patterns) ++positions[pattern.tokenCount + std::size_t{1}];
+  std::size_t most = 0;
+  for (const PatternLine& line : patterns) most = std::max(most, line.tokenCount);
+  std::vector<std::size_t> positions(most + 2);
+  for (const PatternLine& line : patterns) ++positions[line.tokenCount + 1];
   std::partial_sum(positions.begin(), positions.end(), positions.begin());
   return positions;
-}
-
-// The items of a header. They don't keep the texts that they look at: the records do.
-ItemLists ItemsOf(const CodeHeader& header) {
-  if (header.items.text.empty()) return {};
-  return ItemLists(std::shared_ptr<const ItemSource>(std::shared_ptr<void>(), &header.items));
-}
-
-// One of each pattern, at the position that the function gives for its number of tokens.
-template <class PositionFor>
-std::vector<MapTextRecord> MakeRecords(const std::vector<PatternLine>& patterns,
-                                       const PatternTexts& texts, PositionFor positionFor) {
-  std::vector<MapTextRecord> records(patterns.size());
-  const std::wstring_view* tokens = texts.tokens.data();
-  for (const PatternLine& pattern : patterns) {
-    const CodeHeader& header = texts.headers[pattern.header];
-    records[positionFor(pattern.tokenCount)] = {header.code, ItemsOf(header), pattern.text,
-                                                Tokens(tokens, pattern.tokenCount)};
-    tokens += pattern.tokenCount;
-  }
-  return records;
-}
-
-// Sorted by the number of tokens, and among equals in the order of the file.
-std::vector<MapTextRecord> SortedRecords(const std::vector<PatternLine>& patterns,
-                                         const PatternTexts& texts) {
-  std::vector<std::size_t> positions = FirstPositions(patterns);
-  return MakeRecords(patterns, texts,
-                     [&positions](std::uint32_t count) { return positions[count]++; });
-}
-
-std::vector<MapTextRecord> RecordsAsWritten(const std::vector<PatternLine>& patterns,
-                                            const PatternTexts& texts) {
-  std::size_t position = 0;
-  return MakeRecords(patterns, texts, [&position](std::uint32_t) { return position++; });
 }
 
 }  // namespace
 
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
-                         std::shared_ptr<const void> owner) {
-  if (!owner) owner = KeepCopy(text);
+                         std::shared_ptr<const TextFile> file) {
   section.records = {};
   section.defaultCode = L"N00";
-  const auto texts = std::make_shared<PatternTexts>();
-  texts->section = std::move(owner);
-  texts->capitals = std::make_unique_for_overwrite<wchar_t[]>(text.size());
-  MapTextParser parser(section, *texts);
+  const std::vector<std::wstring_view> statements = SplitStatements(text);
+  if (file && !IsMostOf(statements, *file)) file = nullptr;
+  MapTextParser parser(section, std::make_shared<SectionTexts>(text.size(), std::move(file)));
+  // All of it is there before the first line is read: no line is lost when memory runs out.
+  std::vector<MapTextRecord> records(
+      static_cast<std::size_t>(std::count_if(statements.begin(), statements.end(), IsPattern)));
+  parser.patterns.reserve(records.size());
   try {
-    PieceReader statements = SplitStatements(text);
-    for (std::wstring_view statement; statements.Next(statement);) parser.ParseStatement(statement);
+    for (const std::wstring_view statement : statements) parser.ParseStatement(statement);
+    std::vector<std::size_t> positions = FirstPositions(parser.patterns);
+    parser.PutRecords(records, [&positions](std::size_t count) { return positions[count]++; });
   } catch (...) {
-    // The lines that have been read stay, in the order of the file.
-    section.records = {RecordsAsWritten(parser.patterns, *texts), texts};
-    section.records.Edit();
+    std::size_t position = 0;
+    parser.PutRecords(records, [&position](std::size_t) { return position++; });
+    records.resize(position);
+    section.records.Swap(records);
     throw;
   }
-  if (!parser.patterns.empty()) section.records = {SortedRecords(parser.patterns, *texts), texts};
+  section.records.Swap(records);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -11,6 +11,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct TextFile;
+
 struct MapTextSection {
   std::wstring defaultCode;  // for texts that match no record; "N00" once a section is parsed
   MapTextRecords records;    // sorted by the number of tokens; a code id is a position here
@@ -30,11 +32,11 @@ struct MapTextSection {
 // The records end up sorted by their number of tokens, fewest first, in the order of the file among
 // equals. So the general pattern stands ahead of the special one and wins: this is required.
 //
-// An exception leaves the records of the lines ahead of it, in the order of the file.
+// An exception leaves the records of the lines before it, in the order of the file.
 //
-// The records look at the text, which lives as long as they do: `owner` keeps it alive, or if there
-// is none they keep a copy of it.
+// Records keep the texts that they look at: copies, or the file that the text is of, if there is
+// one and their lines are most of it.
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
-                         std::shared_ptr<const void> owner = nullptr);
+                         std::shared_ptr<const TextFile> file = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

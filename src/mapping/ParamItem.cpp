@@ -91,21 +91,6 @@ class ItemReader {
 
 }  // namespace
 
-ItemLists::ItemLists(std::vector<ParamItemList> lists)
-    : ItemLists(
-          std::make_shared<const ItemSource>(ItemSource{nullptr, {}, {}, {}, std::move(lists)})) {}
-
-ItemLists::ItemLists(std::initializer_list<ParamItemList> lists)
-    : ItemLists(std::vector<ParamItemList>(lists)) {}
-
-ItemLists::ItemLists(std::shared_ptr<const ItemSource> itemSource)
-    : source(std::move(itemSource)) {}
-
-std::vector<ParamItemList> ItemLists::Lists() const {
-  if (!source) return {};
-  return source->read ? source->read(*source) : source->lists;
-}
-
 ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces) {
   ItemReader reader;
   for (std::size_t i = 0; i < tokens.size();) {

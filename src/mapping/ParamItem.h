@@ -2,10 +2,7 @@
 
 #pragma once
 
-#include <initializer_list>
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -17,35 +14,6 @@ struct ParamItem {
 };
 
 using ParamItemList = std::vector<ParamItem>;
-
-// Where item lists come from: a text, and the function that reads them out of it, or the lists
-// themselves if there is no such function.
-struct ItemSource {
-  std::vector<ParamItemList> (*read)(const ItemSource& source) = nullptr;
-  std::wstring_view text;
-  std::wstring_view openMark;  // in front of each block of items, where a text has blocks
-  std::wstring_view closeMark;
-  std::vector<ParamItemList> lists;
-};
-
-// The item lists of one code header or statement, one for each item block. Those of a file are read
-// each time that they are asked for: most codes of a scheme never are. A value that changes only as
-// a whole, so that its copies can share what they hold: a header's items cost the same however many
-// pattern lines stand below it.
-class ItemLists {
- public:
-  ItemLists() = default;
-  ItemLists(std::vector<ParamItemList> lists);
-  ItemLists(std::initializer_list<ParamItemList> lists);
-
-  // The pointer may keep the texts that the source looks at.
-  explicit ItemLists(std::shared_ptr<const ItemSource> itemSource);
-
-  std::vector<ParamItemList> Lists() const;
-
- private:
-  std::shared_ptr<const ItemSource> source;  // null for none
-};
 
 // The items that a run of tokens writes down. The tokens are changed: trimmed, with the braces at
 // their ends removed first if `stripBraces` is set, and cut where an item ends within one.

@@ -1,7 +1,6 @@
 #include "mapping/ParamSection.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "classificator/TextFile.h"
@@ -15,26 +14,13 @@ bool IsParamComment(std::wstring_view statement) {
   return std::wstring_view(L"/!@").find(statement.front()) != std::wstring_view::npos;
 }
 
-// A statement that its record's items are read out of.
-struct KeptStatement {
-  std::wstring text;
-  ItemSource source;
-};
-
-std::vector<ParamItemList> ReadStatementItems(const ItemSource& source) {
-  std::vector<std::wstring> tokens = SplitTrimmed(source.text, L" ", false);
-  return {ParseParamItems(tokens, true)};
-}
-
 // The first token is the code, and unless it holds an "=" it opens the first item as well.
 ParamRecord ParseParamRecord(std::wstring_view statement) {
-  const auto kept = std::make_shared<KeptStatement>();
-  kept->text = statement;
-  kept->source.read = ReadStatementItems;
-  kept->source.text = kept->text;
-  std::wstring code(Trimmed(statement.substr(0, statement.find(L' '))));
-  Trim(TrimChars(code, L"{}"));
-  return {std::move(code), ItemLists(std::shared_ptr<const ItemSource>(kept, &kept->source))};
+  std::vector<std::wstring> tokens = SplitTrimmed(statement, L" ", false);
+  ParamRecord record;
+  record.itemLists.push_back(ParseParamItems(tokens, true));
+  record.code = std::move(tokens.front());
+  return record;
 }
 
 const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view code) {
@@ -47,22 +33,25 @@ const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view cod
 
 }  // namespace
 
-PieceReader SplitStatements(std::wstring_view text) {
-  return CutEntries(text, true);
+std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
+  PieceReader reader = CutEntries(text, true);
+  std::vector<std::wstring_view> statements;
+  statements.reserve(text.size() / 16 + 1);
+  for (std::wstring_view statement; reader.Next(statement);) statements.push_back(statement);
+  return statements;
 }
 
 void ParseParamSection(ParamSection& section, std::wstring_view text) {
   section.records.clear();
-  PieceReader statements = SplitStatements(text);
-  for (std::wstring_view statement; statements.Next(statement);) {
+  for (const std::wstring_view statement : SplitStatements(text)) {
     if (statement.empty() || IsParamComment(statement)) continue;
     section.records.push_back(ParseParamRecord(statement));
   }
 }
 
-ItemLists FindItemLists(const ParamSection& section, std::wstring_view code) {
+std::vector<ParamItemList> FindItemLists(const ParamSection& section, std::wstring_view code) {
   const ParamRecord* record = FindRecord(section, code);
-  return record ? record->itemLists : ItemLists();
+  return record ? record->itemLists : std::vector<ParamItemList>();
 }
 
 std::vector<std::wstring> GetPropertyIds(const ParamSection& section, std::wstring_view code) {
@@ -70,9 +59,9 @@ std::vector<std::wstring> GetPropertyIds(const ParamSection& section, std::wstri
   return record ? SortedPropertyIds(record->itemLists) : std::vector<std::wstring>();
 }
 
-std::vector<std::wstring> SortedPropertyIds(const ItemLists& itemLists) {
+std::vector<std::wstring> SortedPropertyIds(const std::vector<ParamItemList>& itemLists) {
   std::vector<std::wstring> ids;
-  for (const ParamItemList& items : itemLists.Lists()) {
+  for (const ParamItemList& items : itemLists) {
     for (const ParamItem& item : items) ids.push_back(item.propertyId);
   }
   std::sort(ids.begin(), ids.end());

@@ -1,8 +1,8 @@
 #include "mapping/RememberedItems.h"
 
-#include <cstddef>
 #include <utility>
 
+#include "domen/DomenStore.h"
 #include "mapping/CodeParams.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -11,26 +11,54 @@ RememberedItems::RememberedItems() = default;
 
 RememberedItems::RememberedItems(const RememberedItems& /*other*/) {}
 
+RememberedItems& RememberedItems::operator=(const RememberedItems& /*other*/) {
+  Forget();
+  return *this;
+}
+
 RememberedItems::~RememberedItems() = default;
 
-const CodeItems* RememberedItems::Find(int codeId) const {
+const CodeItems* RememberedItems::Find(int codeId, const DomenStore& store,
+                                       const std::vector<std::wstring>& domenIds) const {
   const auto position = static_cast<std::size_t>(codeId);
-  return position < byCodeId.size() ? byCodeId[position].get() : nullptr;
+  if (position >= byCodeId_.size() || !AreOf(store, domenIds)) return nullptr;
+  return byCodeId_[position].get();
 }
 
-const CodeItems& RememberedItems::Keep(int codeId, CodeItems items) {
+const CodeItems* RememberedItems::Keep(int codeId, const DomenStore& store,
+                                       const std::vector<std::wstring>& domenIds,
+                                       CodeItems& items) noexcept {
   constexpr std::size_t mostUnits = 25'000'000;
   const auto position = static_cast<std::size_t>(codeId);
-  if (units + items.text.size() > mostUnits) Forget();
-  if (byCodeId.size() <= position) byCodeId.resize(position + 1);
-  byCodeId[position] = std::make_unique<const CodeItems>(std::move(items));
-  units += byCodeId[position]->text.size();
-  return *byCodeId[position];
+  const std::size_t size = items.text.size();
+  try {
+    if (!AreOf(store, domenIds) || units_ + size > mostUnits) BeginAnew(store, domenIds);
+    if (byCodeId_.size() <= position) byCodeId_.resize(position + 1);
+    byCodeId_[position] = std::make_unique<const CodeItems>(std::move(items));
+  } catch (...) {
+    return nullptr;
+  }
+  units_ += size;
+  return byCodeId_[position].get();
 }
 
-void RememberedItems::Forget() {
-  byCodeId.clear();
-  units = 0;
+bool RememberedItems::AreOf(const DomenStore& store,
+                            const std::vector<std::wstring>& domenIds) const {
+  return store.IsIn(state_) && domenIds_ == domenIds;
+}
+
+void RememberedItems::Forget() noexcept {
+  byCodeId_.clear();
+  units_ = 0;
+  state_ = nullptr;
+}
+
+// What fails here leaves nothing remembered.
+void RememberedItems::BeginAnew(const DomenStore& store,
+                                const std::vector<std::wstring>& domenIds) {
+  Forget();
+  domenIds_ = domenIds;
+  state_ = store.State();
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -2,36 +2,46 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
 struct CodeItems;
+struct DomenStore;
 
-// The items of the codes of one Classificator, as far as they were composed since anything changed
-// that they depend on: the Classificator or the domains. A copy remembers nothing.
+// The composed items of the codes of one section, for one state of the domains and one list of
+// domain ids: whatever is asked for others is not among them. A copy remembers nothing.
 //
-// Each code id has its items for itself, also where one header has many of them. So what is
-// remembered has a bound, beyond which it begins anew: a few long headers can't fill the memory.
+// Each code id has items of its own, also where one header has many of them. So what is remembered
+// has a bound, beyond which it begins anew: a few long headers can't fill the memory.
 class RememberedItems {
  public:
   RememberedItems();
   RememberedItems(const RememberedItems& other);
-  RememberedItems& operator=(const RememberedItems& other) = delete;
+  RememberedItems& operator=(const RememberedItems& other);
   ~RememberedItems();
 
-  // Null for a code that isn't remembered.
-  const CodeItems* Find(int codeId) const;
+  // Returns the items of the code, or null if they aren't remembered. They are good until the next
+  // call of `Keep`.
+  const CodeItems* Find(int codeId, const DomenStore& store,
+                        const std::vector<std::wstring>& domenIds) const;
 
-  // Keeps the items of a code that isn't remembered, and gives them back. What was found before may
-  // be gone then.
-  const CodeItems& Keep(int codeId, CodeItems items);
+  // Takes the items of a code that isn't remembered, and returns where they are. Returns null, and
+  // leaves `items` as it was, if memory runs out. REQUIRES: codeId >= 0.
+  const CodeItems* Keep(int codeId, const DomenStore& store,
+                        const std::vector<std::wstring>& domenIds, CodeItems& items) noexcept;
 
-  void Forget();
+  void Forget() noexcept;
 
  private:
-  std::vector<std::unique_ptr<const CodeItems>> byCodeId;
-  std::size_t units = 0;  // of all texts in it
+  bool AreOf(const DomenStore& store, const std::vector<std::wstring>& domenIds) const;
+  void BeginAnew(const DomenStore& store, const std::vector<std::wstring>& domenIds);
+
+  std::vector<std::unique_ptr<const CodeItems>> byCodeId_;
+  std::size_t units_ = 0;  // of all texts in it
+  std::shared_ptr<const void> state_;
+  std::vector<std::wstring> domenIds_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -2,15 +2,15 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-UpperTable::UpperTable() : facet(&std::use_facet<std::ctype<wchar_t>>(locale)) {
+UpperTable::UpperTable() : facet_(&std::use_facet<std::ctype<wchar_t>>(locale_)) {
   try {
     for (std::size_t unit = 0; unit < behindCyrillic; ++unit) {
-      remembered[unit] = facet->toupper(static_cast<wchar_t>(unit));
-      rememberedTwice[unit] = facet->toupper(remembered[unit]);
+      remembered_[unit] = facet_->toupper(static_cast<wchar_t>(unit));
+      rememberedTwice_[unit] = facet_->toupper(remembered_[unit]);
     }
-    rememberedCount = behindCyrillic;
+    rememberedCount_ = behindCyrillic;
   } catch (...) {
-    rememberedCount = 0;
+    rememberedCount_ = 0;
   }
 }
 

@@ -376,7 +376,7 @@ TEST(Load, ReadsCarriageReturnsIndentationAndBlankLinesAsIfTheyWereNotThere) {
     EXPECT_EQ(other.status, 0);
     EXPECT_EQ(other.Patterns(), plain.Patterns());
     EXPECT_EQ(other.record.mapTextSection.records[0].code, L"A");
-    EXPECT_EQ(other.record.mapTextSection.records[0].itemLists.Lists().size(), 1u);
+    EXPECT_EQ(ReadItemLists(other.record.mapTextSection.records[0]).size(), 1u);
     EXPECT_EQ(other.record.mapTextSection.defaultCode, L"Z");
     EXPECT_EQ(other.ParamCodes(), plain.ParamCodes());
   }

@@ -11,6 +11,7 @@
 
 #include "classificator/Classificator.h"
 #include "domen/PropertyType.h"
+#include "support/MapTextByHand.h"
 #include "support/OutOfRange.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -49,13 +50,14 @@ DomenProperties ThreeFields() {
   return PropertiesOf({{L"a", typeInt, L"5"}, {L"b", typeStr, L"K"}, {L"c", typeRList, L"1 2"}});
 }
 
-// One ==MAPTEXT record, of code W10.
+// One ==PARAM record, of the code W10 of the one ==MAPTEXT record. What is composed of items
+// doesn't depend on the section that they are from.
 Classificator WithItems(std::vector<ParamItemList> lists) {
   Classificator classificator(L"S");
-  MapTextRecord record;
-  record.code = L"W10";
-  record.itemLists = std::move(lists);
-  classificator.mapTextSection.records.Edit().push_back(std::move(record));
+  std::vector<MapTextRecord> records(1);
+  records[0].code = L"W10";
+  classificator.mapTextSection.records.Swap(records);
+  classificator.paramSection.records.push_back({L"W10", std::move(lists)});
   return classificator;
 }
 
@@ -66,11 +68,11 @@ Classificator WithBothSections() {
   MapTextSection& mapText = classificator.mapTextSection;
   mapText.defaultCode = L"Z";
   mapText.domenIds = {L"D2", L"D1", L"D2"};
-  std::vector<MapTextRecord>& records = mapText.records.Edit();
-  records.resize(2);
+  std::vector<MapTextRecord> records(2);
   records[0].code = L"A";
-  records[0].itemLists = {{{L"1", L"Q"}}, {}, {{L"2", L"P"}, {L"3", L"Q"}}};
+  records[0].header = HeaderOf(L"{Q=1} {} {P=2 Q=3}");
   records[1].code = L"B";
+  mapText.records.Swap(records);
   ParamSection& param = classificator.paramSection;
   param.domenIds = {L"D3"};
   param.records.push_back({L"A", {{{L"4", L"Q"}, {L"5", L"P"}, {L"6", L"Q"}}}});
@@ -81,7 +83,7 @@ Classificator WithBothSections() {
 
 // What P prints once this value text has filled its fields.
 std::wstring Filled(const std::wstring& valueText, const DomenProperties& properties) {
-  return ComposeCodeParams(WithItems({{{valueText, L"P"}}}), 0, sourceMapText, L"=", properties);
+  return ComposeCodeParams(WithItems({{{valueText, L"P"}}}), 0, sourceParam, L"=", properties);
 }
 
 struct Case {
@@ -114,8 +116,7 @@ TEST(GetCodePropertyIds, GivesTheIdsOfAllListsOfTheRecordSortedAndOnce) {
   EXPECT_EQ(GetCodePropertyIds(WithBothSections(), 0, sourceMapText), (Texts{L"P", L"Q"}));
   const Classificator many = WithItems({{{L"", L"Ж"}, {L"", L"b"}, {L"", L"ab"}},
                                         {{L"", L"C"}, {L"", L"a"}, {L"", L"b"}, {L"", L""}}});
-  EXPECT_EQ(GetCodePropertyIds(many, 0, sourceMapText),
-            (Texts{L"", L"C", L"a", L"ab", L"b", L"Ж"}));
+  EXPECT_EQ(GetCodePropertyIds(many, 0, sourceParam), (Texts{L"", L"C", L"a", L"ab", L"b", L"Ж"}));
 }
 
 TEST(GetCodePropertyIds, GivesNothingOutOfMapTextForAnIdThatIsNoPosition) {
@@ -161,8 +162,7 @@ TEST(GetCodePropertyIds, LooksAtNoIdForAnyOtherSource) {
 TEST(ComposeCodeParams, WritesTheItemsInTheOrderOfTheirLists) {
   const DomenProperties properties = PropertiesOf({{L"a", typeInt, L"0"}});
   const Classificator classificator = WithItems({{{L"1", L"Q"}, {L"2", L"P"}}, {}, {{L"3", L"Q"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", properties),
-            L"Q= 1;P= 2;Q= 3;");
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", properties), L"Q= 1;P= 2;Q= 3;");
 }
 
 TEST(ComposeCodeParams, TakesTheItemsFromTheSectionThatTheSourceNames) {
@@ -203,8 +203,8 @@ TEST(ComposeCodeParams, FindsNoParamRecordForAnEmptyCode) {
 TEST(ComposeCodeParams, LeavesOutItemsWithoutAProperty) {
   const Classificator classificator =
       WithItems({{{L"1", L"R"}, {L"2", L"Q"}, {L"3", L"q"}, {L"4", L""}}, {{L"5", L"Q "}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", ThreeFields()), L"Q= 2;");
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", {}), L"");
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()), L"Q= 2;");
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", {}), L"");
 }
 
 TEST(ComposeCodeParams, WritesThePropertyUnderTheIdOfTheItem) {
@@ -212,13 +212,13 @@ TEST(ComposeCodeParams, WritesThePropertyUnderTheIdOfTheItem) {
   properties.emplace(L"", PropertyOf({{L"a", typeInt, L"7"}}));
   properties.emplace(L"Марка", PropertyOf({{L"a", typeInt, L"8"}}));
   const Classificator classificator = WithItems({{{L"", L"Марка"}, {L"", L""}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L":", properties), L"Марка: 8;: 7;");
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L":", properties), L"Марка: 8;: 7;");
 }
 
 TEST(ComposeCodeParams, WritesTheSuffixAsItStands) {
   const Classificator classificator = WithItems({{{L"1", L"Q"}}});
   for (const std::wstring& suffix : {L""s, L"="s, L" = "s, L";"s, L"Имя"s, L"\0"s}) {
-    EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, suffix, ThreeFields()),
+    EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, suffix, ThreeFields()),
               L"Q" + suffix + L" 1;");
   }
 }
@@ -345,7 +345,7 @@ TEST(ComposeCodeParams, LooksAtNoWordBehindTheOneOfTheFieldsOwnName) {
 TEST(ComposeCodeParams, LosesToADroppedItemNoneOfItsNeighbours) {
   const Classificator classificator =
       WithItems({{{L"1", L"Q"}, {L"a=1 b", L"P"}, {L"2", L"Q"}}, {{L"b=2 a", L"P"}, {L"3", L"P"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", ThreeFields()),
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()),
             L"Q= 1;Q= 2;P= 3 K 1 2;");
 }
 
@@ -357,7 +357,7 @@ TEST(ComposeCodeParams, LosesToAnExceptionOfAnyKindOneItemAlone) {
   DomenProperties properties = ThreeFields();
   properties.at(L"P").fields.push_back(std::make_unique<FieldWithoutText>());
   const Classificator classificator = WithItems({{{L"1", L"Q"}, {L"2", L"P"}, {L"3", L"Q"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", properties), L"Q= 1;Q= 3;");
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", properties), L"Q= 1;Q= 3;");
 }
 
 TEST(ComposeCodeParams, BeginsNoWordWithAnEmptyFieldName) {
@@ -368,7 +368,7 @@ TEST(ComposeCodeParams, BeginsNoWordWithAnEmptyFieldName) {
 TEST(ComposeCodeParams, FillsEachItemAfreshFromTheDomain) {
   const Classificator classificator =
       WithItems({{{L"60 A 3", L"P"}, {L"b=B", L"P"}}, {{L"", L"P"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceMapText, L"=", ThreeFields()),
+  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()),
             L"P= 60 A 3;P= 5 B 1 2;P= 5 K 1 2;");
 }
 

@@ -8,6 +8,7 @@
 
 #include "support/GlobalLocale.h"
 #include "support/ItemTexts.h"
+#include "support/MapTextByHand.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -40,8 +41,7 @@ void ExpectHeader(std::wstring_view lines, const std::wstring& code, const Lists
   ASSERT_FALSE(section.records.empty()) << std::wstring(lines);
   EXPECT_EQ(section.records[section.records.size() - 1].text, L"wall") << std::wstring(lines);
   EXPECT_EQ(section.records[section.records.size() - 1].code, code) << std::wstring(lines);
-  EXPECT_EQ(TextsOf(section.records[section.records.size() - 1].itemLists), lists)
-      << std::wstring(lines);
+  EXPECT_EQ(ItemsOf(section.records[section.records.size() - 1]), lists) << std::wstring(lines);
 }
 
 TEST(ParseMapTextSection, ReadsAWholeSection) {
@@ -58,16 +58,15 @@ TEST(ParseMapTextSection, ReadsAWholeSection) {
   ASSERT_EQ(section.records.size(), 2u);
   const MapTextRecord& door = section.records[0];
   EXPECT_EQ(door.code, L"D20");
-  EXPECT_EQ(
-      TextsOf(door.itemLists),
-      (Lists{{{L"KIND", L" red green"}, {L"NOTE", L" x=1 y=2"}, {L"z", L""}}, {{L"TAIL", L""}}}));
+  EXPECT_EQ(ItemsOf(door), (Lists{{{L"KIND", L" red green"}, {L"NOTE", L" x=1 y=2"}, {L"z", L""}},
+                                  {{L"TAIL", L""}}}));
   EXPECT_EQ(door.text, L"door");
-  EXPECT_EQ(TextsOf(door.tokens), (Texts{L"DOOR"}));
+  EXPECT_EQ(SplitTokens(door.tokens), (Texts{L"DOOR"}));
   const MapTextRecord& wall = section.records[1];
   EXPECT_EQ(wall.code, L"W10");
-  EXPECT_EQ(TextsOf(wall.itemLists), (Lists{{{L"GRADE", L"60 A"}, {L"LEN", L"a=1 b=2"}}}));
+  EXPECT_EQ(ItemsOf(wall), (Lists{{{L"GRADE", L"60 A"}, {L"LEN", L"a=1 b=2"}}}));
   EXPECT_EQ(wall.text, L"basic wall");
-  EXPECT_EQ(TextsOf(wall.tokens), (Texts{L"BASIC", L"WALL"}));
+  EXPECT_EQ(SplitTokens(wall.tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, LeavesOfAnEmptyTextTheDefaultCodeAlone) {
@@ -243,8 +242,10 @@ TEST(ParseMapTextSection, KeepsTheHeaderThroughOtherStatements) {
 
 TEST(ParseMapTextSection, GivesEachPatternLineAListOfItsOwn) {
   MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nroof");
-  section.records.Edit()[0].itemLists = {};
-  EXPECT_EQ(TextsOf(section.records[1].itemLists), (Lists{{{L"A", L"1"}}}));
+  std::vector<ParamItemList> lists = ReadItemLists(section.records[0]);
+  lists[0][0].valueText = L"2";
+  EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"A", L"1"}}}));
+  EXPECT_EQ(ItemsOf(section.records[1]), (Lists{{{L"A", L"1"}}}));
 }
 
 TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
@@ -252,7 +253,7 @@ TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(section.records[0].text, L"wall");
   EXPECT_EQ(section.records[0].code, L"");
-  EXPECT_TRUE(section.records[0].itemLists.Lists().empty());
+  EXPECT_TRUE(ReadItemLists(section.records[0]).empty());
   EXPECT_EQ(section.records[1].code, L"W10");
 }
 
@@ -296,13 +297,13 @@ TEST(ParseMapTextSection, StartsEverySectionWithBraces) {
   MapTextSection section = Parsed(L"@$ [ ]\n@W10 [A=1]\nwall");
   ParseMapTextSection(section, L"@W20 {B=2}\nroof");
   ASSERT_EQ(section.records.size(), 1u);
-  EXPECT_EQ(TextsOf(section.records[0].itemLists), (Lists{{{L"B", L"2"}}}));
+  EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"B", L"2"}}}));
 }
 
 TEST(ParseMapTextSection, KeepsALineInItsOwnCaseAndItsWordsInCapitals) {
   const MapTextSection section = Parsed(L"  Basic wall ");
   EXPECT_EQ(section.records[0].text, L"Basic wall");
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"BASIC", L"WALL"}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, CutsPatternLinesAtEveryBlankAndNowhereElse) {
@@ -321,24 +322,24 @@ TEST(ParseMapTextSection, CutsPatternLinesAtEveryBlankAndNowhereElse) {
       {L"wall:brick,{x}", {L"WALL:BRICK,{X}"}},
   };
   for (const Case& one : cases) {
-    EXPECT_EQ(TextsOf(Parsed(one.line).records[0].tokens), one.tokens) << one.line;
+    EXPECT_EQ(SplitTokens(Parsed(one.line).records[0].tokens), one.tokens) << one.line;
   }
 }
 
 TEST(ParseMapTextSection, MakesCapitalsByTheGlobalLocaleOfTheMoment) {
   {
     const GlobalLocale locale(UpperOfLatinAndCyrillic);
-    EXPECT_EQ(TextsOf(Parsed(L"стена wall").records[0].tokens), (Texts{L"СТЕНА", L"WALL"}));
+    EXPECT_EQ(SplitTokens(Parsed(L"стена wall").records[0].tokens), (Texts{L"СТЕНА", L"WALL"}));
   }
   const GlobalLocale locale(UpperOfLatin);
-  EXPECT_EQ(TextsOf(Parsed(L"стена wall").records[0].tokens), (Texts{L"стена", L"WALL"}));
+  EXPECT_EQ(SplitTokens(Parsed(L"стена wall").records[0].tokens), (Texts{L"стена", L"WALL"}));
 }
 
 TEST(ParseMapTextSection, CutsALineOnceItIsInCapitals) {
   const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
   const MapTextSection section = Parsed(L"wall_basic");
   EXPECT_EQ(section.records[0].text, L"wall_basic");
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"wall", L"basic"}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"wall", L"basic"}));
 }
 
 TEST(ParseMapTextSection, LeavesCodesAndItemsInTheirOwnCase) {
@@ -374,11 +375,11 @@ TEST(ParseMapTextSection, KeepsCodeAndItemsWithTheirPatternWhenItSorts) {
   const MapTextSection section = Parsed(L"@A {P=1}\na b c\n@B {P=2}\na\n@C\na b");
   ASSERT_EQ(section.records.size(), 3u);
   EXPECT_EQ(section.records[0].code, L"B");
-  EXPECT_EQ(TextsOf(section.records[0].itemLists), (Lists{{{L"P", L"2"}}}));
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"A"}));
+  EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"P", L"2"}}}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"A"}));
   EXPECT_EQ(section.records[1].code, L"C");
   EXPECT_EQ(section.records[2].code, L"A");
-  EXPECT_EQ(TextsOf(section.records[2].itemLists), (Lists{{{L"P", L"1"}}}));
+  EXPECT_EQ(ItemsOf(section.records[2]), (Lists{{{L"P", L"1"}}}));
 }
 
 TEST(ParseMapTextSection, KeepsEqualPatternsSideBySide) {
@@ -392,9 +393,9 @@ TEST(ParseMapTextSection, TearsAHeaderAtItsSemicolonWhenLinesAreNoMore) {
   const MapTextSection section = Parsed(L"@W10 {KIND red; X=1}\nwall");
   ASSERT_EQ(section.records.size(), 1u);
   EXPECT_EQ(section.records[0].code, L"W10");
-  EXPECT_TRUE(section.records[0].itemLists.Lists().empty());
+  EXPECT_TRUE(ReadItemLists(section.records[0]).empty());
   EXPECT_EQ(section.records[0].text, L"X=1}\nwall");
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"X=1}\nWALL"}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"X=1}\nWALL"}));
 }
 
 TEST(ParseMapTextSection, ReadsASectionOnOneLineCutAtSemicolons) {
@@ -402,7 +403,7 @@ TEST(ParseMapTextSection, ReadsASectionOnOneLineCutAtSemicolons) {
   EXPECT_EQ(section.domenIds, (Texts{L"D1"}));
   EXPECT_EQ(section.defaultCode, L"Z99");
   EXPECT_EQ(PatternsOf(section), (Texts{L"wall", L"basic wall"}));
-  EXPECT_EQ(TextsOf(section.records[1].itemLists), (Lists{{{L"A", L"1"}}}));
+  EXPECT_EQ(ItemsOf(section.records[1]), (Lists{{{L"A", L"1"}}}));
 }
 
 TEST(ParseMapTextSection, ReplacesRecordsAndDefaultCodeOfAnEarlierSection) {
@@ -421,8 +422,8 @@ TEST(ParseMapTextSection, KeepsCharactersOfAnyKind) {
   const MapTextSection section = Parsed(L"@W\0\U0001F6AA {A=\0}\nwa\0ll\n\uFEFF@X"s);
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(section.records[0].code, L"W\0\U0001F6AA"s);
-  EXPECT_EQ(TextsOf(section.records[0].itemLists), (Lists{{{L"A", L"\0"s}}}));
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{L"WA\0LL"s}));
+  EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"A", L"\0"s}}}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"WA\0LL"s}));
   EXPECT_EQ(section.records[1].text, L"\uFEFF@X");
 }
 
@@ -431,13 +432,13 @@ TEST(ParseMapTextSection, TakesALineOfFiveMillionCharacters) {
   const MapTextSection section = Parsed(L"@A\n" + word);
   ASSERT_EQ(section.records.size(), 1u);
   EXPECT_EQ(section.records[0].text, word);
-  EXPECT_EQ(TextsOf(section.records[0].tokens), (Texts{word}));
+  EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{word}));
 }
 
 TEST(ParseMapTextSection, TakesALineOfAMillionBlanks) {
   const MapTextSection section = Parsed(L"a" + std::wstring(1'000'000, L' ') + L"b");
   ASSERT_EQ(section.records.size(), 1u);
-  EXPECT_EQ(section.records[0].tokens.size(), 1'000'001u);
+  EXPECT_EQ(SplitTokens(section.records[0].tokens).size(), 1'000'001u);
 }
 
 TEST(ParseMapTextSection, TakesAMillionEmptyStatements) {
@@ -448,7 +449,7 @@ TEST(ParseMapTextSection, TakesAHeaderOfAHundredThousandMarks) {
   constexpr std::size_t size = 100'000;
   std::wstring blocks;
   for (std::size_t i = 0; i < size; ++i) blocks += L"{}";
-  EXPECT_EQ(Parsed(L"@A " + blocks + L"\nwall").records[0].itemLists.Lists().size(), size);
+  EXPECT_EQ(ReadItemLists(Parsed(L"@A " + blocks + L"\nwall").records[0]).size(), size);
   ExpectHeader(L"@A " + std::wstring(size, L'{'), L"A", {});
   ExpectHeader(L"@A " + std::wstring(size, L'{') + L"}", L"A",
                {{{std::wstring(size - 1, L'{'), L""}}});
@@ -459,7 +460,7 @@ TEST(MapTextSection, SharesNothingWithItsCopy) {
   const MapTextSection copy = section;
   ParseMapTextSection(section, L"@@ (D2)\ndoor");
   EXPECT_EQ(PatternsOf(copy), (Texts{L"wall", L"basic wall"}));
-  EXPECT_EQ(TextsOf(copy.records[1].itemLists), (Lists{{{L"A", L"1"}}}));
+  EXPECT_EQ(ItemsOf(copy.records[1]), (Lists{{{L"A", L"1"}}}));
   EXPECT_EQ(copy.defaultCode, L"Z99");
   EXPECT_EQ(copy.domenIds, (Texts{L"D1"}));
 }
@@ -473,8 +474,8 @@ TEST(ParseMapTextSection, SharesTheItemsOfAHeaderAmongItsPatterns) {
   MapTextSection section;
   ParseMapTextSection(section, text);
   ASSERT_EQ(section.records.size(), 2'000u);
-  EXPECT_EQ(section.records[0].itemLists.Lists()[0].size(), 20'000u);
-  EXPECT_EQ(section.records[1'999].itemLists.Lists()[0].size(), 20'000u);
+  EXPECT_EQ(ReadItemLists(section.records[0]).at(0).size(), 20'000u);
+  EXPECT_EQ(ReadItemLists(section.records[1'999]).at(0).size(), 20'000u);
 }
 
 }  // namespace

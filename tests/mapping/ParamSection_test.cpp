@@ -17,10 +17,8 @@ using namespace std::string_literals;
 using Texts = std::vector<std::wstring>;
 
 Texts Statements(std::wstring_view text) {
-  Texts statements;
-  PieceReader reader = SplitStatements(text);
-  for (std::wstring_view statement; reader.Next(statement);) statements.emplace_back(statement);
-  return statements;
+  const std::vector<std::wstring_view> statements = SplitStatements(text);
+  return Texts(statements.begin(), statements.end());
 }
 
 ParamSection Parsed(std::wstring_view text) {
@@ -211,16 +209,16 @@ TEST(FindItemLists, GivesTheListsOfTheFirstRecordOfTheCode) {
 TEST(FindItemLists, GivesNothingForAnUnknownCode) {
   const ParamSection section = Parsed(L"W10 red");
   for (const wchar_t* code : {L"W1", L"W100", L"w10", L" W10", L"W10 "}) {
-    EXPECT_TRUE(FindItemLists(section, code).Lists().empty()) << code;
+    EXPECT_TRUE(FindItemLists(section, code).empty()) << code;
   }
-  EXPECT_TRUE(FindItemLists(section, L"W10\0"s).Lists().empty());
-  EXPECT_TRUE(FindItemLists(ParamSection(), L"W10").Lists().empty());
+  EXPECT_TRUE(FindItemLists(section, L"W10\0"s).empty());
+  EXPECT_TRUE(FindItemLists(ParamSection(), L"W10").empty());
 }
 
 TEST(FindItemLists, GivesNothingForAnEmptyCodeThoughARecordMayHaveIt) {
   const ParamSection section = Parsed(L"{ A=1");
   ASSERT_EQ(section.records.at(0).code, L"");
-  EXPECT_TRUE(FindItemLists(section, L"").Lists().empty());
+  EXPECT_TRUE(FindItemLists(section, L"").empty());
 }
 
 TEST(FindItemLists, GivesAllListsOfARecordEmptyOnesIncluded) {

@@ -15,6 +15,7 @@
 #include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/DescribeDomens.h"
+#include "support/MapTextByHand.h"
 #include "support/OutOfRange.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -73,6 +74,20 @@ struct Round {
     return lists;
   }
 
+  // Item blocks as a header has them: items of one token, or of a name and what follows it.
+  std::wstring Blocks() {
+    std::wstring blocks;
+    for (std::size_t count = random.Below(3); count > 0; --count) {
+      blocks += L'{';
+      for (std::size_t items = random.Below(4); items > 0; --items) {
+        const wchar_t* const signs[] = {L"=", L":", L" "};
+        blocks += random.OneOf(propertyIds) + random.OneOf(signs) + ValueText() + L"; ";
+      }
+      blocks += L'}';
+    }
+    return blocks;
+  }
+
   Texts Some(const Texts& texts) {
     Texts some;
     for (std::size_t count = random.Below(5); count > 0; --count) {
@@ -83,16 +98,18 @@ struct Round {
 
   Classificator MadeClassificator() {
     Classificator classificator(L"S");
+    std::vector<MapTextRecord> records;
     for (std::size_t count = random.Below(4); count > 0; --count) {
       MapTextRecord record;
       record.code = random.OneOf(propertyIds);
-      record.itemLists = Lists();
-      classificator.mapTextSection.records.Edit().push_back(record);
+      record.header = HeaderOf(Blocks());
+      records.push_back(record);
       ParamRecord param;
       param.code = random.OneOf(propertyIds);
       param.itemLists = Lists();
       classificator.paramSection.records.push_back(param);
     }
+    classificator.mapTextSection.records.Swap(records);
     classificator.mapTextSection.defaultCode = random.OneOf(propertyIds);
     classificator.mapTextSection.domenIds = Some(domenIds);
     classificator.paramSection.domenIds = Some(domenIds);

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +18,7 @@
 #include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/GlobalLocale.h"
+#include "support/MapTextByHand.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -159,7 +159,7 @@ class Round {
     const auto& records = random.OneOf(classificators).mapTextSection.records;
     std::wstring text;
     if (records.empty()) return text;
-    for (const std::wstring_view token : random.OneOf(records).tokens) {
+    for (const std::wstring& token : SplitTokens(random.OneOf(records).tokens)) {
       if (!text.empty()) text += random.OneOf(separators);
       text += token;
       if (random.OneIn(3)) text += random.OneOf(words);
@@ -189,27 +189,17 @@ class Round {
     return tokens;
   }
 
-  // Views of texts that live as long as the round.
-  Tokens Kept(const Texts& tokens) {
-    const Texts& kept = keptTexts.emplace_back(tokens);
-    const auto& views = keptViews.emplace_back(kept.begin(), kept.end());
-    return {views.data(), views.size()};
-  }
-
-  MapTextRecord Record() {
-    MapTextRecord record;
-    record.tokens = Kept(SomeTokens());
-    return record;
-  }
+  MapTextRecord Record() { return RecordOf(SomeTokens()); }
 
   void ChangeLocale() { locale.emplace(random.OneOf(uppers)); }
 
   void Change() {
     if (random.OneIn(4)) return ChangeLocale();
     if (!random.OneIn(editsOneIn)) return ChangeSections();
-    auto& records = random.OneOf(classificators).mapTextSection.records.Edit();
-    if (records.empty() || random.OneIn(3)) return ChangeOrder(records);
-    ChangeRecord(random.OneOf(records));
+    EditRecords(random.OneOf(classificators).mapTextSection, [this](auto& records) {
+      if (records.empty() || random.OneIn(3)) return ChangeOrder(records);
+      ChangeRecord(random.OneOf(records));
+    });
   }
 
   void ChangeSections() {
@@ -286,12 +276,12 @@ class Round {
         break;
       default:
         // As many as before, in the same memory.
-        for (MapTextRecord& record : records) record.tokens = Kept(SomeTokens());
+        for (MapTextRecord& record : records) record.tokens = KeptTokens(SomeTokens());
     }
   }
 
   void ChangeRecord(MapTextRecord& record) {
-    Texts tokens(record.tokens.begin(), record.tokens.end());
+    Texts tokens = SplitTokens(record.tokens);
     switch (random.Below(6)) {
       case 0:
         tokens = SomeTokens();
@@ -311,10 +301,10 @@ class Round {
         }
         break;
       default:
-        record.text = random.OneOf(words);
-        record.code = random.OneOf(words);
+        record.text = KeptText(random.OneOf(words));
+        record.code = KeptText(random.OneOf(words));
     }
-    record.tokens = Kept(tokens);
+    record.tokens = KeptTokens(tokens);
   }
 
   void Compare(const Classificator& classificator) {
@@ -340,8 +330,6 @@ class Round {
 
   Random random;
   std::size_t editsOneIn;
-  std::deque<Texts> keptTexts;
-  std::deque<std::vector<std::wstring_view>> keptViews;
   Texts words;
   Texts texts;  // looked up again and again, some of them anew
   std::vector<Classificator> classificators;

@@ -78,7 +78,7 @@ Texts GetCodeDomenIds(const Classificator& classificator, int sourceKind) {
 Texts GetCodePropertyIds(const Classificator& classificator, int codeId, int sourceKind) {
   if (sourceKind == 1) {
     if (!IsCodeId(classificator, codeId)) return {};
-    return SortedPropertyIds(RecordAt(classificator, codeId).itemLists);
+    return Naive::SortedPropertyIds(RecordAt(classificator, codeId).itemLists);
   }
   if (sourceKind == 2) {
     return GetPropertyIds(classificator.paramSection, CodeOf(classificator, codeId));

@@ -118,7 +118,7 @@ ItemLists FindItemLists(const ParamSection& section, std::wstring code) {
 }
 
 Texts GetPropertyIds(const ParamSection& section, std::wstring code) {
-  return SortedPropertyIds(FindItemLists(section, code));
+  return Naive::SortedPropertyIds(FindItemLists(section, code));
 }
 
 Texts SortedPropertyIds(const ItemLists& itemLists) {

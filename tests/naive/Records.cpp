@@ -1,11 +1,13 @@
 #include "naive/Records.h"
 
+#include "support/MapTextByHand.h"
+
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
 ParamSection CopyOf(const TolvenLibs::RevitMappingEditorDll::ParamSection& section) {
   ParamSection copy;
   for (const auto& record : section.records) {
-    copy.records.push_back({std::wstring(record.code), record.itemLists.Lists()});
+    copy.records.push_back({std::wstring(record.code), record.itemLists});
   }
   copy.domenIds = section.domenIds;
   return copy;
@@ -14,9 +16,9 @@ ParamSection CopyOf(const TolvenLibs::RevitMappingEditorDll::ParamSection& secti
 MapTextRecord CopyOf(const TolvenLibs::RevitMappingEditorDll::MapTextRecord& record) {
   MapTextRecord copy;
   copy.code = record.code;
-  copy.itemLists = record.itemLists.Lists();
+  copy.itemLists = ReadItemLists(record);
   copy.text = record.text;
-  copy.tokens.assign(record.tokens.begin(), record.tokens.end());
+  copy.tokens = SplitTokens(record.tokens);
   return copy;
 }
 

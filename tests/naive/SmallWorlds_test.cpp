@@ -71,10 +71,9 @@ void SplitsAgree(const std::wstring& text, const std::wstring& separator) {
 }
 
 void StatementsAgree(const std::wstring& text) {
-  Texts statements;
-  PieceReader reader = SplitStatements(text);
-  for (std::wstring_view statement; reader.Next(statement);) statements.emplace_back(statement);
-  ASSERT_EQ(statements, Naive::SplitStatements(text)) << PrintToString(text);
+  const std::vector<std::wstring_view> statements = SplitStatements(text);
+  ASSERT_EQ(Texts(statements.begin(), statements.end()), Naive::SplitStatements(text))
+      << PrintToString(text);
 }
 
 void ItemsAgree(const Texts& tokens) {
@@ -110,7 +109,8 @@ void ParamSectionsAgree(const std::wstring& text) {
 void MapTextSectionsAgree(const std::wstring& text) {
   MapTextSection section;
   Naive::MapTextSection naive;
-  section.records.Edit().resize(1);
+  std::vector<MapTextRecord> records(1);
+  section.records.Swap(records);
   naive.records.resize(1);
   section.domenIds = naive.domenIds = {L"old"};
   ParseMapTextSection(section, text);

@@ -19,32 +19,37 @@ inline wchar_t UpperOfLatinAndCyrillic(wchar_t unit) {
                                       : UpperOfLatin(unit);
 }
 
-// While it lives, the global locale is the classic one, but for the capitals, which a function
-// gives.
+class UpperFacet : public std::ctype<wchar_t> {
+ public:
+  explicit UpperFacet(UpperFunction function) : upper(function) {}
+
+ protected:
+  wchar_t do_toupper(wchar_t unit) const override { return upper(unit); }
+
+  const wchar_t* do_toupper(wchar_t* first, const wchar_t* last) const override {
+    for (; first != last; ++first) *first = upper(*first);
+    return last;
+  }
+
+ private:
+  UpperFunction upper;
+};
+
+// The classic locale but for the capitals, which the function gives. Two of them are two locales,
+// whatever their functions.
+inline std::locale LocaleOf(UpperFunction upper) {
+  return std::locale(std::locale::classic(), new UpperFacet(upper));
+}
+
+// The global locale while it lives.
 class GlobalLocale {
  public:
-  explicit GlobalLocale(UpperFunction upper)
-      : previous(std::locale::global(std::locale(std::locale::classic(), new UpperFacet(upper)))) {}
+  explicit GlobalLocale(const std::locale& locale) : previous(std::locale::global(locale)) {}
+  explicit GlobalLocale(UpperFunction upper) : GlobalLocale(LocaleOf(upper)) {}
   GlobalLocale(const GlobalLocale&) = delete;
   GlobalLocale& operator=(const GlobalLocale&) = delete;
   ~GlobalLocale() { std::locale::global(previous); }
 
  private:
-  class UpperFacet : public std::ctype<wchar_t> {
-   public:
-    explicit UpperFacet(UpperFunction function) : upper(function) {}
-
-   protected:
-    wchar_t do_toupper(wchar_t unit) const override { return upper(unit); }
-
-    const wchar_t* do_toupper(wchar_t* first, const wchar_t* last) const override {
-      for (; first != last; ++first) *first = upper(*first);
-      return last;
-    }
-
-   private:
-    UpperFunction upper;
-  };
-
   std::locale previous;
 };

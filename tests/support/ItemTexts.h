@@ -1,4 +1,4 @@
-// Property items and tokens as texts, which GoogleTest compares and prints.
+// Property items as texts, which GoogleTest compares and prints.
 
 #pragma once
 
@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "mapping/MapTextRecords.h"
+#include "mapping/MapTextRecord.h"
 #include "mapping/ParamItem.h"
 
 // Of each item the property's id and the value text.
@@ -18,12 +18,14 @@ inline ItemTexts TextsOf(const TolvenLibs::RevitMappingEditorDll::ParamItemList&
   return texts;
 }
 
-inline std::vector<ItemTexts> TextsOf(const TolvenLibs::RevitMappingEditorDll::ItemLists& lists) {
+inline std::vector<ItemTexts> TextsOf(
+    const std::vector<TolvenLibs::RevitMappingEditorDll::ParamItemList>& lists) {
   std::vector<ItemTexts> texts;
-  for (const auto& items : lists.Lists()) texts.push_back(TextsOf(items));
+  for (const auto& items : lists) texts.push_back(TextsOf(items));
   return texts;
 }
 
-inline std::vector<std::wstring> TextsOf(const TolvenLibs::RevitMappingEditorDll::Tokens& tokens) {
-  return {tokens.begin(), tokens.end()};
+inline std::vector<ItemTexts> ItemsOf(
+    const TolvenLibs::RevitMappingEditorDll::MapTextRecord& record) {
+  return TextsOf(ReadItemLists(record));
 }
