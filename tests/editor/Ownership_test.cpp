@@ -1409,6 +1409,58 @@ TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
   EXPECT_EQ(std::count(started.begin(), started.end(), true), 9);
 }
 
+// How many records the active Classificator has: each of them has a code, and no further one.
+int CountRecords(Editor& editor) {
+  int count = 0;
+  for (int step = 1 << 20; step != 0; step /= 2) {
+    try {
+      delete[] editor.GetClaccificatorCode(count + step - 1);
+      count += step;
+    } catch (const std::out_of_range&) {
+      // There are fewer.
+    }
+  }
+  return count;
+}
+
+// The later the failure, the more patterns there are. The editor's entry is there before its file
+// is read.
+TEST_P(FailedAllocations, KeepsThePatternsThatWereReadAheadOfIt) {
+  constexpr int patterns = 2'000;
+  std::string text = "==MAPTEXT\n";
+  for (int i = 0; i < patterns; ++i) text += "@C" + std::to_string(i) + "\npattern\n";
+  folder.Write("patterns.txt", text);
+
+  int most = 0;
+  bool endedWithPatterns = false;
+  long n = 1;
+  for (bool complete = false; !complete && n < 10 * patterns; ++n) {
+    const long before = heap.blocks;
+    {
+      Editor one(folder.Wide().c_str(), L"");
+      int status = -1;
+      const Attempt attempt = RunFailing(
+          n, [&] { status = one.CreateClassificator(L"S", L"Scheme", L"Code", L"patterns.txt"); });
+      complete = !attempt.failed;
+      ASSERT_EQ(ListClassificators(one).size(), attempt.raised ? 0u : 1u) << n;
+      if (!attempt.raised) {
+        EXPECT_EQ(status, complete ? 0 : 3) << n;
+        ASSERT_EQ(one.SetActiveClassificator(L"S"), 0) << n;
+        const int count = CountRecords(one);
+        ASSERT_GE(count, most) << n;
+        most = count;
+        if (count != 0) {
+          EXPECT_EQ(::Take(one.GetClaccificatorCode(count - 1)), L"C" + std::to_wstring(count - 1));
+        }
+        endedWithPatterns |= status == 3 && count != 0;
+      }
+    }
+    ASSERT_EQ(heap.blocks, before) << n;
+  }
+  EXPECT_EQ(most, patterns);
+  EXPECT_TRUE(endedWithPatterns);
+}
+
 // The reader gives status 3 and adds nothing, or the failure leaves the call.
 TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
   const std::wstring file = folder.Write("Zones.json", R"({
