@@ -19,6 +19,7 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/domen/DomenStore.h
   src/domen/Domens.h
   src/domen/Revision.h
+  src/mapping/MapTextRecord.h
   src/mapping/MapTextRecords.h
   src/mapping/MapTextSection.h
   src/mapping/ParamItem.h

@@ -7,4 +7,8 @@ std::shared_ptr<const void> Revision::Get() const {
   return token;
 }
 
+bool Revision::Is(const std::shared_ptr<const void>& other) const {
+  return other && other == token;
+}
+
 }  // namespace TolvenLibs::RevitMappingEditorDll

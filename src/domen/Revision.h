@@ -29,7 +29,7 @@ class Revision {
   std::shared_ptr<const void> Get() const;
 
   // Whether this is the token of now. Null never is.
-  bool Is(const std::shared_ptr<const void>& other) const { return other && other == token; }
+  bool Is(const std::shared_ptr<const void>& other) const;
 
  private:
   mutable std::shared_ptr<const char> token;
