@@ -29,6 +29,8 @@
 
 #include "Json5Record.h"
 #include "RevitMappingEditorDll.h"
+#include "mapping/CodeParams.h"
+#include "mapping/RememberedItems.h"
 #include "support/Classificators.h"
 #include "support/DescribeDomens.h"
 #include "support/DomenRows.h"
@@ -1571,6 +1573,32 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
     SCOPED_TRACE(keepsFailing);
     const FailureMode mode(keepsFailing);
     ExpectStringsFreed();
+  }
+}
+
+// A mapping string that is composed is not lost for want of memory to remember it.
+TEST(RememberedItems, LeaveTheItemsAloneThatTheyCannotKeep) {
+  for (const bool keepsFailing : failureModes) {
+    const FailureMode mode(keepsFailing);
+    const DomenStore store;
+    const std::vector<std::wstring> domenIds = {L"A domain of some length"};
+    long n = 1;
+    for (bool complete = false; !complete && n < 10; ++n) {
+      RememberedItems remembered;
+      CodeItems items;
+      items.text = L"P= a value of some length;";
+      items.suffixPlaces = {1};
+      const CodeItems* kept = nullptr;
+      const Attempt attempt =
+          RunFailing(n, [&] { kept = remembered.Keep(7, store, domenIds, items); });
+      complete = !attempt.failed;
+      EXPECT_FALSE(attempt.raised) << n;
+      EXPECT_EQ(kept != nullptr, complete) << n;
+      EXPECT_EQ((kept ? *kept : items).text, L"P= a value of some length;") << n;
+      EXPECT_EQ((kept ? *kept : items).suffixPlaces.size(), 1u) << n;
+      EXPECT_EQ(remembered.Find(7, store, domenIds), kept) << n;
+    }
+    EXPECT_GT(n, 4);
   }
 }
 

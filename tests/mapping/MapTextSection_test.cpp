@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "classificator/Classificator.h"
 #include "support/GlobalLocale.h"
 #include "support/ItemTexts.h"
 #include "support/MapTextByHand.h"
+#include "support/TempFolder.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
@@ -463,6 +466,46 @@ TEST(MapTextSection, SharesNothingWithItsCopy) {
   EXPECT_EQ(ItemsOf(copy.records[1]), (Lists{{{L"A", L"1"}}}));
   EXPECT_EQ(copy.defaultCode, L"Z99");
   EXPECT_EQ(copy.domenIds, (Texts{L"D1"}));
+}
+
+TEST(MapTextRecord, OutlivesItsSection) {
+  MapTextRecord record;
+  {
+    const MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nbasic wall");
+    record = section.records[1];
+  }
+  EXPECT_EQ(record.code, L"W10");
+  EXPECT_EQ(record.text, L"basic wall");
+  EXPECT_EQ(SplitTokens(record.tokens), (Texts{L"BASIC", L"WALL"}));
+  EXPECT_EQ(ItemsOf(record), (Lists{{{L"A", L"1"}}}));
+}
+
+TEST(MapTextRecord, OutlivesItsSectionAboveAllHeaders) {
+  const MapTextRecord record = Parsed(L"wall").records[0];
+  EXPECT_EQ(record.code, L"");
+  EXPECT_EQ(record.text, L"wall");
+  EXPECT_EQ(SplitTokens(record.tokens), (Texts{L"WALL"}));
+  EXPECT_EQ(ItemsOf(record), Lists());
+}
+
+TEST(MapTextRecord, HasNoItemsWithoutAHeader) {
+  EXPECT_TRUE(ReadItemLists(MapTextRecord()).empty());
+}
+
+// The file may be nearly all patterns, which then keep it, or hold much else.
+TEST(MapTextRecord, OutlivesTheClassificatorOfItsFile) {
+  const TempFolder folder;
+  const std::string section = "==MAPTEXT\n@W10 {A=1}\nbasic wall\n";
+  for (const std::string& rest : {std::string(), "==NOTES\n" + std::string(1000, 'x')}) {
+    auto classificator = std::make_unique<Classificator>(L"S");
+    ASSERT_EQ(classificator->Load(folder.Write("a.txt", section + rest)), 0);
+    const MapTextRecord record = classificator->mapTextSection.records[0];
+    classificator.reset();
+    EXPECT_EQ(record.code, L"W10");
+    EXPECT_EQ(record.text, L"basic wall");
+    EXPECT_EQ(SplitTokens(record.tokens), (Texts{L"BASIC", L"WALL"}));
+    EXPECT_EQ(ItemsOf(record), (Lists{{{L"A", L"1"}}}));
+  }
 }
 
 // Otherwise a small file of many items and many patterns would need their product in memory.
