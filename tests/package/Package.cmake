@@ -52,6 +52,17 @@ if(NOT CMAKE_CROSSCOMPILING AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
             -P ${CMAKE_CURRENT_LIST_DIR}/Warnings.cmake)
 endif()
 
+# So is this. The packages are those of the system, as long as no toolchain file has others.
+if(NOT CMAKE_TOOLCHAIN_FILE AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
+  add_test(NAME Package.SaysWhatIsMissingAndHowToInstallIt
+    COMMAND ${CMAKE_COMMAND}
+            -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+            -D WORK=${package}/missing
+            -D GENERATOR=${CMAKE_GENERATOR}
+            -D COMPILER=${CMAKE_CXX_COMPILER}
+            -P ${CMAKE_CURRENT_LIST_DIR}/Missing.cmake)
+endif()
+
 if(MINGW)
   add_test(NAME Package.DllNeedsWindowsAloneAndTellsItsVersion
     COMMAND ${CMAKE_COMMAND}
