@@ -85,3 +85,9 @@ if(MINGW)
             -D VERSION=${PROJECT_VERSION}
             -P ${CMAKE_CURRENT_LIST_DIR}/Dll.cmake)
 endif()
+
+add_test(NAME Package.HasOneVersionWhereverItIsNamed
+  COMMAND ${CMAKE_COMMAND}
+          -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+          -D VERSION=${PROJECT_VERSION}
+          -P ${CMAKE_CURRENT_LIST_DIR}/Version.cmake)
