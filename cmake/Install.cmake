@@ -1,5 +1,6 @@
 # What an installed package consists of.
 
+include(${CMAKE_CURRENT_LIST_DIR}/BillOfMaterials.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/Reproducible.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/VersionResource.cmake)
 
@@ -74,6 +75,11 @@ install(FILES
   ${PROJECT_BINARY_DIR}/RevitMappingEditorConfig.cmake
   ${PROJECT_BINARY_DIR}/RevitMappingEditorConfigVersion.cmake
   DESTINATION ${config_folder})
+
+write_bill_of_materials(
+  ${PROJECT_SOURCE_DIR}/packaging/RevitMappingEditorDll.spdx.json.in
+  ${PROJECT_BINARY_DIR}/RevitMappingEditorDll.spdx.json)
+install(FILES ${PROJECT_BINARY_DIR}/RevitMappingEditorDll.spdx.json DESTINATION ${share_folder})
 
 # Side by side as here, since a data file names its schema by a relative path.
 install(FILES LICENSE DESTINATION ${share_folder})

@@ -3,6 +3,7 @@
 
 include(GNUInstallDirs)
 set(package ${CMAKE_BINARY_DIR}/package)
+set(installed_share ${package}/installed/${CMAKE_INSTALL_DATADIR}/RevitMappingEditorDll)
 
 add_test(NAME Package.IsInstalled
   COMMAND ${CMAKE_COMMAND}
@@ -28,9 +29,21 @@ add_test(NAME Package.ServesAClientThatIsBuiltAgainstIt
                           -DCMAKE_PREFIX_PATH=${package}/installed
                           -DCMAKE_FIND_USE_PACKAGE_REGISTRY=FALSE
           --test-command ${CMAKE_CROSSCOMPILING_EMULATOR} ${client}
-                         ${package}/installed/${CMAKE_INSTALL_DATADIR}/RevitMappingEditorDll/data)
+                         ${installed_share}/data)
 set_tests_properties(Package.ServesAClientThatIsBuiltAgainstIt PROPERTIES
   FIXTURES_REQUIRED package)
+
+find_program(PYTHON3 python3)
+add_test(NAME Package.HasABillOfMaterials
+  COMMAND ${CMAKE_COMMAND}
+          -D FILE=${installed_share}/RevitMappingEditorDll.spdx.json
+          -D NAME=${PROJECT_NAME}
+          -D VERSION=${PROJECT_VERSION}
+          -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+          -D WORK=${package}/bill
+          -D PYTHON=${PYTHON3}
+          -P ${CMAKE_CURRENT_LIST_DIR}/BillOfMaterials.cmake)
+set_tests_properties(Package.HasABillOfMaterials PROPERTIES FIXTURES_REQUIRED package)
 
 # A sanitizer names files as the compiler was given them, for its reports.
 if(NOT MSVC AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
@@ -52,6 +65,17 @@ if(NOT CMAKE_CROSSCOMPILING AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
             -P ${CMAKE_CURRENT_LIST_DIR}/Warnings.cmake)
 endif()
 
+# So is this. The packages are those of the system, as long as no toolchain file has others.
+if(NOT CMAKE_TOOLCHAIN_FILE AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
+  add_test(NAME Package.SaysWhatIsMissingAndHowToInstallIt
+    COMMAND ${CMAKE_COMMAND}
+            -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+            -D WORK=${package}/missing
+            -D GENERATOR=${CMAKE_GENERATOR}
+            -D COMPILER=${CMAKE_CXX_COMPILER}
+            -P ${CMAKE_CURRENT_LIST_DIR}/Missing.cmake)
+endif()
+
 if(MINGW)
   add_test(NAME Package.DllNeedsWindowsAloneAndTellsItsVersion
     COMMAND ${CMAKE_COMMAND}
@@ -61,3 +85,9 @@ if(MINGW)
             -D VERSION=${PROJECT_VERSION}
             -P ${CMAKE_CURRENT_LIST_DIR}/Dll.cmake)
 endif()
+
+add_test(NAME Package.HasOneVersionWhereverItIsNamed
+  COMMAND ${CMAKE_COMMAND}
+          -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
+          -D VERSION=${PROJECT_VERSION}
+          -P ${CMAKE_CURRENT_LIST_DIR}/Version.cmake)

@@ -354,4 +354,11 @@ TEST_F(Classify, ListsItsExitStatusesInItsHelp) {
   }
 }
 
+TEST_F(Classify, TellsItsVersionWithoutAnythingToClassify) {
+  const Outcome outcome = Run("--version");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "classify " CLASSIFY_VERSION "\n");
+  EXPECT_EQ(outcome.errors, "");
+}
+
 }  // namespace

@@ -113,6 +113,7 @@ std::optional<Options> ParseOptions(std::vector<std::string> arguments) {
   Options options;
   CLI::App app(description, "classify");
   app.footer(exitStatuses);
+  app.set_version_flag("--version", "classify " CLASSIFY_VERSION, "Print the version and exit");
   DeclareClassifying(app, options);
   DeclareListing(app, options);
   DeclareExport(app, options);
@@ -120,8 +121,8 @@ std::optional<Options> ParseOptions(std::vector<std::string> arguments) {
     // The parser takes them from the back.
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));
-  } catch (const CLI::Success& help) {
-    app.exit(help);
+  } catch (const CLI::Success& helpOrVersion) {
+    app.exit(helpOrVersion);
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
     throw Failure{failedArguments, std::string(error.what()) + " (see classify --help)"};

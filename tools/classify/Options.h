@@ -23,6 +23,6 @@ struct Options {
   std::string exportTarget;
 };
 
-// The options of a command line, or nothing if it asked for the help, which is then printed. Throws
-// a `Failure` for a command line that makes no sense.
+// The options of a command line, or nothing if it asked for the help or the version, which is then
+// printed. Throws a `Failure` for a command line that makes no sense.
 std::optional<Options> ParseOptions(std::vector<std::string> arguments);
