@@ -35,7 +35,6 @@ class SectionCutter {
       std::wstring::traits_type::move(start, line.data(), line.size());
     }
     end = start + line.size();
-    file.size = static_cast<std::size_t>(end - file.units.get());
     if (line.size() > 1 && start[0] == L'=' && start[1] == L'=') {
       file.sections.push_back({std::wstring_view(start, end), {}});
       body = nullptr;
@@ -57,6 +56,7 @@ TextFile CutTextFile(std::string_view bytes) {
   TextFile file;
   // No line has more units than bytes, and the line feeds are among these.
   file.units = std::make_unique_for_overwrite<wchar_t[]>(bytes.size());
+  file.size = bytes.size();
   SectionCutter cutter(file);
   for (;;) {
     const std::size_t end = bytes.find('\n');

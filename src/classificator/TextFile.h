@@ -25,7 +25,7 @@ struct TextSection {
 // Lines ahead of the first heading belong to none. Whoever keeps a view into it keeps the file.
 struct TextFile {
   std::unique_ptr<wchar_t[]> units;  // what the sections look at
-  std::size_t size = 0;              // how many of them
+  std::size_t size = 0;              // how many it has room for
   std::vector<TextSection> sections;
 };
 

@@ -92,17 +92,30 @@ class CodeIndex::Builder {
   }
 
   // The units to the node of a range: as many as all its patterns share, up to the end of the word.
+  // A few are compared first, then twice as many each time. A long word would else be gone through
+  // anew at each node on its way.
   std::wstring_view SharedUnits(const Range& range) const {
-    std::wstring_view shared = Words(keys_[range.begin].record).substr(range.depth);
-    shared = shared.substr(0, shared.find(L' '));
-    for (std::size_t i = range.begin + 1; i != range.end && !shared.empty(); ++i) {
-      const std::wstring_view words = Words(keys_[i].record).substr(range.depth);
-      const auto same = [this](wchar_t a, wchar_t b) { return Capital(a) == Capital(b); };
-      const auto end =
-          std::mismatch(shared.begin(), shared.end(), words.begin(), words.end(), same).first;
-      shared = {shared.begin(), end};
+    const std::wstring_view words = Words(keys_[range.begin].record).substr(range.depth);
+    std::size_t shared = 0;
+    for (std::size_t most = 16;; most *= 2) {
+      const std::size_t more = SharedOf(words.substr(shared, most), range, range.depth + shared);
+      shared += more;
+      if (more < most) return words.substr(0, shared);
     }
-    return shared;
+  }
+
+  // The number of these units of the range's first pattern that all its patterns share from
+  // `depth`.
+  std::size_t SharedOf(std::wstring_view units, const Range& range, std::size_t depth) const {
+    units = units.substr(0, units.find(L' '));
+    const auto same = [this](wchar_t a, wchar_t b) { return Capital(a) == Capital(b); };
+    for (std::size_t i = range.begin + 1; i != range.end && !units.empty(); ++i) {
+      const std::wstring_view words = Words(keys_[i].record).substr(depth);
+      const auto end =
+          std::mismatch(units.begin(), units.end(), words.begin(), words.end(), same).first;
+      units = {units.begin(), end};
+    }
+    return units.size();
   }
 
   // Sorts the patterns that go on by their next units. Those that end at the node leave the range.
@@ -135,7 +148,9 @@ CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records) {
   } catch (const std::bad_alloc&) {
     throw;
   } catch (...) {
-    nodes_.clear();
+    // Nothing is asked of what was made so far, so that it needn't take room.
+    std::vector<Node>().swap(nodes_);
+    std::wstring().swap(units_);
   }
 }
 

@@ -35,8 +35,9 @@ class CodeIndex {
   // Whether the global locale still is that of the index.
   bool IsCurrent() const { return upper_.IsCurrent(); }
 
-  // Returns the position of the first record that matches the text, or `noCodeId`.
-  // REQUIRES: CanAnswer().
+  // Returns the position of the first record that matches the text, or `noCodeId`. Raises
+  // `bad_alloc`, and what the locale raises for a letter of the text, also where the walk doesn't
+  // come to it. REQUIRES: CanAnswer().
   int Find(std::wstring_view text) const;
 
  private:

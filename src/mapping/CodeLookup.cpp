@@ -1,6 +1,7 @@
 #include "mapping/CodeLookup.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "classificator/Classificator.h"
 #include "editor/Checked.h"
@@ -20,6 +21,18 @@ bool Begins(std::wstring_view token, std::wstring_view word, const UpperTable& u
                     [&upper](wchar_t left, wchar_t right) {
                       return upper.Upper(left) == upper.UpperTwice(right);
                     });
+}
+
+// What the index finds, if it can answer. It may ask for capitals that the walk doesn't come to, so
+// that a locale which refuses one leaves the answer to the walk.
+std::optional<int> FindByIndex(const MapTextRecords& records, std::wstring_view text) {
+  const CodeIndex* const index = records.Index();
+  if (!index || !index->CanAnswer()) return std::nullopt;
+  try {
+    return index->Find(text);
+  } catch (...) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -42,8 +55,7 @@ bool Matches(const MapTextRecord& record, std::wstring_view text, const UpperTab
 int FindCodeId(const Classificator& classificator, std::wstring_view text) {
   const MapTextRecords& records = classificator.mapTextSection.records;
   if (records.empty()) return noCodeId;
-  const CodeIndex* const index = records.Index();
-  if (index && index->CanAnswer()) return index->Find(text);
+  if (const auto found = FindByIndex(records, text)) return *found;
   const UpperTable upper;
   const auto found = std::find_if(records.begin(), records.end(), [&](const MapTextRecord& record) {
     return Matches(record, text, upper);

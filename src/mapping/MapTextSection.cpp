@@ -21,13 +21,14 @@ bool IsPattern(std::wstring_view statement) {
   return !statement.empty() && std::wstring_view(L"/!@$").find(statement.front()) == statement.npos;
 }
 
-// Whether the records may keep the whole file for the sake of the lines that they look at.
-bool IsMostOf(const std::vector<std::wstring_view>& statements, const TextFile& file) {
+// Whether the records may keep the whole file for the sake of the lines that they look at. A letter
+// beyond ASCII takes two bytes of it or more.
+bool IsMuchOf(const std::vector<std::wstring_view>& statements, const TextFile& file) {
   std::size_t size = 0;
   for (const std::wstring_view statement : statements) {
     if (IsPattern(statement) || statement.starts_with(L'@')) size += statement.size();
   }
-  return size >= file.size / 2;
+  return size >= file.size / 4;
 }
 
 std::wstring_view FirstWord(std::wstring_view text) {
@@ -195,7 +196,7 @@ void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
   section.records = {};
   section.defaultCode = L"N00";
   const std::vector<std::wstring_view> statements = SplitStatements(text);
-  if (file && !IsMostOf(statements, *file)) file = nullptr;
+  if (file && !IsMuchOf(statements, *file)) file = nullptr;
   MapTextParser parser(section, std::make_shared<SectionTexts>(text.size(), std::move(file)));
   // All of it is there before the first line is read: no line is lost when memory runs out.
   std::vector<MapTextRecord> records(

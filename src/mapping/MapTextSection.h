@@ -35,7 +35,7 @@ struct MapTextSection {
 // An exception leaves the records of the lines before it, in the order of the file.
 //
 // Records keep the texts that they look at: copies, or the file that the text is of, if there is
-// one and their lines are most of it.
+// one and their lines are a good part of it.
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
                          std::shared_ptr<const TextFile> file = nullptr);
 

@@ -45,6 +45,8 @@ TEST(Classificator, KeepsMemoryInProportionToWhatItHolds) {
       "==NOTES\n" + remarks + "==COLORAT\n@main Main\nA 1 2 3 4\n",
       "==NOTES\n" + remarks + "==MAPTEXT\n@A {P=1}\nwall\n",
       "==MAPTEXT\n@A {P=1}\nwall\n" + remarks,
+      "==MAPTEXT\n@A {P=1}\nwall\n" + std::string(10'000'000, '\n'),
+      "==MAPTEXT\n@A {P=1}\n" + std::string(10'000'000, ' ') + "wall\n",
       "==MAPTEXT\n" + remarks + "wall\n==COLORAT\n@main Main\nA 1 2 3 4\n",
       "==PARAM\nA P=1\n" + remarks,
       "==DOMEN\n@@@ D\n@ P 0 1\nV int 0 1\n" + remarks,
@@ -55,7 +57,8 @@ TEST(Classificator, KeepsMemoryInProportionToWhatItHolds) {
   }
 }
 
-// Records keep the whole file where it is nothing but patterns: no more than twice what they hold.
+// Records keep the whole file where it is nothing but patterns: no more than a few times what they
+// hold.
 TEST(Classificator, KeepsAFewTimesAFileThatIsNothingButPatterns) {
   if (!IsCounted()) GTEST_SKIP() << "the heap isn't that of the C library";
   std::string patterns = "==MAPTEXT\n";

@@ -1,0 +1,140 @@
+// The lookup of codes, held against the walk that `Matches` makes, over hundreds of patterns of few
+// letters, in whatever order, under locales that refuse letters or have blanks for them. What the
+// walk raises, the lookup has to raise, and nothing else.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "classificator/Classificator.h"
+#include "mapping/CodeLookup.h"
+#include "mapping/UpperTable.h"
+#include "naive/Random.h"
+#include "support/GlobalLocale.h"
+#include "support/MapTextByHand.h"
+#include "support/UpperFails.h"
+
+namespace TolvenLibs::RevitMappingEditorDll {
+namespace {
+
+using Naive::Random;
+using Texts = std::vector<std::wstring>;
+
+constexpr int refused = -2;
+
+template <class Lookup>
+int ResultOf(const Lookup& lookup) {
+  try {
+    return lookup();
+  } catch (const UpperCasingFailed&) {
+    return refused;
+  }
+}
+
+int Walk(const Classificator& classificator, std::wstring_view text) {
+  const UpperTable upper;
+  int position = 0;
+  for (const MapTextRecord& record : classificator.mapTextSection.records) {
+    if (Matches(record, text, upper)) return position;
+    ++position;
+  }
+  return noCodeId;
+}
+
+template <wchar_t one>
+wchar_t UpperRefuses(wchar_t unit) {
+  return unit == one ? UpperFails(unit) : UpperOfLatin(unit);
+}
+
+// Takes a letter, and refuses its capital.
+template <wchar_t one>
+wchar_t UpperRefusesTheCapital(wchar_t unit) {
+  return unit == one ? L'\u2160' : unit == L'\u2160' ? UpperFails(unit) : UpperOfLatin(unit);
+}
+
+template <wchar_t from, wchar_t to>
+wchar_t UpperOfOne(wchar_t unit) {
+  return unit == from ? to : UpperOfLatin(unit);
+}
+
+// A capital whose capital is a blank: words have it, and no pattern can.
+wchar_t UpperOfUpperIsBlank(wchar_t unit) {
+  return unit == L'b' ? L'\u2160' : unit == L'\u2160' ? L' ' : UpperOfLatin(unit);
+}
+
+constexpr UpperFunction uppers[] = {
+    UpperOfNothing,
+    UpperOfLatin,
+    UpperRefuses<L'c'>,
+    UpperRefuses<L'C'>,
+    UpperRefuses<L' '>,
+    UpperRefusesTheCapital<L'b'>,
+    UpperRefusesTheCapital<L'c'>,
+    UpperOfOne<L'b', L' '>,
+    UpperOfOne<L'B', L' '>,
+    UpperOfOne<L'b', L'\t'>,
+    UpperOfOne<L'c', L'\0'>,
+    UpperOfOne<L' ', L'a'>,
+    UpperOfUpperIsBlank,
+};
+
+// The texts have a letter more than most patterns, for locales that refuse that one alone.
+const std::wstring letters = L"abABc";
+
+std::wstring Word(Random& random, std::size_t letterCount) {
+  std::wstring word;
+  for (std::size_t length = random.Below(4); length > 0; --length) {
+    word += letters[random.Below(letterCount)];
+  }
+  return word;
+}
+
+Texts Words(Random& random, std::size_t letterCount) {
+  Texts words;
+  for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
+    words.push_back(Word(random, letterCount));
+  }
+  return words;
+}
+
+std::wstring Text(Random& random) {
+  std::wstring text;
+  for (const std::wstring& word : Words(random, letters.size())) text += word + L' ';
+  if (random.OneIn(2)) text.pop_back();
+  return text;
+}
+
+Classificator Filled(Random& random) {
+  const std::size_t letterCount = random.OneIn(3) ? letters.size() : letters.size() - 1;
+  std::vector<MapTextRecord> records;
+  for (std::size_t count = 1 + random.Below(random.OneIn(2) ? 4 : 400); count > 0; --count) {
+    records.push_back(RecordOf(Words(random, letterCount)));
+  }
+  Classificator classificator(L"S");
+  classificator.mapTextSection.records.Swap(records);
+  return classificator;
+}
+
+TEST(FindCodeId, AgreesWithTheWalkUnderLocalesThatRefuseLetters) {
+  const unsigned rounds = SLOW_BUILD ? 50 : 500;
+  for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
+    Random random(seed);
+    const Classificator classificator = Filled(random);
+    for (std::size_t i = 0; i < std::size(uppers); ++i) {
+      const GlobalLocale locale(uppers[i]);
+      for (int count = 0; count < 40; ++count) {
+        const std::wstring text = Text(random);
+        EXPECT_EQ(ResultOf([&] { return FindCodeId(classificator, text); }),
+                  ResultOf([&] { return Walk(classificator, text); }))
+            << "seed " << seed << ", locale " << i << ": " << testing::PrintToString(text);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace TolvenLibs::RevitMappingEditorDll
