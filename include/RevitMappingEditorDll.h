@@ -209,7 +209,7 @@ class REVIT_MAPPING_EDITOR_API RevitMappingEditorDll {
   std::wstring configText;
   std::wstring dataFolder;
   int activeClassificator = -1;              // -1 or an index into `classificators`
-  std::deque<Classificator> classificators;  // one that is loaded is never moved
+  std::deque<Classificator> classificators;  // in a vector each would be moved as it grows
   DomenStore domenStore;
   std::wstring startMark;
   std::wstring endMark;

@@ -20,7 +20,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 // A lookup goes down with each word of the text, as far as the word goes: the ends of words on the
 // way are the patterns' words that begin it, and there are no others. From all of them the text's
 // next word goes on. A node all of whose records stand after one that was found is passed over.
-// Each node is visited once at most, so that a lookup never costs more than the walk over the
+// Each node is visited once at most, so that a lookup never costs more than a walk over all
 // records. Nothing is hashed: what is found has been compared, unit by unit.
 class CodeIndex {
  public:

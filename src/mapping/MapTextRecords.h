@@ -13,8 +13,8 @@ class CodeIndex;
 
 // The records of a ==MAPTEXT section, with what was worked out from them: the indexes of lookups,
 // and the items of mapping strings. They are read as a vector is, and change only as a whole, so
-// that nothing outlives what it was worked out from. Copies share their indexes, which never
-// change.
+// that nothing outlives what it was worked out from: a bare vector couldn't tell. Copies share
+// their indexes, which never change.
 class MapTextRecords {
  public:
   MapTextRecords() = default;

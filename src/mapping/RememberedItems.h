@@ -14,7 +14,8 @@ struct DomenStore;
 // domain ids: whatever is asked for others is not among them. A copy remembers nothing.
 //
 // Each code id has items of its own, also where one header has many of them. So what is remembered
-// has a bound, beyond which it begins anew: a few long headers can't fill the memory.
+// has a bound, beyond which it begins anew, with the items that were to be kept, however long they
+// are: a few long headers can't fill the memory.
 class RememberedItems {
  public:
   RememberedItems();
