@@ -25,6 +25,27 @@ HostileCase Lookup(const char* input, std::function<std::wstring(std::size_t)> t
           }};
 }
 
+// Patterns each of which begins the next, and one that all of them begin, as long as all others.
+std::string NestedPatterns(std::size_t size) {
+  std::string patterns = "==MAPTEXT\n" + Times(size / 2, "a") + "\n";
+  for (std::size_t length = 1, left = size / 2; length <= left; left -= length++) {
+    patterns += Times(length, "a") + "\n";
+  }
+  return patterns;
+}
+
+// Patterns of one letter, each another one: the code points beyond 16 bits, in UTF-8.
+std::string PatternsOfALetter(std::size_t count) {
+  return "==MAPTEXT\n" + Join(count, [](std::size_t number) {
+           const std::size_t code = 0x10000 + number;
+           std::string line;
+           line += static_cast<char>(0xF0 | code >> 18);
+           for (const int shift : {12, 6, 0})
+             line += static_cast<char>(0x80 | (code >> shift & 0x3F));
+           return line + "\n";
+         });
+}
+
 std::wstring WideTimes(std::size_t count, const wchar_t* piece) {
   std::wstring text;
   for (std::size_t i = 0; i < count; ++i) text += piece;
@@ -48,6 +69,17 @@ HostileCases LookupCases() {
       Lookup(
           "words of a text that all patterns begin",
           [](std::size_t size) { return WideTimes(size / 4, L"aaa "); }, -1),
+      {"lookup", "letters of patterns that begin each other", 10'000'000, "scheme.txt",
+       NestedPatterns,
+       [](Subject& subject) {
+         Require(CodeId(subject, L"aa") == 1, "the second line");
+         Require(CodeId(subject, L"b") == -1, "none");
+       }},
+      {"lookup", "patterns of a letter each", 1'000'000, "scheme.txt", PatternsOfALetter,
+       [](Subject& subject) {
+         Require(CodeId(subject, std::wstring(1, L'\U00010001')) == 1, "the second pattern");
+         Require(CodeId(subject, L"b") == -1, "none");
+       }},
       {"lookup", "words of a pattern and of a text", 10'000'000, "scheme.txt",
        [](std::size_t size) { return "==MAPTEXT\n" + Times(size / 2, "b ") + "end"; },
        [](Subject& subject) {
