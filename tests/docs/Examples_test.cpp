@@ -97,6 +97,10 @@ TEST(Documents, TheExamplesOfTheFormatsGiveTheirAnswers) {
   EXPECT_GE(RunExamples("docs/formats.md"), 30);
 }
 
+TEST(Documents, TheExamplesOfTheLookupGiveTheirAnswers) {
+  EXPECT_GE(RunExamples("docs/lookup.md"), 1);
+}
+
 TEST(Documents, TheExamplesOfTheReadmeGiveTheirAnswers) {
   EXPECT_GE(RunExamples("README.md"), 1);
 }
