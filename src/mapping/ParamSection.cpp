@@ -1,6 +1,7 @@
 #include "mapping/ParamSection.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "classificator/TextFile.h"
@@ -36,7 +37,8 @@ const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view cod
 std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
   PieceReader reader = CutEntries(text, true);
   std::vector<std::wstring_view> statements;
-  statements.reserve(text.size() / 16 + 1);
+  constexpr std::size_t shortLine = 16;  // lines that are shorter make the vector grow
+  statements.reserve(text.size() / shortLine + 1);
   for (std::wstring_view statement; reader.Next(statement);) statements.push_back(statement);
   return statements;
 }
