@@ -1,15 +1,14 @@
 #include "mapping/ToUpper.h"
 
-#include <locale>
+#include "mapping/UpperTable.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
 std::wstring ToUpper(std::wstring_view text) {
-  const std::locale global;
-  const auto& facet = std::use_facet<std::ctype<wchar_t>>(global);
-  std::wstring upper(text);
-  for (wchar_t& unit : upper) unit = facet.toupper(unit);
-  return upper;
+  const UpperTable upper;
+  std::wstring capitals(text);
+  for (wchar_t& unit : capitals) unit = upper.Upper(unit);
+  return capitals;
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
