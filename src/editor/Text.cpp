@@ -104,14 +104,6 @@ std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, boo
   return count;
 }
 
-std::vector<std::wstring_view> SplitViews(std::wstring_view text, std::wstring_view separator,
-                                          bool keepEmpty) {
-  PieceReader reader(text, separator, keepEmpty);
-  std::vector<std::wstring_view> pieces;
-  for (std::wstring_view piece; reader.Next(piece);) pieces.push_back(piece);
-  return pieces;
-}
-
 std::vector<std::wstring> SplitTrimmed(std::wstring_view text, std::wstring_view separator,
                                        bool keepEmpty, int limit) {
   PieceReader reader(text, separator, keepEmpty);

@@ -89,10 +89,6 @@ class WordReader {
 // How many pieces a `PieceReader` gives.
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
 
-// All pieces of a `PieceReader`, as views into `text`.
-std::vector<std::wstring_view> SplitViews(std::wstring_view text, std::wstring_view separator,
-                                          bool keepEmpty);
-
 // All pieces of a `PieceReader`, as strings of their own. With a `limit` other than 0 there are
 // never more than `limit` of them: every further piece is added to the last one, with one separator
 // in between.

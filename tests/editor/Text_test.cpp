@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <string>
@@ -318,13 +317,11 @@ TEST(PieceReader, GivesViewsIntoTheText) {
   EXPECT_EQ(piece.data(), text.data() + 3);
 }
 
-TEST(SplitViews, GivesThePiecesOfSplitTrimmedAndCountPiecesTheirNumber) {
+TEST(CountPieces, GivesTheNumberOfThePiecesOfSplitTrimmed) {
   for (const wchar_t* text : {L"", L" ", L";", L"a", L"a;;b;", L" a ; b ", L";;a; ;b c"}) {
-    for (const bool keepEmpty : {true, false}) {
-      const Pieces pieces = SplitTrimmed(text, L";", keepEmpty);
-      const std::vector<std::wstring_view> views = SplitViews(text, L";", keepEmpty);
-      EXPECT_TRUE(std::equal(views.begin(), views.end(), pieces.begin(), pieces.end())) << text;
-      EXPECT_EQ(CountPieces(text, L";", keepEmpty), pieces.size()) << text;
+    for (const bool keepEmpty : {false, true}) {
+      EXPECT_EQ(CountPieces(text, L";", keepEmpty), SplitTrimmed(text, L";", keepEmpty).size())
+          << text << ", " << keepEmpty;
     }
   }
 }
