@@ -243,12 +243,11 @@ TEST(ParseMapTextSection, KeepsTheHeaderThroughOtherStatements) {
   ExpectHeader(L"@W10 {A=1}\n! x\n$ Z\n@@ (D)\n@$ [ ]\nroof", L"W10", {{{L"A", L"1"}}});
 }
 
-TEST(ParseMapTextSection, GivesEachPatternLineAListOfItsOwn) {
-  MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nroof");
-  std::vector<ParamItemList> lists = ReadItemLists(section.records[0]);
-  lists[0][0].valueText = L"2";
+TEST(ParseMapTextSection, GivesEachPatternLineTheListsOfItsHeader) {
+  const MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nroof\n@W20 {B=2}\ndoor");
   EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"A", L"1"}}}));
   EXPECT_EQ(ItemsOf(section.records[1]), (Lists{{{L"A", L"1"}}}));
+  EXPECT_EQ(ItemsOf(section.records[2]), (Lists{{{L"B", L"2"}}}));
 }
 
 TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
