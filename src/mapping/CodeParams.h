@@ -54,14 +54,13 @@ struct CodeItems {
 // is neither -1 nor in the records raises `out_of_range`, "invalid vector subscript".
 CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
                            const DomenProperties& properties);
-
-// Returns the same with the properties that the domains have, out of what the section remembers if
-// it is there. What can't be remembered is put into `composed`, and is the result then. The result
-// is good until the next call, and until the section changes.
-const CodeItems& FindCodeItems(const Classificator& classificator, const DomenStore& store,
-                               int codeId, int sourceKind, CodeItems& composed);
-
 std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
                                std::wstring_view nameSuffix, const DomenProperties& properties);
+
+// Returns the items of a code with the properties that the domains have, out of what the section
+// remembers if they are there. What can't be remembered is put into `composed`, and is the result
+// then. The result is good until the next call, and until the section changes.
+const CodeItems& FindCodeItems(const Classificator& classificator, const DomenStore& store,
+                               int codeId, int sourceKind, CodeItems& composed);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

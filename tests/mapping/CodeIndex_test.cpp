@@ -55,7 +55,7 @@ TEST(MapTextRecords, KeepTheIndexesOfFourLocales) {
   }
 }
 
-TEST(MapTextRecords, GiveUpTheOldestIndexForThatOfAFifthLocale) {
+TEST(MapTextRecords, HaveAnIndexInHoweverManyLocales) {
   const MapTextRecords records = Read(L"wall");
   for (int i = 0; i < 20; ++i) {
     const GlobalLocale locale(UpperOfLatin);
