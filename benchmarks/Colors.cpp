@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/Random.h"
 #include "support/Run.h"
 #include "support/TempFolder.h"

@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
+#include "base/Utf8.h"
 #include "classificator/Classificator.h"
-#include "editor/Utf8.h"
 #include "mapping/CodeLookup.h"
 #include "mapping/MapTextSection.h"
 #include "support/Patterns.h"

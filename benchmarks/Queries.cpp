@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/DomainCheck.h"
 #include "support/Domains.h"
 #include "support/Run.h"

@@ -5,9 +5,9 @@
 # file that it makes names the folders in any case.
 
 if(NOT MSVC)
-  set(own_targets base parts json5 domen_json RevitMappingEditorDll)
-  if(TARGET cfg)
-    list(APPEND own_targets cfg)
+  set(own_targets ${rooms} RevitMappingEditorDll)
+  if(REVIT_MAPPING_EDITOR_CFG_LIBRARY)
+    list(REMOVE_ITEM own_targets ${REVIT_MAPPING_EDITOR_CFG_LIBRARY})
   endif()
   foreach(target IN LISTS own_targets)
     target_compile_options(${target} PRIVATE

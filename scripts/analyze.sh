@@ -23,7 +23,7 @@ echo "cppcheck"
 cppcheck --std=c++20 --enable=warning,style,performance,portability --quiet --error-exitcode=1 \
   --suppress=useStlAlgorithm \
   --suppress=noExplicitConstructor:src/mapping/ParamItem.h \
-  --suppress=unusedStructMember:src/json/cfg/Json5.cpp \
+  --suppress=unusedStructMember:src/json5/Json5Parser.cpp \
   --suppress=constParameter:src/mapping/CodeParams.cpp \
   -I include -I src -I src/json/cfg src || failed=1
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/Results.h"
 
 using TolvenLibs::RevitMappingEditorDll::EncodeUtf8;

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "json/DomenSchema.h"
 #include "support/Random.h"
 #include "support/Vocabulary.h"

@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 
 namespace fs = std::filesystem;
 using TolvenLibs::RevitMappingEditorDll::DecodeUtf8;

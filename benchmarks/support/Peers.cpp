@@ -6,8 +6,8 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "editor/Text.h"
-#include "editor/Utf8.h"
+#include "base/Text.h"
+#include "base/Utf8.h"
 
 using TolvenLibs::RevitMappingEditorDll::EncodeUtf8;
 using TolvenLibs::RevitMappingEditorDll::Trimmed;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/Patterns.h"
 
 using TolvenLibs::RevitMappingEditorDll::DecodeUtf8;

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <locale>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 
 using TolvenLibs::RevitMappingEditorDll::Trimmed;
 

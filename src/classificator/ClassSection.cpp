@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "classificator/TextFile.h"
-#include "editor/Text.h"
+#include "base/Text.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

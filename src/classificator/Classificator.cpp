@@ -4,10 +4,11 @@
 #include <string>
 #include <utility>
 
+#include "base/Status.h"
+#include "base/Text.h"
 #include "classificator/ClassSection.h"
-#include "classificator/TextFile.h"
-#include "editor/Status.h"
-#include "editor/Text.h"
+#include "mapping/CodeParams.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -44,6 +45,10 @@ int Classificator::Load(const std::wstring& path, std::shared_ptr<const TextFile
   } catch (...) {
     return statusException;
   }
+}
+
+CodeSections SectionsOf(const Classificator& classificator) {
+  return {classificator.mapTextSection, classificator.paramSection};
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -9,6 +9,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct CodeSections;
 struct TextFile;
 
 // One classification scheme, as a classificator file gives it. A plain value: a copy shares with
@@ -42,5 +43,8 @@ struct Classificator {
   std::wstring openMark = L"{";
   std::wstring closeMark = L"}";
 };
+
+// The sections that a code and its items come from. They are part of the record.
+CodeSections SectionsOf(const Classificator& classificator);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

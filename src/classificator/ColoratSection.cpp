@@ -7,8 +7,8 @@
 #include <limits>
 #include <optional>
 
-#include "classificator/TextFile.h"
-#include "editor/Text.h"
+#include "base/Text.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

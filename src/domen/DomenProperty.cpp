@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "domen/FieldAdder.h"
 #include "domen/PropertyType.h"
-#include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "classificator/TextFile.h"
+#include "base/Text.h"
 #include "domen/DomenStore.h"
 #include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
-#include "editor/Text.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

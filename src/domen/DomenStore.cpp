@@ -1,11 +1,11 @@
 #include "domen/DomenStore.h"
 
-#include "classificator/TextFile.h"
+#include "base/PathParts.h"
+#include "base/Status.h"
+#include "base/Text.h"
 #include "domen/DomenSection.h"
 #include "domen/FieldAdder.h"
-#include "editor/PathParts.h"
-#include "editor/Status.h"
-#include "editor/Text.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

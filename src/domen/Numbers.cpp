@@ -7,7 +7,7 @@
 #include <iterator>
 #include <system_error>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "base/Text.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
-#include "editor/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Properties {
 

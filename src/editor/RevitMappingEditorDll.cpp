@@ -9,13 +9,13 @@
 #include <string>
 #include <utility>
 
-#include "classificator/TextFile.h"
-#include "editor/Buffers.h"
-#include "editor/Checked.h"
-#include "editor/Files.h"
-#include "editor/Status.h"
+#include "base/Buffers.h"
+#include "base/Checked.h"
+#include "base/Files.h"
+#include "base/Status.h"
 #include "mapping/CodeLookup.h"
 #include "mapping/CodeParams.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -145,7 +145,7 @@ void RevitMappingEditorDll::GetColor(const wchar_t* text, int& number, int& chan
 }
 
 int RevitMappingEditorDll::GetClaccificatorCodeId(const wchar_t* text) {
-  return FindCodeId(classificators[Index(activeClassificator)], text);
+  return FindCodeId(classificators[Index(activeClassificator)].mapTextSection, text);
 }
 
 const wchar_t* RevitMappingEditorDll::GetClaccificatorCode(int codeId) {
@@ -159,10 +159,11 @@ const wchar_t* RevitMappingEditorDll::GetDefaultClaccificatorCode() {
 const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sourceKind,
                                                     const wchar_t* nameSuffix) {
   const Classificator& classificator = classificators[Index(activeClassificator)];
-  const int codeId = FindCodeId(classificator, text);
-  const std::wstring_view code = CodeOf(classificator.mapTextSection, codeId);
+  const CodeSections sections = SectionsOf(classificator);
+  const int codeId = FindCodeId(sections.mapText, text);
+  const std::wstring_view code = CodeOf(sections.mapText, codeId);
   CodeItems composed;
-  const CodeItems& items = FindCodeItems(classificator, domenStore, codeId, sourceKind, composed);
+  const CodeItems& items = FindCodeItems(sections, domenStore, codeId, sourceKind, composed);
   return NewJoined([&](const auto& put) {
     put(startMark);
     put(classificator.paramName);
@@ -177,8 +178,8 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
 const wchar_t* RevitMappingEditorDll::GetClaccificatorCodeParams(int codeId, int sourceKind,
                                                                  const wchar_t* nameSuffix) {
   CodeItems composed;
-  const CodeItems& items = FindCodeItems(classificators[Index(activeClassificator)], domenStore,
-                                         codeId, sourceKind, composed);
+  const CodeItems& items = FindCodeItems(SectionsOf(classificators[Index(activeClassificator)]),
+                                         domenStore, codeId, sourceKind, composed);
   return NewJoined([&](const auto& put) { items.GiveTo(put, nameSuffix); });
 }
 

@@ -11,12 +11,12 @@
 #include <utility>
 #include <vector>
 
+#include "base/PathParts.h"
+#include "base/Status.h"
 #include "domen/DomenStore.h"
 #include "domen/FieldAdder.h"
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
-#include "editor/PathParts.h"
-#include "editor/Status.h"
 #include "json/DomenSchema.h"
 #include "json/StringArrayParam.h"
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "editor/Buffers.h"
+#include "base/Buffers.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

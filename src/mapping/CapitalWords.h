@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 #include "mapping/UpperTable.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {

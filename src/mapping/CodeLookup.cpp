@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "classificator/Classificator.h"
-#include "editor/Checked.h"
+#include "base/Checked.h"
 #include "mapping/CapitalWords.h"
 #include "mapping/CodeIndex.h"
 
@@ -52,8 +51,8 @@ bool Matches(const MapTextRecord& record, std::wstring_view text, const UpperTab
   }
 }
 
-int FindCodeId(const Classificator& classificator, std::wstring_view text) {
-  const MapTextRecords& records = classificator.mapTextSection.records;
+int FindCodeId(const MapTextSection& section, std::wstring_view text) {
+  const MapTextRecords& records = section.records;
   if (records.empty()) return noCodeId;
   if (const auto found = FindByIndex(records, text)) return *found;
   const UpperTable upper;

@@ -8,7 +8,6 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-struct Classificator;
 class UpperTable;
 
 // The code id of the texts that match no record, for which the default code applies.
@@ -22,8 +21,8 @@ bool Matches(const MapTextRecord& record, std::wstring_view text);
 // The same, with the capitals of a locale.
 bool Matches(const MapTextRecord& record, std::wstring_view text, const UpperTable& upper);
 
-// Returns the position of the first record of the ==MAPTEXT section that matches, or `noCodeId`.
-int FindCodeId(const Classificator& classificator, std::wstring_view text);
+// Returns the position of the first record of the section that matches, or `noCodeId`.
+int FindCodeId(const MapTextSection& section, std::wstring_view text);
 
 // Returns the code of the record at this position, or the default code for `noCodeId`. Any other
 // position raises `out_of_range`, "invalid vector subscript".

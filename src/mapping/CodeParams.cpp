@@ -4,11 +4,12 @@
 #include <cstddef>
 #include <stdexcept>
 
-#include "classificator/Classificator.h"
+#include "base/Checked.h"
+#include "base/Text.h"
 #include "domen/DomenStore.h"
-#include "editor/Checked.h"
-#include "editor/Text.h"
 #include "mapping/CodeLookup.h"
+#include "mapping/MapTextSection.h"
+#include "mapping/ParamSection.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -16,14 +17,14 @@ namespace {
 
 using Properties::PropertyParameter;
 
-std::vector<ParamItemList> GetCodeItemLists(const Classificator& classificator, int codeId,
+std::vector<ParamItemList> GetCodeItemLists(const CodeSections& sections, int codeId,
                                             int sourceKind) {
-  const MapTextSection& mapText = classificator.mapTextSection;
+  const MapTextSection& mapText = sections.mapText;
   if (sourceKind == sourceMapText && codeId != noCodeId) {
     return ReadItemLists(CheckedAt(mapText.records, codeId));
   }
   if (sourceKind == sourceParam) {
-    return FindItemLists(classificator.paramSection, CodeOf(mapText, codeId));
+    return FindItemLists(sections.param, CodeOf(mapText, codeId));
   }
   return {};
 }
@@ -108,28 +109,28 @@ void AppendItem(CodeItems& items, const ParamItem& item, const DomenProperties& 
 
 }  // namespace
 
-std::vector<std::wstring> GetCodeDomenIds(const Classificator& classificator, int sourceKind) {
-  if (sourceKind == sourceMapText) return classificator.mapTextSection.domenIds;
-  if (sourceKind == sourceParam) return classificator.paramSection.domenIds;
+std::vector<std::wstring> GetCodeDomenIds(const CodeSections& sections, int sourceKind) {
+  if (sourceKind == sourceMapText) return sections.mapText.domenIds;
+  if (sourceKind == sourceParam) return sections.param.domenIds;
   return {};
 }
 
-std::vector<std::wstring> GetCodePropertyIds(const Classificator& classificator, int codeId,
+std::vector<std::wstring> GetCodePropertyIds(const CodeSections& sections, int codeId,
                                              int sourceKind) {
-  const MapTextSection& mapText = classificator.mapTextSection;
+  const MapTextSection& mapText = sections.mapText;
   if (sourceKind == sourceMapText) {
     if (codeId < 0 || static_cast<std::size_t>(codeId) >= mapText.records.size()) return {};
     return SortedPropertyIds(ReadItemLists(mapText.records[static_cast<std::size_t>(codeId)]));
   }
   if (sourceKind == sourceParam) {
-    return GetPropertyIds(classificator.paramSection, CodeOf(mapText, codeId));
+    return GetPropertyIds(sections.param, CodeOf(mapText, codeId));
   }
   return {};
 }
 
-CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int sourceKind,
+CodeItems ComposeCodeItems(const CodeSections& sections, int codeId, int sourceKind,
                            const DomenProperties& properties) {
-  const std::vector<ParamItemList> itemLists = GetCodeItemLists(classificator, codeId, sourceKind);
+  const std::vector<ParamItemList> itemLists = GetCodeItemLists(sections, codeId, sourceKind);
   CodeItems composed;
   if (properties.empty()) return composed;
   for (const ParamItemList& items : itemLists) {
@@ -146,28 +147,28 @@ CodeItems ComposeCodeItems(const Classificator& classificator, int codeId, int s
   return composed;
 }
 
-const CodeItems& FindCodeItems(const Classificator& classificator, const DomenStore& store,
-                               int codeId, int sourceKind, CodeItems& composed) {
-  const MapTextSection& section = classificator.mapTextSection;
+const CodeItems& FindCodeItems(const CodeSections& sections, const DomenStore& store, int codeId,
+                               int sourceKind, CodeItems& composed) {
+  const MapTextSection& section = sections.mapText;
   RememberedItems& remembered = section.records.Items();
   const bool keeps = sourceKind == sourceMapText && codeId != noCodeId;
   if (keeps) {
     if (const auto* found = remembered.Find(codeId, store, section.domenIds)) return *found;
   }
-  composed = ComposeCodeItems(
-      classificator, codeId, sourceKind,
-      store.CollectProperties(GetCodeDomenIds(classificator, sourceKind),
-                              GetCodePropertyIds(classificator, codeId, sourceKind)));
+  composed =
+      ComposeCodeItems(sections, codeId, sourceKind,
+                       store.CollectProperties(GetCodeDomenIds(sections, sourceKind),
+                                               GetCodePropertyIds(sections, codeId, sourceKind)));
   if (keeps && composed.complete) {
     if (const auto* kept = remembered.Keep(codeId, store, section.domenIds, composed)) return *kept;
   }
   return composed;
 }
 
-std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
+std::wstring ComposeCodeParams(const CodeSections& sections, int codeId, int sourceKind,
                                std::wstring_view nameSuffix, const DomenProperties& properties) {
   std::wstring text;
-  ComposeCodeItems(classificator, codeId, sourceKind, properties)
+  ComposeCodeItems(sections, codeId, sourceKind, properties)
       .GiveTo([&text](std::wstring_view piece) { text += piece; }, nameSuffix);
   return text;
 }

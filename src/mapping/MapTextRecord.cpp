@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "classificator/TextFile.h"
-#include "editor/Text.h"
+#include "base/Text.h"
 #include "mapping/CapitalWords.h"
 #include "mapping/ParamSection.h"
 #include "mapping/UpperTable.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

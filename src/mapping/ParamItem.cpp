@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <utility>
 
-#include "classificator/TextFile.h"
-#include "editor/Text.h"
+#include "base/Text.h"
+#include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 

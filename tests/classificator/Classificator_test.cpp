@@ -498,9 +498,9 @@ TEST(Load, KeepsThePatternsAheadOfAnExceptionInTheOrderOfTheFile) {
   EXPECT_EQ(loaded.status, 3);
   EXPECT_EQ(loaded.Patterns(), (Texts{L"basic wall", L"wall"}));
   EXPECT_EQ(loaded.record.mapTextSection.records[1].code, L"A");
-  EXPECT_EQ(FindCodeId(loaded.record, L"Basic walls"), 0);
-  EXPECT_EQ(FindCodeId(loaded.record, L"Walls"), 1);
-  EXPECT_EQ(FindCodeId(loaded.record, L"Roof"), -1);
+  EXPECT_EQ(FindCodeId(loaded.record.mapTextSection, L"Basic walls"), 0);
+  EXPECT_EQ(FindCodeId(loaded.record.mapTextSection, L"Walls"), 1);
+  EXPECT_EQ(FindCodeId(loaded.record.mapTextSection, L"Roof"), -1);
 }
 
 }  // namespace

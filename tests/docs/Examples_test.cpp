@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "RevitMappingEditorDll.h"
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/Documents.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
-#include "editor/Files.h"
+#include "base/Files.h"
 #include "support/DomenRows.h"
 #include "support/FailingCalls.h"
 #include "support/Program.h"

@@ -27,8 +27,8 @@
 #include <utility>
 #include <vector>
 
-#include "Json5Record.h"
 #include "RevitMappingEditorDll.h"
+#include "json5/Json5Record.h"
 #include "mapping/CodeParams.h"
 #include "mapping/RememberedItems.h"
 #include "support/Classificators.h"

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "fuzz/Answers.h"
 #include "fuzz/Check.h"
 #include "fuzz/Describe.h"

@@ -13,7 +13,7 @@
 
 #include "CfgParser.h"
 #include "JSON5Section.h"
-#include "editor/Buffers.h"
+#include "base/Buffers.h"
 #include "fuzz/Check.h"
 #include "fuzz/Input.h"
 #include "naive/Json5.h"

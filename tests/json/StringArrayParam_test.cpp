@@ -5,7 +5,6 @@
 
 #include <CfgParser.h>
 #include <JSON5Section.h>
-#include <Json5Record.h>
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -15,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "json5/Json5Record.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"
 

@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "classificator/Classificator.h"
 #include "support/GlobalLocale.h"
 #include "support/LoadedScheme.h"
 #include "support/MapTextByHand.h"
@@ -24,25 +23,25 @@ using namespace std::string_literals;
 
 using Texts = std::vector<std::wstring>;
 
-// A classificator whose section was read from this text.
-Classificator Read(std::wstring_view text) {
-  Classificator classificator(L"S");
-  ParseMapTextSection(classificator.mapTextSection, text);
-  return classificator;
+// A section that was read from this text.
+MapTextSection Read(std::wstring_view text) {
+  MapTextSection section;
+  ParseMapTextSection(section, text);
+  return section;
 }
 
-// A classificator whose records were put together by hand, in this order.
-Classificator WithRecords(const std::vector<Texts>& records) {
-  Classificator classificator(L"S");
+// A section whose records were put together by hand, in this order.
+MapTextSection WithRecords(const std::vector<Texts>& records) {
+  MapTextSection section;
   std::vector<MapTextRecord> filled;
   for (const Texts& tokens : records) filled.push_back(RecordOf(tokens));
-  classificator.mapTextSection.records.Swap(filled);
-  return classificator;
+  section.records.Swap(filled);
+  return section;
 }
 
-int FirstMatch(const Classificator& classificator, std::wstring_view text) {
+int FirstMatch(const MapTextSection& section, std::wstring_view text) {
   int position = 0;
-  for (const MapTextRecord& record : classificator.mapTextSection.records) {
+  for (const MapTextRecord& record : section.records) {
     if (Matches(record, text)) return position;
     ++position;
   }
@@ -276,131 +275,130 @@ TEST(Matches, ComparesNulsLikeAnyUnit) {
 }
 
 TEST(FindCodeId, GivesTheFirstRecordThatMatchesInWhateverOrderTheyStand) {
-  const Classificator classificator =
+  const MapTextSection section =
       WithRecords({{L"BASIC", L"WALL", L"X"}, {L"wall"}, {L"BASIC", L"WALL"}, {L"BASIC"}, {L"W"}});
-  EXPECT_EQ(FindCodeId(classificator, L"basic wall x"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"basic wall"), 2);
-  EXPECT_EQ(FindCodeId(classificator, L"basic"), 3);
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
-  EXPECT_EQ(FindCodeId(classificator, L"window"), 4);
-  EXPECT_EQ(FindCodeId(classificator, L"roof"), -1);
+  EXPECT_EQ(FindCodeId(section, L"basic wall x"), 0);
+  EXPECT_EQ(FindCodeId(section, L"basic wall"), 2);
+  EXPECT_EQ(FindCodeId(section, L"basic"), 3);
+  EXPECT_EQ(FindCodeId(section, L"wall"), 1);
+  EXPECT_EQ(FindCodeId(section, L"window"), 4);
+  EXPECT_EQ(FindCodeId(section, L"roof"), -1);
 }
 
 TEST(FindCodeId, StopsAtARecordWithoutTokens) {
-  const Classificator classificator = WithRecords({{L"WALL"}, {}, {L"ROOF"}});
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"roof"), 1);
-  EXPECT_EQ(FindCodeId(classificator, L""), 1);
+  const MapTextSection section = WithRecords({{L"WALL"}, {}, {L"ROOF"}});
+  EXPECT_EQ(FindCodeId(section, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(section, L"roof"), 1);
+  EXPECT_EQ(FindCodeId(section, L""), 1);
 }
 
 TEST(FindCodeId, StopsAtARecordOfEmptyTokensOnceTheTextHasWordsEnough) {
-  const Classificator classificator = WithRecords({{L"", L""}, {L"ROOF"}, {L""}});
-  EXPECT_EQ(FindCodeId(classificator, L"roof 1"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"roof"), 1);
-  EXPECT_EQ(FindCodeId(classificator, L""), 2);
+  const MapTextSection section = WithRecords({{L"", L""}, {L"ROOF"}, {L""}});
+  EXPECT_EQ(FindCodeId(section, L"roof 1"), 0);
+  EXPECT_EQ(FindCodeId(section, L"roof"), 1);
+  EXPECT_EQ(FindCodeId(section, L""), 2);
 }
 
 TEST(FindCodeId, FindsNothingWithoutRecords) {
-  EXPECT_EQ(FindCodeId(Classificator(L"S"), L"wall"), noCodeId);
-  EXPECT_EQ(FindCodeId(Classificator(L"S"), L""), noCodeId);
+  EXPECT_EQ(FindCodeId(MapTextSection(), L"wall"), noCodeId);
+  EXPECT_EQ(FindCodeId(MapTextSection(), L""), noCodeId);
 }
 
 TEST(FindCodeId, LooksAtTheTokensAndNotAtThePatternsText) {
-  Classificator classificator = Read(L"wall");
-  EditRecords(classificator.mapTextSection, [](auto& records) { records[0].text = L"roof"; });
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"roof"), -1);
+  MapTextSection section = Read(L"wall");
+  EditRecords(section, [](auto& records) { records[0].text = L"roof"; });
+  EXPECT_EQ(FindCodeId(section, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(section, L"roof"), -1);
 }
 
 TEST(FindCodeId, FollowsRecordsThatChangeAfterTheReading) {
-  Classificator classificator = Read(L"door\nwall\nroof\nbasic wall");
-  MapTextSection& section = classificator.mapTextSection;
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
+  MapTextSection section = Read(L"door\nwall\nroof\nbasic wall");
+  EXPECT_EQ(FindCodeId(section, L"wall"), 1);
   EditRecords(section, [](auto& records) { records.erase(records.begin()); });
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"door"), -1);
+  EXPECT_EQ(FindCodeId(section, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(section, L"door"), -1);
   EditRecords(section, [](auto& records) { std::swap(records[0], records[2]); });
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 2);
+  EXPECT_EQ(FindCodeId(section, L"wall"), 2);
   EditRecords(section, [](auto& records) { records[1].tokens = L"WA"; });
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
+  EXPECT_EQ(FindCodeId(section, L"wall"), 1);
   EditRecords(section, [](auto& records) { records[1].tokens = L"BA"; });
-  EXPECT_EQ(FindCodeId(classificator, L"bark"), 1);
+  EXPECT_EQ(FindCodeId(section, L"bark"), 1);
   EditRecords(section, [](auto& records) { records.push_back(RecordOf({L"WINDOW"})); });
-  EXPECT_EQ(FindCodeId(classificator, L"window"), 3);
+  EXPECT_EQ(FindCodeId(section, L"window"), 3);
   EditRecords(section, [](auto& records) { records.clear(); });
-  EXPECT_EQ(FindCodeId(classificator, L"window"), -1);
+  EXPECT_EQ(FindCodeId(section, L"window"), -1);
 }
 
 // What stands in an index is compared with the text of records that nothing can change behind it.
 TEST(FindCodeId, FollowsRecordsThatAreAssigned) {
-  Classificator classificator = Read(L"door\nwall");
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 1);
-  classificator.mapTextSection.records = Read(L"wall\ndoor").mapTextSection.records;
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
-  classificator.mapTextSection.records = {};
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), -1);
+  MapTextSection section = Read(L"door\nwall");
+  EXPECT_EQ(FindCodeId(section, L"wall"), 1);
+  section.records = Read(L"wall\ndoor").records;
+  EXPECT_EQ(FindCodeId(section, L"wall"), 0);
+  section.records = {};
+  EXPECT_EQ(FindCodeId(section, L"wall"), -1);
 }
 
 TEST(FindCodeId, FollowsASectionThatIsReadAgain) {
-  Classificator classificator = Read(L"door\nwall");
-  ParseMapTextSection(classificator.mapTextSection, L"wall");
-  EXPECT_EQ(FindCodeId(classificator, L"wall"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"door"), -1);
+  MapTextSection section = Read(L"door\nwall");
+  ParseMapTextSection(section, L"wall");
+  EXPECT_EQ(FindCodeId(section, L"wall"), 0);
+  EXPECT_EQ(FindCodeId(section, L"door"), -1);
 }
 
 TEST(FindCodeId, AnswersAlikeInACopyWhateverBecomesOfItsSource) {
-  Classificator source = Read(L"door\nwall");
-  Classificator copy = source;
-  source.mapTextSection = Read(L"roof").mapTextSection;
+  MapTextSection source = Read(L"door\nwall");
+  MapTextSection copy = source;
+  source = Read(L"roof");
   EXPECT_EQ(FindCodeId(copy, L"wall"), 1);
   EXPECT_EQ(FindCodeId(copy, L"roof"), -1);
   EXPECT_EQ(FindCodeId(source, L"roof"), 0);
   EXPECT_EQ(FindCodeId(source, L"wall"), -1);
-  EditRecords(copy.mapTextSection, [](auto& records) { records[0].tokens = L"ROOF"; });
+  EditRecords(copy, [](auto& records) { records[0].tokens = L"ROOF"; });
   EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
   copy = source;
   EXPECT_EQ(FindCodeId(copy, L"roof"), 0);
   EXPECT_EQ(FindCodeId(copy, L"wall"), -1);
-  const Classificator moved = std::move(copy);
+  const MapTextSection moved = std::move(copy);
   EXPECT_EQ(FindCodeId(moved, L"roof"), 0);
 }
 
 TEST(FindCodeId, FoldsPatternAndTextByTheLocaleOfTheLookup) {
-  Classificator classificator(L"S");
+  MapTextSection section;
   {
     const GlobalLocale latin(UpperOfLatin);
-    classificator = Read(L"стена");
-    EXPECT_EQ(FindCodeId(classificator, L"стена"), 0);
-    EXPECT_EQ(FindCodeId(classificator, L"Стена"), -1);
+    section = Read(L"стена");
+    EXPECT_EQ(FindCodeId(section, L"стена"), 0);
+    EXPECT_EQ(FindCodeId(section, L"Стена"), -1);
   }
   const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
-  EXPECT_EQ(FindCodeId(classificator, L"Стена"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"СТЕНА 2"), 0);
+  EXPECT_EQ(FindCodeId(section, L"Стена"), 0);
+  EXPECT_EQ(FindCodeId(section, L"СТЕНА 2"), 0);
 }
 
 TEST(FindCodeId, KeepsTheCapitalsThatAPatternGotWhenItWasRead) {
-  Classificator classificator(L"S");
+  MapTextSection section;
   {
     const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
-    classificator = Read(L"стена");
-    EXPECT_EQ(FindCodeId(classificator, L"стена"), 0);
+    section = Read(L"стена");
+    EXPECT_EQ(FindCodeId(section, L"стена"), 0);
   }
   const GlobalLocale latin(UpperOfLatin);
-  EXPECT_EQ(FindCodeId(classificator, L"стена"), -1);
-  EXPECT_EQ(FindCodeId(classificator, L"СТЕНА"), 0);
+  EXPECT_EQ(FindCodeId(section, L"стена"), -1);
+  EXPECT_EQ(FindCodeId(section, L"СТЕНА"), 0);
 }
 
 TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
-  Classificator classificator(L"S");
+  MapTextSection section;
   {
     const GlobalLocale latin(UpperOfLatin);
-    classificator = Read(L"дверь\nДверь\nДВЕРЬ");
-    EXPECT_EQ(FindCodeId(classificator, L"ДВЕРЬ"), 2);
-    EXPECT_EQ(FindCodeId(classificator, L"Дверь"), 1);
+    section = Read(L"дверь\nДверь\nДВЕРЬ");
+    EXPECT_EQ(FindCodeId(section, L"ДВЕРЬ"), 2);
+    EXPECT_EQ(FindCodeId(section, L"Дверь"), 1);
   }
   const GlobalLocale cyrillic(UpperOfLatinAndCyrillic);
-  EXPECT_EQ(FindCodeId(classificator, L"ДВЕРЬ"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"Дверь"), 0);
+  EXPECT_EQ(FindCodeId(section, L"ДВЕРЬ"), 0);
+  EXPECT_EQ(FindCodeId(section, L"Дверь"), 0);
 }
 
 TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
@@ -424,7 +422,7 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
     return unit >= L'a' && unit < L'z' ? static_cast<wchar_t>(unit + 1) : unit;
   });
   EXPECT_EQ(FindCodeId(Read(L"abc"), L"abc"), 0);
-  EXPECT_TRUE(Matches(Read(L"abc").mapTextSection.records[0], L"abcd"));
+  EXPECT_TRUE(Matches(Read(L"abc").records[0], L"abcd"));
   EXPECT_EQ(FindCodeId(Read(L"abc"), L"bcd"), -1);
 }
 
@@ -432,14 +430,14 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePatternInScriptsThatAreRare) {
   const GlobalLocale locale([](wchar_t unit) {
     return unit >= 0x4E00 && unit < 0x4E0F ? static_cast<wchar_t>(unit + 1) : unit;
   });
-  const Classificator classificator = Read(L"\x4E00\x4E01\x4E02");
-  EXPECT_EQ(FindCodeId(classificator, L"\x4E00\x4E01\x4E02\x4E03"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"\x4E01\x4E02\x4E03"), -1);
+  const MapTextSection section = Read(L"\x4E00\x4E01\x4E02");
+  EXPECT_EQ(FindCodeId(section, L"\x4E00\x4E01\x4E02\x4E03"), 0);
+  EXPECT_EQ(FindCodeId(section, L"\x4E01\x4E02\x4E03"), -1);
 }
 
 // A pattern that was read when its units were no white space, and no blanks either.
 TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
-  const Classificator classificator = Read(L"ax\na_b\na*b\nc\nq ax");
+  const MapTextSection section = Read(L"ax\na_b\na*b\nc\nq ax");
   const UpperFunction uppers[] = {
       [](wchar_t unit) { return unit == L'X' ? L'\t' : UpperOfLatin(unit); },
       [](wchar_t unit) { return unit == L'X' ? L' ' : UpperOfLatin(unit); },
@@ -452,7 +450,7 @@ TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
     for (const wchar_t* text :
          {L"ax", L"aX", L"aXX", L"axx", L"aX b", L"ax b", L"aXb", L"a_b", L"a b", L"a*b", L"a",
           L"a ", L"aX ", L"a__b", L"X c", L"Xc", L"q aX", L"q ax", L"q aX b"}) {
-      EXPECT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text)) << text;
+      EXPECT_EQ(FindCodeId(section, text), FirstMatch(section, text)) << text;
     }
   }
 }
@@ -475,15 +473,15 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
   };
   const GlobalLocale locale(UpperOfLatinAndCyrillic);
   for (int round = 0; round < 20; ++round) {
-    Classificator classificator(L"S");
+    MapTextSection section;
     std::wstring lines;
     for (int line = 0; line < 40; ++line) lines += word(3) + L" " + word(3) + L" x\n";
-    ParseMapTextSection(classificator.mapTextSection, lines);
+    ParseMapTextSection(section, lines);
     if (round % 2 == 1) {
       for (int added = 0; added < 20; ++added) {
         Texts tokens(below(100) == 0 ? 0 : 1 + below(3));
         for (std::wstring& token : tokens) token = word(2);
-        EditRecords(classificator.mapTextSection, [&](auto& records) {
+        EditRecords(section, [&](auto& records) {
           records.insert(records.begin() + below(static_cast<unsigned>(records.size()) + 1),
                          RecordOf(tokens));
         });
@@ -491,7 +489,7 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
     }
     for (int query = 0; query < 100; ++query) {
       const std::wstring text = word(4) + L" " + word(4) + (below(2) ? L" X" : L"");
-      ASSERT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text))
+      ASSERT_EQ(FindCodeId(section, text), FirstMatch(section, text))
           << "round " << round << ", " << text;
     }
   }
@@ -500,29 +498,29 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
 // Words of any number of beginnings, each of which goes on in as many ways: more than are followed
 // at once.
 TEST(FindCodeId, FindsAMatchAmongHoweverManyBeginningsThatFit) {
-  std::wstring section = L"@C\n";
+  std::wstring text = L"@C\n";
   for (std::size_t i = 1; i <= 12; ++i) {
     for (std::size_t j = 1; j <= 12; ++j) {
       const std::wstring beginning = std::wstring(i, L'a') + L' ' + std::wstring(j, L'b');
-      section += beginning + L" c" + std::to_wstring(j) + L"\n" + beginning + L" e\n";
+      text += beginning + L" c" + std::to_wstring(j) + L"\n" + beginning + L" e\n";
     }
   }
-  const Classificator classificator = Read(section);
+  const MapTextSection section = Read(text);
   const std::wstring words = std::wstring(12, L'A') + L' ' + std::wstring(12, L'B');
-  EXPECT_EQ(FindCodeId(classificator, words + L" C7"), 12);
-  EXPECT_EQ(FindCodeId(classificator, words + L" C12"), 0);  // by its "c1"
-  EXPECT_EQ(FindCodeId(classificator, words + L" E"), 1);
-  EXPECT_EQ(FindCodeId(classificator, words + L" D"), -1);
-  EXPECT_EQ(FindCodeId(classificator, words), -1);
+  EXPECT_EQ(FindCodeId(section, words + L" C7"), 12);
+  EXPECT_EQ(FindCodeId(section, words + L" C12"), 0);  // by its "c1"
+  EXPECT_EQ(FindCodeId(section, words + L" E"), 1);
+  EXPECT_EQ(FindCodeId(section, words + L" D"), -1);
+  EXPECT_EQ(FindCodeId(section, words), -1);
 }
 
 TEST(FindCodeId, NeverReachesAPatternThatBeginsWithAnEarlierOne) {
-  const Classificator classificator =
+  const MapTextSection section =
       Read(L"@C\nwall outer left\nwall outer\nwall outer right\nwall inner 1\nwall inner 1\n");
-  EXPECT_EQ(FindCodeId(classificator, L"wall outer left"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"wall outer right"), 0);
-  EXPECT_EQ(FindCodeId(classificator, L"wall inner 1"), 3);
-  EXPECT_EQ(FindCodeId(classificator, L"wall inner"), -1);
+  EXPECT_EQ(FindCodeId(section, L"wall outer left"), 0);
+  EXPECT_EQ(FindCodeId(section, L"wall outer right"), 0);
+  EXPECT_EQ(FindCodeId(section, L"wall inner 1"), 3);
+  EXPECT_EQ(FindCodeId(section, L"wall inner"), -1);
 }
 
 // The texts of a word's units, which have no case, are these plus `times` these differences.
@@ -542,17 +540,16 @@ TEST(FindCodeId, TellsWordsOfOneHashApart) {
     return WordOf({5, -15, -18, -19, 24, -21, -4, 42, -41, 7}, times);
   };
   for (const int count : {2, 32, 33, 40}) {
-    std::wstring section = L"@C\n";
-    for (int i = 0; i < count; ++i) section += word(i) + L"\n";
-    for (int i = 0; i < count; ++i)
-      section += word(count + i) + L" a\n" + word(count + i) + L" b\n";
-    const Classificator classificator = Read(section);
+    std::wstring text = L"@C\n";
+    for (int i = 0; i < count; ++i) text += word(i) + L"\n";
+    for (int i = 0; i < count; ++i) text += word(count + i) + L" a\n" + word(count + i) + L" b\n";
+    const MapTextSection section = Read(text);
     for (int i = 0; i < count; ++i) {
-      EXPECT_EQ(FindCodeId(classificator, word(i) + L" b"), i) << count;
-      EXPECT_EQ(FindCodeId(classificator, word(count + i) + L" b"), count + 2 * i + 1) << count;
+      EXPECT_EQ(FindCodeId(section, word(i) + L" b"), i) << count;
+      EXPECT_EQ(FindCodeId(section, word(count + i) + L" b"), count + 2 * i + 1) << count;
     }
-    EXPECT_EQ(FindCodeId(classificator, word(2 * count)), -1) << count;
-    EXPECT_EQ(FindCodeId(classificator, word(2 * count) + L" a"), -1) << count;
+    EXPECT_EQ(FindCodeId(section, word(2 * count)), -1) << count;
+    EXPECT_EQ(FindCodeId(section, word(2 * count) + L" a"), -1) << count;
   }
 }
 
@@ -570,13 +567,13 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
       {p, L"p x", q + L" a", L"q x a", q + L" b"},
   };
   for (const Texts& lines : sections) {
-    std::wstring section = L"@C\n";
-    for (const std::wstring& line : lines) section += line + L"\n";
-    const Classificator classificator = Read(section);
+    std::wstring patterns = L"@C\n";
+    for (const std::wstring& line : lines) patterns += line + L"\n";
+    const MapTextSection section = Read(patterns);
     for (const wchar_t* end : {L"", L" a", L" b", L" c", L" d"}) {
       for (const std::wstring& beginning : {p, q}) {
         const std::wstring text = beginning + end;
-        EXPECT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text)) << text;
+        EXPECT_EQ(FindCodeId(section, text), FirstMatch(section, text)) << text;
       }
     }
   }
@@ -592,13 +589,13 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
       {two + L" x", two + L" y", one + L" x"},
   };
   for (const Texts& lines : sections) {
-    std::wstring section = L"@C\n";
-    for (const std::wstring& line : lines) section += line + L"\n";
-    const Classificator classificator = Read(section);
+    std::wstring patterns = L"@C\n";
+    for (const std::wstring& line : lines) patterns += line + L"\n";
+    const MapTextSection section = Read(patterns);
     for (const wchar_t* end : {L"", L" x", L" x y", L" x z", L" y", L" z"}) {
       for (const std::wstring& beginning : {one, two}) {
         const std::wstring text = beginning + end;
-        EXPECT_EQ(FindCodeId(classificator, text), FirstMatch(classificator, text)) << text;
+        EXPECT_EQ(FindCodeId(section, text), FirstMatch(section, text)) << text;
       }
     }
   }
@@ -609,14 +606,14 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
 TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
   for (const std::size_t length : {30, 31, 32, 33, 64}) {
     const std::wstring start(length, L'x');
-    const Classificator classificator =
+    const MapTextSection section =
         Read(L"@C\n" + start + L"y\n" + start + L"z\n" + start + L"zz 1\nx" + start + L"x 2\n");
-    EXPECT_EQ(FindCodeId(classificator, start + L"y"), 0) << length;
-    EXPECT_EQ(FindCodeId(classificator, start + L"z"), 1) << length;
-    EXPECT_EQ(FindCodeId(classificator, start + L"zz 1"), 1) << length;
-    EXPECT_EQ(FindCodeId(classificator, start + L"xx 2"), 3) << length;
-    EXPECT_EQ(FindCodeId(classificator, start), -1) << length;
-    EXPECT_EQ(FindCodeId(classificator, start + L"a"), -1) << length;
+    EXPECT_EQ(FindCodeId(section, start + L"y"), 0) << length;
+    EXPECT_EQ(FindCodeId(section, start + L"z"), 1) << length;
+    EXPECT_EQ(FindCodeId(section, start + L"zz 1"), 1) << length;
+    EXPECT_EQ(FindCodeId(section, start + L"xx 2"), 3) << length;
+    EXPECT_EQ(FindCodeId(section, start), -1) << length;
+    EXPECT_EQ(FindCodeId(section, start + L"a"), -1) << length;
   }
 }
 
@@ -636,10 +633,10 @@ TEST(FindCodeId, TakesATextOfAMillionWords) {
 TEST(FindCodeId, TakesAPatternOfAHundredThousandWords) {
   std::wstring pattern;
   for (int i = 0; i < 100'000; ++i) pattern += L"w ";
-  const Classificator classificator = Read(pattern);
-  EXPECT_EQ(FindCodeId(classificator, pattern), 0);
-  EXPECT_EQ(FindCodeId(classificator, pattern + L"w"), 0);
-  EXPECT_EQ(FindCodeId(classificator, pattern.substr(2)), -1);
+  const MapTextSection section = Read(pattern);
+  EXPECT_EQ(FindCodeId(section, pattern), 0);
+  EXPECT_EQ(FindCodeId(section, pattern + L"w"), 0);
+  EXPECT_EQ(FindCodeId(section, pattern.substr(2)), -1);
 }
 
 TEST(CodeOf, GivesTheCodeOfARecordOrTheDefaultCode) {

@@ -83,7 +83,8 @@ Classificator WithBothSections() {
 
 // What P prints once this value text has filled its fields.
 std::wstring Filled(const std::wstring& valueText, const DomenProperties& properties) {
-  return ComposeCodeParams(WithItems({{{valueText, L"P"}}}), 0, sourceParam, L"=", properties);
+  return ComposeCodeParams(SectionsOf(WithItems({{{valueText, L"P"}}})), 0, sourceParam, L"=",
+                           properties);
 }
 
 struct Case {
@@ -99,53 +100,58 @@ void ExpectFilled(const DomenProperties& properties, const std::vector<Case>& ca
 
 TEST(GetCodeDomenIds, GivesTheListOfTheSectionThatTheSourceNames) {
   const Classificator classificator = WithBothSections();
-  EXPECT_EQ(GetCodeDomenIds(classificator, sourceMapText), (Texts{L"D2", L"D1", L"D2"}));
-  EXPECT_EQ(GetCodeDomenIds(classificator, sourceParam), (Texts{L"D3"}));
+  EXPECT_EQ(GetCodeDomenIds(SectionsOf(classificator), sourceMapText),
+            (Texts{L"D2", L"D1", L"D2"}));
+  EXPECT_EQ(GetCodeDomenIds(SectionsOf(classificator), sourceParam), (Texts{L"D3"}));
   for (const int source : sourcesOfNothing) {
-    EXPECT_TRUE(GetCodeDomenIds(classificator, source).empty()) << source;
+    EXPECT_TRUE(GetCodeDomenIds(SectionsOf(classificator), source).empty()) << source;
   }
 }
 
 TEST(GetCodeDomenIds, GivesNothingForParamAsAFileFillsIt) {
   Classificator classificator(L"S");
   ParseParamSection(classificator.paramSection, L"@@ (D1 D2)\nW10");
-  EXPECT_TRUE(GetCodeDomenIds(classificator, sourceParam).empty());
+  EXPECT_TRUE(GetCodeDomenIds(SectionsOf(classificator), sourceParam).empty());
 }
 
 TEST(GetCodePropertyIds, GivesTheIdsOfAllListsOfTheRecordSortedAndOnce) {
-  EXPECT_EQ(GetCodePropertyIds(WithBothSections(), 0, sourceMapText), (Texts{L"P", L"Q"}));
+  EXPECT_EQ(GetCodePropertyIds(SectionsOf(WithBothSections()), 0, sourceMapText),
+            (Texts{L"P", L"Q"}));
   const Classificator many = WithItems({{{L"", L"Ж"}, {L"", L"b"}, {L"", L"ab"}},
                                         {{L"", L"C"}, {L"", L"a"}, {L"", L"b"}, {L"", L""}}});
-  EXPECT_EQ(GetCodePropertyIds(many, 0, sourceParam), (Texts{L"", L"C", L"a", L"ab", L"b", L"Ж"}));
+  EXPECT_EQ(GetCodePropertyIds(SectionsOf(many), 0, sourceParam),
+            (Texts{L"", L"C", L"a", L"ab", L"b", L"Ж"}));
 }
 
 TEST(GetCodePropertyIds, GivesNothingOutOfMapTextForAnIdThatIsNoPosition) {
   const Classificator classificator = WithBothSections();
   for (const int codeId : {-1, 2, INT_MAX, -2, INT_MIN}) {
-    EXPECT_TRUE(GetCodePropertyIds(classificator, codeId, sourceMapText).empty()) << codeId;
+    EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), codeId, sourceMapText).empty())
+        << codeId;
   }
-  EXPECT_TRUE(GetCodePropertyIds(classificator, 1, sourceMapText).empty());
+  EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), 1, sourceMapText).empty());
 }
 
 TEST(GetCodePropertyIds, GivesTheIdsOfTheFirstParamRecordOfTheCode) {
   const Classificator classificator = WithBothSections();
-  EXPECT_EQ(GetCodePropertyIds(classificator, 0, sourceParam), (Texts{L"P", L"Q"}));
-  EXPECT_TRUE(GetCodePropertyIds(classificator, 1, sourceParam).empty());
+  EXPECT_EQ(GetCodePropertyIds(SectionsOf(classificator), 0, sourceParam), (Texts{L"P", L"Q"}));
+  EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), 1, sourceParam).empty());
 }
 
 TEST(GetCodePropertyIds, GivesTheParamRecordOfTheDefaultCodeForMinusOne) {
   Classificator classificator = WithBothSections();
-  EXPECT_EQ(GetCodePropertyIds(classificator, -1, sourceParam), (Texts{L"P", L"Q"}));
+  EXPECT_EQ(GetCodePropertyIds(SectionsOf(classificator), -1, sourceParam), (Texts{L"P", L"Q"}));
   classificator.mapTextSection.defaultCode = L"";
   classificator.paramSection.records[2].code = L"";
-  EXPECT_TRUE(GetCodePropertyIds(classificator, -1, sourceParam).empty());
+  EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), -1, sourceParam).empty());
 }
 
 TEST(GetCodePropertyIds, RaisesForAnIdThatChoosesNoCodeForParam) {
   const Classificator classificator = WithBothSections();
   for (const int codeId : {2, INT_MAX, -2, INT_MIN}) {
-    EXPECT_EQ(OutOfRangeOf([&] { GetCodePropertyIds(classificator, codeId, sourceParam); }),
-              badSubscript)
+    EXPECT_EQ(
+        OutOfRangeOf([&] { GetCodePropertyIds(SectionsOf(classificator), codeId, sourceParam); }),
+        badSubscript)
         << codeId;
   }
 }
@@ -154,7 +160,7 @@ TEST(GetCodePropertyIds, LooksAtNoIdForAnyOtherSource) {
   const Classificator classificator = WithBothSections();
   for (const int source : sourcesOfNothing) {
     for (const int codeId : {0, -1, 2, INT_MAX, INT_MIN}) {
-      EXPECT_TRUE(GetCodePropertyIds(classificator, codeId, source).empty()) << source;
+      EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), codeId, source).empty()) << source;
     }
   }
 }
@@ -162,14 +168,15 @@ TEST(GetCodePropertyIds, LooksAtNoIdForAnyOtherSource) {
 TEST(ComposeCodeParams, WritesTheItemsInTheOrderOfTheirLists) {
   const DomenProperties properties = PropertiesOf({{L"a", typeInt, L"0"}});
   const Classificator classificator = WithItems({{{L"1", L"Q"}, {L"2", L"P"}}, {}, {{L"3", L"Q"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", properties), L"Q= 1;P= 2;Q= 3;");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", properties),
+            L"Q= 1;P= 2;Q= 3;");
 }
 
 TEST(ComposeCodeParams, TakesTheItemsFromTheSectionThatTheSourceNames) {
   const Classificator classificator = WithBothSections();
   const DomenProperties properties = PropertiesOf({{L"a", typeInt, L"0"}});
   const auto compose = [&](int codeId, int source) {
-    return ComposeCodeParams(classificator, codeId, source, L"", properties);
+    return ComposeCodeParams(SectionsOf(classificator), codeId, source, L"", properties);
   };
   EXPECT_EQ(compose(0, sourceMapText), L"Q 1;P 2;Q 3;");
   EXPECT_EQ(compose(1, sourceMapText), L"");
@@ -184,12 +191,14 @@ TEST(ComposeCodeParams, RaisesForAnIdThatIsNeitherMinusOneNorAPosition) {
   const Classificator classificator = WithBothSections();
   for (const int codeId : {2, INT_MAX, -2, INT_MIN}) {
     for (const int source : {sourceMapText, sourceParam}) {
-      EXPECT_EQ(OutOfRangeOf([&] { ComposeCodeParams(classificator, codeId, source, L"", {}); }),
+      EXPECT_EQ(OutOfRangeOf(
+                    [&] { ComposeCodeParams(SectionsOf(classificator), codeId, source, L"", {}); }),
                 badSubscript)
           << codeId << ", " << source;
     }
     for (const int source : sourcesOfNothing) {
-      EXPECT_EQ(ComposeCodeParams(classificator, codeId, source, L"", {}), L"") << codeId;
+      EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), codeId, source, L"", {}), L"")
+          << codeId;
     }
   }
 }
@@ -197,14 +206,15 @@ TEST(ComposeCodeParams, RaisesForAnIdThatIsNeitherMinusOneNorAPosition) {
 TEST(ComposeCodeParams, FindsNoParamRecordForAnEmptyCode) {
   Classificator classificator(L"S");
   classificator.paramSection.records.push_back({L"", {{{L"1", L"P"}}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, -1, sourceParam, L"", ThreeFields()), L"");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), -1, sourceParam, L"", ThreeFields()), L"");
 }
 
 TEST(ComposeCodeParams, LeavesOutItemsWithoutAProperty) {
   const Classificator classificator =
       WithItems({{{L"1", L"R"}, {L"2", L"Q"}, {L"3", L"q"}, {L"4", L""}}, {{L"5", L"Q "}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()), L"Q= 2;");
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", {}), L"");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", ThreeFields()),
+            L"Q= 2;");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", {}), L"");
 }
 
 TEST(ComposeCodeParams, WritesThePropertyUnderTheIdOfTheItem) {
@@ -212,13 +222,14 @@ TEST(ComposeCodeParams, WritesThePropertyUnderTheIdOfTheItem) {
   properties.emplace(L"", PropertyOf({{L"a", typeInt, L"7"}}));
   properties.emplace(L"Марка", PropertyOf({{L"a", typeInt, L"8"}}));
   const Classificator classificator = WithItems({{{L"", L"Марка"}, {L"", L""}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L":", properties), L"Марка: 8;: 7;");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L":", properties),
+            L"Марка: 8;: 7;");
 }
 
 TEST(ComposeCodeParams, WritesTheSuffixAsItStands) {
   const Classificator classificator = WithItems({{{L"1", L"Q"}}});
   for (const std::wstring& suffix : {L""s, L"="s, L" = "s, L";"s, L"Имя"s, L"\0"s}) {
-    EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, suffix, ThreeFields()),
+    EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, suffix, ThreeFields()),
               L"Q" + suffix + L" 1;");
   }
 }
@@ -345,7 +356,7 @@ TEST(ComposeCodeParams, LooksAtNoWordBehindTheOneOfTheFieldsOwnName) {
 TEST(ComposeCodeParams, LosesToADroppedItemNoneOfItsNeighbours) {
   const Classificator classificator =
       WithItems({{{L"1", L"Q"}, {L"a=1 b", L"P"}, {L"2", L"Q"}}, {{L"b=2 a", L"P"}, {L"3", L"P"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()),
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", ThreeFields()),
             L"Q= 1;Q= 2;P= 3 K 1 2;");
 }
 
@@ -357,7 +368,8 @@ TEST(ComposeCodeParams, LosesToAnExceptionOfAnyKindOneItemAlone) {
   DomenProperties properties = ThreeFields();
   properties.at(L"P").fields.push_back(std::make_unique<FieldWithoutText>());
   const Classificator classificator = WithItems({{{L"1", L"Q"}, {L"2", L"P"}, {L"3", L"Q"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", properties), L"Q= 1;Q= 3;");
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", properties),
+            L"Q= 1;Q= 3;");
 }
 
 TEST(ComposeCodeParams, BeginsNoWordWithAnEmptyFieldName) {
@@ -368,7 +380,7 @@ TEST(ComposeCodeParams, BeginsNoWordWithAnEmptyFieldName) {
 TEST(ComposeCodeParams, FillsEachItemAfreshFromTheDomain) {
   const Classificator classificator =
       WithItems({{{L"60 A 3", L"P"}, {L"b=B", L"P"}}, {{L"", L"P"}}});
-  EXPECT_EQ(ComposeCodeParams(classificator, 0, sourceParam, L"=", ThreeFields()),
+  EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", ThreeFields()),
             L"P= 60 A 3;P= 5 B 1 2;P= 5 K 1 2;");
 }
 

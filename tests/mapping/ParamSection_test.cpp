@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "editor/Text.h"
+#include "base/Text.h"
 #include "support/ItemTexts.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {

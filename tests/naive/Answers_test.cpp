@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
+#include "base/Files.h"
 #include "domen/DomenStore.h"
-#include "editor/Files.h"
 #include "naive/ClassificatorText.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"

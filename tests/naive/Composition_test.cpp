@@ -169,13 +169,14 @@ TEST(GetCodePropertyIds, AgreesWithItsNaiveForm) {
     const Classificator classificator = Round(seed).MadeClassificator();
     const Naive::Classificator naive = Naive::CopyOf(classificator);
     for (const int sourceKind : {1, 2, 0, 3, -1}) {
-      EXPECT_EQ(GetCodeDomenIds(classificator, sourceKind),
+      EXPECT_EQ(GetCodeDomenIds(SectionsOf(classificator), sourceKind),
                 Naive::GetCodeDomenIds(naive, sourceKind));
       for (int codeId = -3; codeId < 5; ++codeId) {
         Texts ids;
         Texts naiveIds;
         EXPECT_EQ(
-            OutOfRangeOf([&] { ids = GetCodePropertyIds(classificator, codeId, sourceKind); }),
+            OutOfRangeOf(
+                [&] { ids = GetCodePropertyIds(SectionsOf(classificator), codeId, sourceKind); }),
             OutOfRangeOf([&] { naiveIds = Naive::GetCodePropertyIds(naive, codeId, sourceKind); }))
             << codeId << ", " << sourceKind;
         EXPECT_EQ(ids, naiveIds) << codeId << ", " << sourceKind;
@@ -195,7 +196,8 @@ TEST(ComposeCodeParams, AgreesWithItsNaiveForm) {
     for (const int sourceKind : {1, 2, 0}) {
       for (int codeId = -2; codeId < 4; ++codeId) {
         EXPECT_EQ(OutcomeOf([&] {
-                    return ComposeCodeParams(classificator, codeId, sourceKind, L"=", properties);
+                    return ComposeCodeParams(SectionsOf(classificator), codeId, sourceKind, L"=",
+                                             properties);
                   }),
                   OutcomeOf([&] {
                     return Naive::ComposeCodeParams(naive, codeId, sourceKind, L"=", properties);

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <limits>
 
-#include "json/cfg/IdentifierChars.h"
-#include "json/cfg/Json5Text.h"
+#include "json5/IdentifierChars.h"
+#include "json5/Json5Text.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 namespace {

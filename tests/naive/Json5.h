@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "json/cfg/Json5.h"
+#include "json5/Json5Parser.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 

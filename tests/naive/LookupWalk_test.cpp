@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "classificator/Classificator.h"
 #include "mapping/CodeLookup.h"
 #include "mapping/UpperTable.h"
 #include "naive/Random.h"
@@ -35,10 +34,10 @@ int ResultOf(const Lookup& lookup) {
   }
 }
 
-int Walk(const Classificator& classificator, std::wstring_view text) {
+int Walk(const MapTextSection& section, std::wstring_view text) {
   const UpperTable upper;
   int position = 0;
-  for (const MapTextRecord& record : classificator.mapTextSection.records) {
+  for (const MapTextRecord& record : section.records) {
     if (Matches(record, text, upper)) return position;
     ++position;
   }
@@ -108,28 +107,28 @@ std::wstring Text(Random& random) {
   return text;
 }
 
-Classificator Filled(Random& random) {
+MapTextSection Filled(Random& random) {
   const std::size_t letterCount = random.OneIn(3) ? letters.size() : letters.size() - 1;
   std::vector<MapTextRecord> records;
   for (std::size_t count = 1 + random.Below(random.OneIn(2) ? 4 : 400); count > 0; --count) {
     records.push_back(RecordOf(Words(random, letterCount)));
   }
-  Classificator classificator(L"S");
-  classificator.mapTextSection.records.Swap(records);
-  return classificator;
+  MapTextSection section;
+  section.records.Swap(records);
+  return section;
 }
 
 TEST(FindCodeId, AgreesWithTheWalkUnderLocalesThatRefuseLetters) {
   const unsigned rounds = SLOW_BUILD ? 50 : 500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     Random random(seed);
-    const Classificator classificator = Filled(random);
+    const MapTextSection section = Filled(random);
     for (std::size_t i = 0; i < std::size(uppers); ++i) {
       const GlobalLocale locale(uppers[i]);
       for (int count = 0; count < 40; ++count) {
         const std::wstring text = Text(random);
-        EXPECT_EQ(ResultOf([&] { return FindCodeId(classificator, text); }),
-                  ResultOf([&] { return Walk(classificator, text); }))
+        EXPECT_EQ(ResultOf([&] { return FindCodeId(section, text); }),
+                  ResultOf([&] { return Walk(section, text); }))
             << "seed " << seed << ", locale " << i << ": " << testing::PrintToString(text);
       }
     }

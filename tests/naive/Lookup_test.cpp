@@ -311,7 +311,7 @@ class Round {
     const Naive::MapTextSection naive = Naive::CopyOf(classificator.mapTextSection);
     random.OneOf(texts) = Text();
     for (const std::wstring& text : texts) {
-      EXPECT_EQ(FindCodeId(classificator, text), Naive::FindCodeId(naive, text))
+      EXPECT_EQ(FindCodeId(classificator.mapTextSection, text), Naive::FindCodeId(naive, text))
           << testing::PrintToString(text) << " among " << Describe(naive);
       if (naive.records.empty()) continue;
       const std::size_t i = random.Below(naive.records.size());

@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Text.h"
 #include "classificator/ColoratSection.h"
 #include "domen/DomenSection.h"
 #include "domen/DomenStore.h"
 #include "domen/FieldAdder.h"
-#include "editor/Text.h"
 #include "mapping/MapTextSection.h"
 #include "mapping/ParamItem.h"
 #include "mapping/ParamSection.h"

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "editor/Utf8.h"
+#include "base/Utf8.h"
 #include "support/PathTexts.h"
 #include "support/TempFolder.h"
 

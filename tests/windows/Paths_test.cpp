@@ -10,9 +10,9 @@
 #include <system_error>
 
 #include "RevitMappingEditorDll.h"
+#include "base/Files.h"
+#include "base/Text.h"
 #include "classificator/ColoratSection.h"
-#include "editor/Files.h"
-#include "editor/Text.h"
 #include "support/CurrentFolder.h"
 #include "support/ReplaceBy.h"
 #include "support/Results.h"

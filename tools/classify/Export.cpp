@@ -10,7 +10,7 @@
 #include "Failure.h"
 #include "Lists.h"
 #include "Wide.h"
-#include "editor/Files.h"
+#include "base/Files.h"
 
 namespace {
 

@@ -1,7 +1,5 @@
 #include "Loading.h"
 
-#include <Json5.h>
-
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,7 +7,8 @@
 
 #include "Failure.h"
 #include "Wide.h"
-#include "editor/Files.h"
+#include "base/Files.h"
+#include "json5/Json5Parser.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 #include "CfgParser.h"
 
-#include "Json5.h"
-#include "editor/Files.h"
+#include "base/Files.h"
+#include "json5/Json5Parser.h"
+#include "json5/Json5Writer.h"
 
 using namespace TolvenLibs::RevitMappingEditorDll;
 

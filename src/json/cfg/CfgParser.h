@@ -11,8 +11,8 @@
 #include <unordered_map>
 
 #include "JSON5Section.h"
-#include "Json5Record.h"
-#include "Json5Tree.h"
+#include "json5/Json5Record.h"
+#include "json5/Json5Tree.h"
 
 // One file, as it was read and as it was requested. The record of the requests alone is what gets
 // written. A section is addressed by its name and, where it repeats, by the name of its item: the

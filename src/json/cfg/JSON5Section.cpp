@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <span>
@@ -61,18 +62,17 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
   found = value && value->kind == Kind::array;
   const std::uint32_t commentPlace = record.repeated.PlaceOf(comment);
   if (!found) {
-    const std::span<std::string_view> texts = record.List(defaultSize);
-    std::transform(defaultValues, defaultValues + defaultSize, texts.begin(),
-                   [this](const wchar_t* text) { return record.Keep(text); });
+    const std::span<std::wstring_view> texts = record.List(defaultSize);
+    std::copy_n(defaultValues, defaultSize, texts.begin());
     record.Set(item, keyPlace, commentPlace, texts);
     count = defaultCount;
     return defaultValues;
   }
 
-  std::span<std::string_view> texts = record.List(value->members.count);
+  std::span<std::wstring_view> texts = record.List(value->members.count);
   auto end = texts.begin();
   for (const Json5Member& element : tree.Members(*value)) {
-    if (element.value.kind == Kind::string) *end++ = element.value.text;
+    if (element.value.kind == Kind::string) *end++ = record.KeepWide(element.value.text);
   }
   texts = {texts.begin(), end};
   record.Set(item, keyPlace, commentPlace, texts);
@@ -80,8 +80,7 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
   // A caller releases no array of no strings.
   if (texts.empty()) return nullptr;
   auto result = std::make_unique<const wchar_t*[]>(texts.size());
-  std::transform(texts.begin(), texts.end(), result.get(),
-                 [this](std::string_view text) { return record.KeepWide(text).data(); });
+  std::transform(texts.begin(), texts.end(), result.get(), std::mem_fn(&std::wstring_view::data));
   return result.release();
 }
 

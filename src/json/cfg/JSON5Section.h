@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "Json5Record.h"
-#include "Json5Tree.h"
+#include "json5/Json5Record.h"
+#include "json5/Json5Tree.h"
 
 // One open section of a `CfgParser`, which must outlive it.
 //

@@ -17,8 +17,8 @@
 #include <utility>
 #include <vector>
 
-#include "Json5.h"
-#include "Json5Text.h"
+#include "json5/Json5Parser.h"
+#include "json5/Json5Text.h"
 
 namespace {
 

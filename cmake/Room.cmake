@@ -1,0 +1,9 @@
+# A folder of src/ as a target of its own, which is named after the folder: its objects, once, for
+# every library and program that links it.
+
+function(add_room folder)
+  cmake_path(GET folder FILENAME target)
+  list(TRANSFORM ARGN PREPEND src/${folder}/)
+  add_library(${target} OBJECT ${ARGN})
+  target_include_directories(${target} PUBLIC include src)
+endfunction()
