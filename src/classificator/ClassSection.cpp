@@ -13,9 +13,9 @@ namespace {
 // What the "." of a regular expression doesn't match.
 constexpr std::wstring_view lineTerminators = L"\n\r\u2028\u2029";
 
-// The first match of the expression `\((.*)\)` in the entry, or rather what its brackets capture.
-// Within a line the first opening bracket decides: if none closes behind it, none closes behind a
-// later one. So each line is looked at once.
+// Returns what the first match of the expression `\((.*)\)` in the entry captures. If no bracket
+// closes after the first opening one of a line, none closes after a later one: so each line is read
+// once.
 std::optional<std::wstring_view> FindInBrackets(std::wstring_view entry) {
   while (!entry.empty()) {
     const std::wstring_view line = entry.substr(0, entry.find_first_of(lineTerminators));

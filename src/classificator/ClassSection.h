@@ -1,4 +1,4 @@
-// The ==CLASS section of a classificator file: what the file declares itself to be.
+// The ==CLASS section of a classificator file: the title of the scheme.
 
 #pragma once
 
@@ -8,12 +8,12 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 // Reads the entries that begin with "@@@": the rest of the entry is the title, and the first two
-// words in its brackets are the two words. Brackets reach from the first opening one to the last
+// words in its brackets are the two words. Brackets extend from the first opening one to the last
 // closing one of the same line.
 //
 //   @@@ Example scheme (ABC Classification)
 //
-// What an entry doesn't have stays as it was, and the last entry that has it wins. Gives 0 always.
+// What an entry lacks keeps its value; the last entry that has it wins. Always returns 0.
 int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
                       std::wstring& classSecondWord, std::wstring_view text);
 

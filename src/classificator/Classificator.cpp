@@ -14,8 +14,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// A heading is known by its beginning: whatever follows the keyword changes nothing. A section of
-// any other heading, ==DOMEN among them, is not this reader's.
+// A keyword is a prefix of its heading: what follows it doesn't matter. Sections of other headings,
+// such as ==DOMEN, are ignored.
 void ParseSection(Classificator& classificator, const TextSection& section,
                   const std::shared_ptr<const TextFile>& file) {
   if (StartsWith(section.heading, L"==CLASS")) {

@@ -1,3 +1,5 @@
+// One classification scheme.
+
 #pragma once
 
 #include <memory>
@@ -12,15 +14,14 @@ namespace TolvenLibs::RevitMappingEditorDll {
 struct CodeSections;
 struct TextFile;
 
-// One classification scheme, as a classificator file gives it. A plain value: a copy shares with
-// its source only what never changes.
+// The contents of a classificator file. A plain value: copies share only what is immutable.
 struct Classificator {
   explicit Classificator(std::wstring id);
 
-  // Fills the record from the file at `path`. Gives 0 when the file was read to its end, 2 when it
-  // can't be opened, and 3 when an exception ended the reading; the exception goes no further, and
-  // what had been filled in until then stays. Sections that occur twice are parsed twice, in the
-  // order of the file. `file` receives the file's sections, for whoever reads them on.
+  // Fills the record from the file at `path`. Returns 0 if the file was read to its end, 2 if it
+  // can't be opened, and 3 if an exception ended the reading. The exception isn't passed on, and
+  // what had been filled in stays. Repeated sections are all parsed, in the order of the file.
+  // `file`, unless null, receives the sections for further reading.
   int Load(const std::wstring& path, std::shared_ptr<const TextFile>* file = nullptr);
 
   // What the ==CLASS section declares. Nothing reads it.
@@ -31,20 +32,19 @@ struct Classificator {
   MapTextSection mapTextSection;
   ParamSection paramSection;
   Colorats colorats;
-  std::wstring activeColoratId;  // after a load that of the last Colorat of the file
+  std::wstring activeColoratId;  // after a load, that of the last Colorat of the file
   std::wstring classificatorId;
   std::wstring classificatorName;
   std::wstring paramName;
   std::wstring filePath;
 
-  // Kept and copied with the record, read by nothing: the parsers of the sections have marks of
-  // their own.
+  // Copied with the record, but never read: the parsers of the sections have their own marks.
   std::wstring reservedText;
   std::wstring openMark = L"{";
   std::wstring closeMark = L"}";
 };
 
-// The sections that a code and its items come from. They are part of the record.
+// Returns the sections that a code and its items come from, which are parts of the record.
 CodeSections SectionsOf(const Classificator& classificator);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

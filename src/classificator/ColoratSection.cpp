@@ -14,7 +14,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// The zeros of the scripts whose digits `_wtoi` takes, each followed by its other nine.
+// The zeros of the scripts whose digits `_wtoi` accepts. The other nine digits follow each.
 constexpr std::wstring_view zeros =
     L"0\u0660\u06F0\u0966\u09E6\u0A66\u0AE6\u0B66\u0C66\u0CE6\u0D66\u0E50\u0ED0\u0F20\u1040"
     L"\u17E0\u1810\uFF10";
@@ -31,7 +31,7 @@ int ReadClamped(std::wstring_view text, int top) {
   return std::clamp(ReadLeadingInt(text), 0, top);
 }
 
-// A line's pieces, or nothing unless they are a key text and four values.
+// Returns the key text and the four values of a line, or nothing if it hasn't exactly five pieces.
 std::optional<std::array<std::wstring_view, 5>> CutColorLine(std::wstring_view line) {
   WordReader reader(line);
   std::array<std::wstring_view, 5> pieces;
@@ -43,7 +43,7 @@ std::optional<std::array<std::wstring_view, 5>> CutColorLine(std::wstring_view l
   return pieces;
 }
 
-// The lines of a block behind its title, into the colours of its Colorat.
+// Adds the colours of a block's lines after its title.
 void AddColors(ColorMap& colors, PieceReader lines) {
   int number = 0;
   for (std::wstring_view line; lines.Next(line);) {
@@ -61,7 +61,7 @@ void AddColors(ColorMap& colors, PieceReader lines) {
 int ReadLeadingInt(std::wstring_view text) {
   const bool negative = text.starts_with(L'-');
   if (negative || text.starts_with(L'+')) text.remove_prefix(1);
-  // One more than the greatest number stands for all beyond, and is the magnitude of the least.
+  // The magnitude saturates one above the maximum, which is the magnitude of the minimum.
   constexpr std::int64_t beyond = std::int64_t{std::numeric_limits<int>::max()} + 1;
   std::int64_t magnitude = 0;
   for (const wchar_t unit : text) {

@@ -1,5 +1,5 @@
-// The ==COLORAT section of a classificator file: colouring schemes, each a table that gives a
-// colour to each of a number of key texts.
+// The ==COLORAT section of a classificator file: colouring schemes, each a map from key texts to
+// colours.
 
 #pragma once
 
@@ -13,29 +13,29 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// The colour of one key text. The ranges are all that the library knows of the values.
+// The colour of one key text. The library knows nothing of the values but their ranges.
 struct ColorEntry {
-  int number;    // of the line in its block, from 1, counted over the lines that were accepted
+  int number;    // of the line in its block, from 1; lines left out don't count
   int channel1;  // 0 to 255
   int channel2;  // 0 to 255
   int channel3;  // 0 to 255
   int percent;   // 0 to 100
 };
 
-// The colours of one Colorat, an ordered map from key text to colour. A load has no time to put
-// them in order, as `std::map` would: the first question does.
+// The colours of one Colorat, an ordered map from key text to colour. Unlike `std::map` it is
+// sorted by the first question, not on insertion, so that loads are fast.
 class ColorMap {
  public:
   using Color = std::pair<std::wstring, ColorEntry>;
 
-  // A colour of a key text that has one already is dropped.
+  // Of equal keys, the first stays.
   void Add(std::wstring_view key, const ColorEntry& entry);
 
   std::size_t size() const { return Ordered().size(); }
   auto begin() const { return Ordered().begin(); }
   auto end() const { return Ordered().end(); }
 
-  // The entry of a key text, or the end.
+  // Returns the entry of the key text, or `end()`. Binary search.
   std::vector<Color>::const_iterator find(std::wstring_view key) const;
 
  private:
@@ -53,22 +53,22 @@ struct ColoratTable {
   std::wstring& activeColoratId;
 };
 
-// Replaces the Colorats by what the section's text says, and gives their number. The id of the last
-// block that is one becomes the active one; without any it stays as it was.
+// Replaces the Colorats by those of the section's text, and returns their number. The last one
+// becomes the active one; if there is none, the active id stays as it was.
 //
 //   @main Main colouring
 //   A100 255 0 0 50
 //   A200 0 128 255 0
 //
-// A block begins at each at-sign, wherever it stands; one in front of the first is a block too. Its
-// lines end at line feeds or at semicolons. A block needs two lines, and a blank behind its id; any
-// other is left out, and so is a line that hasn't exactly five pieces. Values that are no numbers
-// are 0, those out of range are moved to its nearer end. Of equal keys in a Colorat the first
-// stays; blocks of one id make one Colorat.
+// At-signs separate blocks, wherever they are; the text before the first is a block too. The lines
+// of a block end at line feeds or at semicolons. A block without two lines, or without a blank
+// after its id, is left out, as is a line that hasn't exactly five pieces. A value that isn't a
+// number is 0; values are clamped to their range. Of equal keys in a Colorat the first stays.
+// Blocks of the same id make one Colorat.
 int ParseColoratSection(ColoratTable table, std::wstring_view text);
 
-// The number at the head of the text, as `_wtoi` of Windows reads it: an optional sign, then
-// decimal digits of any script that it knows. 0 if there is none; beyond 32 bits the nearest limit.
+// Returns the number at the start of the text as `_wtoi` of Windows does: an optional sign, then
+// decimal digits of any script that it knows. Returns 0 if there is none; clamps to 32 bits.
 int ReadLeadingInt(std::wstring_view text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

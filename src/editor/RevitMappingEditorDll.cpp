@@ -170,7 +170,7 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
     put(L" ");
     put(code);
     put(L";");
-    items.GiveTo(put, nameSuffix);
+    items.WriteTo(put, nameSuffix);
     put(endMark);
   });
 }
@@ -180,7 +180,7 @@ const wchar_t* RevitMappingEditorDll::GetClaccificatorCodeParams(int codeId, int
   CodeItems composed;
   const CodeItems& items = FindCodeItems(SectionsOf(classificators[Index(activeClassificator)]),
                                          domenStore, codeId, sourceKind, composed);
-  return NewJoined([&](const auto& put) { items.GiveTo(put, nameSuffix); });
+  return NewJoined([&](const auto& put) { items.WriteTo(put, nameSuffix); });
 }
 
 const wchar_t* RevitMappingEditorDll::GetStartMark() {

@@ -1,5 +1,4 @@
-// The one place where a text is put into capitals and cut into words, for patterns and descriptions
-// alike.
+// Cuts texts into upper-cased words. Patterns and descriptions both go through it.
 
 #pragma once
 
@@ -11,14 +10,14 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Returns the words of a text one by one: what stands between the blanks of its capitals, without
-// the white space at the ends of each. A word is a view into the text, in the text's own case. No
-// more of the text is looked at than the words that are asked for.
+// Returns the words of a text one by one: what is between the blanks of its upper-cased form,
+// trimmed. A word is a view into the text, in the text's own case. Words are cut lazily: the text
+// after the last word asked for isn't read.
 class CapitalWords {
  public:
   CapitalWords(std::wstring_view text, const UpperTable& upper) : rest_(text), upper_(upper) {}
 
-  // Puts the next word into `word`, or returns false after the last. An empty text has one word.
+  // Sets `word` to the next word, or returns false after the last. An empty text has one word.
   bool Next(std::wstring_view& word) {
     if (atEnd_) return false;
     std::size_t end = 0;

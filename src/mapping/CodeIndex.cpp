@@ -11,8 +11,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Makes the nodes from the root down. A range of `keys_` are the patterns that agree in all that
-// leads to a node.
+// Builds the tree from the root down. The patterns of a node, which share its path, are a range of
+// `keys_`.
 class CodeIndex::Builder {
  public:
   Builder(CodeIndex& index, const std::vector<MapTextRecord>& records)
@@ -38,7 +38,7 @@ class CodeIndex::Builder {
 
  private:
   struct Key {
-    Unit unit;  // of the pattern, after those that its range agrees in
+    Unit unit;  // of the pattern, after those that its range shares
     Place record;
   };
 
@@ -46,12 +46,12 @@ class CodeIndex::Builder {
     Place node;
     std::size_t begin;
     std::size_t end;
-    std::size_t depth;  // the number of units that lead to the node
+    std::size_t depth;  // the length of the path to the node
   };
 
   std::wstring_view Words(Place record) const { return records_[record].tokens; }
 
-  // No word has a blank in it: blanks stand between the words.
+  // Blanks separate words: none is within a word.
   wchar_t Capital(wchar_t unit) const {
     if (unit == L' ') return unit;
     const wchar_t capital = index_.upper_.Upper(unit);
@@ -59,7 +59,7 @@ class CodeIndex::Builder {
     return capital;
   }
 
-  // Adds a node that is still to be made of the patterns of a range.
+  // Adds a node whose subtree is still to be built from a range.
   Place AddNode(Unit first, Range range) {
     range.node = static_cast<Place>(index_.nodes_.size());
     index_.nodes_.emplace_back().first = first;
@@ -91,9 +91,8 @@ class CodeIndex::Builder {
     index_.nodes_[range.node] = node;
   }
 
-  // The units to the node of a range: as many as all its patterns share, up to the end of the word.
-  // A few are compared first, then twice as many each time. A long word would else be gone through
-  // anew at each node on its way.
+  // Returns the label of a range's node: the longest common prefix of its patterns, up to the end
+  // of the word. Found by galloping, so that a long word isn't read again at each node on its path.
   std::wstring_view SharedUnits(const Range& range) const {
     const std::wstring_view words = Words(keys_[range.begin].record).substr(range.depth);
     std::size_t shared = 0;
@@ -104,8 +103,8 @@ class CodeIndex::Builder {
     }
   }
 
-  // The number of these units of the range's first pattern that all its patterns share from
-  // `depth`.
+  // Returns how many of `units`, which are the first pattern's at `depth`, all patterns of the
+  // range share.
   std::size_t SharedOf(std::wstring_view units, const Range& range, std::size_t depth) const {
     units = units.substr(0, units.find(L' '));
     const auto same = [this](wchar_t a, wchar_t b) { return Capital(a) == Capital(b); };
@@ -118,7 +117,7 @@ class CodeIndex::Builder {
     return units.size();
   }
 
-  // Sorts the patterns that go on by their next units. Those that end at the node leave the range.
+  // Sorts the patterns by their next units. Those that end at the node leave the range.
   void SortByNextUnit(Range& range, Node& node) {
     const auto begin = keys_.begin() + static_cast<std::ptrdiff_t>(range.begin);
     auto end = begin;
@@ -139,7 +138,7 @@ class CodeIndex::Builder {
   CodeIndex& index_;
   const std::vector<MapTextRecord>& records_;
   std::vector<Key> keys_;
-  std::vector<Range> open_;  // those whose nodes are still to be made
+  std::vector<Range> open_;  // those whose nodes are still to be built
 };
 
 CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records) {
@@ -148,7 +147,7 @@ CodeIndex::CodeIndex(const std::vector<MapTextRecord>& records) {
   } catch (const std::bad_alloc&) {
     throw;
   } catch (...) {
-    // Nothing is asked of what was made so far, so that it needn't take room.
+    // An index that can't answer needs no memory.
     std::vector<Node>().swap(nodes_);
     std::wstring().swap(units_);
   }
@@ -163,14 +162,15 @@ int CodeIndex::Find(std::wstring_view text) const {
   CapitalWords words(text, upper_);
   for (std::wstring_view word; !places.empty() && words.Next(word); places.swap(next)) {
     next.clear();
-    for (const Place place : places) TakeWord(place, word, best, next);
+    for (const Place place : places) Descend(place, word, best, next);
   }
   return best == none ? noCodeId : static_cast<int>(best);
 }
 
-// Goes down with one word of a text. `next` receives the nodes at which its next word goes on.
+// Descends from a node with one word of a text. Appends to `next` the nodes at which the next word
+// goes on.
 template <class Places>
-void CodeIndex::TakeWord(Place place, std::wstring_view word, Place& best, Places& next) const {
+void CodeIndex::Descend(Place place, std::wstring_view word, Place& best, Places& next) const {
   for (const Node* node = &nodes_[place]; node && node->least < best;) {
     if (node->unitCount > word.size()) return;
     const wchar_t* const units = units_.data() + node->units;

@@ -11,9 +11,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// Both go through the locale's capitals, since the locale may be another one than when the pattern
-// was loaded; the word twice, as a pattern does that is put into capitals when it is loaded. A
-// capital can have a capital of its own.
+// Tokens were upper-cased when they were loaded, perhaps in another locale. So they are upper-cased
+// once more, and the word twice: a capital can have a capital of its own.
 bool Begins(std::wstring_view token, std::wstring_view word, const UpperTable& upper) {
   return token.size() <= word.size() &&
          std::equal(token.begin(), token.end(), word.begin(),
@@ -22,8 +21,9 @@ bool Begins(std::wstring_view token, std::wstring_view word, const UpperTable& u
                     });
 }
 
-// What the index finds, if it can answer. It may ask for capitals that the walk doesn't come to, so
-// that a locale which refuses one leaves the answer to the walk.
+// Returns what the index finds, or nothing if only the walk can answer. The index may upper-case
+// letters that the walk doesn't reach: what the locale raises for one leaves the answer to the
+// walk.
 std::optional<int> FindByIndex(const MapTextRecords& records, std::wstring_view text) {
   const CodeIndex* const index = records.Index();
   if (!index || !index->CanAnswer()) return std::nullopt;

@@ -29,7 +29,7 @@ std::vector<ParamItemList> GetCodeItemLists(const CodeSections& sections, int co
   return {};
 }
 
-// The words of a value text in named form, each cut at its "=" into a name and what follows.
+// The words of a value text in named form, each cut at its "=" into a name and a value.
 using NamedWords = std::vector<std::vector<std::wstring>>;
 
 NamedWords CutNamedWords(const std::vector<std::wstring>& words) {
@@ -38,9 +38,8 @@ NamedWords CutNamedWords(const std::vector<std::wstring>& words) {
   return named;
 }
 
-// The value that the words have for the field: that of the first word with the field's own name, or
-// else those of all words whose names begin with it. A word of such a name without a value raises
-// `out_of_range`.
+// Returns the value of the first word with the field's name, or else those of all words whose names
+// begin with it. Such a word without a value raises `out_of_range`.
 std::wstring NamedValue(const std::wstring& fieldName, const NamedWords& words) {
   std::wstring collected;
   for (const std::vector<std::wstring>& parts : words) {
@@ -53,7 +52,7 @@ std::wstring NamedValue(const std::wstring& fieldName, const NamedWords& words) 
   return collected;
 }
 
-// A value that the field refuses leaves it at the value of the domain.
+// A field that refuses the value keeps that of the domain.
 void SetField(PropertyParameter& field, std::wstring value) {
   field.SetValue(TrimChars(value, L";"));
 }
@@ -63,13 +62,13 @@ void FillByName(DomenProperty& property, const std::vector<std::wstring>& words)
   for (const auto& field : property.fields) SetField(*field, NamedValue(field->name, named));
 }
 
-// Fields without a word keep the value of the domain, words without a field are passed over.
+// Fields without a word keep the value of the domain; words without a field are ignored.
 void FillByPosition(DomenProperty& property, const std::vector<std::wstring>& words) {
   const std::size_t count = std::min(words.size(), property.fields.size());
   for (std::size_t i = 0; i < count; ++i) SetField(*property.fields[i], words[i]);
 }
 
-// A value text whose first word holds an "=" names its fields; any other goes by position.
+// The fields are named if the first word contains "=", and positional otherwise.
 void FillFields(DomenProperty& property, const std::wstring& valueText) {
   const std::vector<std::wstring> words = SplitTrimmed(valueText, L" ", false);
   const bool named = !words.empty() && words.front().find(L'=') != std::wstring::npos;
@@ -85,10 +84,9 @@ std::wstring FieldTexts(const DomenProperty& property) {
   return texts;
 }
 
-// Room for so much more, and for as much again as there is: a growth by each item alone would copy
-// all others for each of them.
+// Reserves capacity for `more` elements. Doubles it, so that appending is amortized constant time.
 template <class Container>
-void MakeRoom(Container& container, std::size_t more) {
+void ReserveMore(Container& container, std::size_t more) {
   const std::size_t size = container.size() + more;
   if (size > container.capacity()) container.reserve(std::max(size, 2 * container.capacity()));
 }
@@ -99,9 +97,9 @@ void AppendItem(CodeItems& items, const ParamItem& item, const DomenProperties& 
   DomenProperty property = found->second;
   FillFields(property, item.valueText);
   const std::wstring fieldTexts = FieldTexts(property);
-  // All that can fail comes first, so that an item is there as a whole or not at all.
-  MakeRoom(items.suffixPlaces, 1);
-  MakeRoom(items.text, item.propertyId.size() + fieldTexts.size() + 2);
+  // All that can fail comes first, so that an item is added as a whole or not at all.
+  ReserveMore(items.suffixPlaces, 1);
+  ReserveMore(items.text, item.propertyId.size() + fieldTexts.size() + 2);
   items.text += item.propertyId;
   items.suffixPlaces.push_back(items.text.size());
   items.text.append(L" ").append(fieldTexts).append(L";");
@@ -169,7 +167,7 @@ std::wstring ComposeCodeParams(const CodeSections& sections, int codeId, int sou
                                std::wstring_view nameSuffix, const DomenProperties& properties) {
   std::wstring text;
   ComposeCodeItems(sections, codeId, sourceKind, properties)
-      .GiveTo([&text](std::wstring_view piece) { text += piece; }, nameSuffix);
+      .WriteTo([&text](std::wstring_view piece) { text += piece; }, nameSuffix);
   return text;
 }
 

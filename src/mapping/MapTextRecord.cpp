@@ -14,8 +14,8 @@ std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record) {
   for (std::size_t open = 0; open != blocks.npos;) {
     const std::size_t close = FindText(blocks, closeMark, open + openMark.size());
     if (close == blocks.npos) break;
-    // From one unit after the mark's start: the rest of a longer mark stays in the block, and has
-    // to.
+    // Only the mark's first unit is skipped: the rest of a longer mark stays in the block. This is
+    // required.
     std::vector<std::wstring> tokens =
         SplitTrimmed(blocks.substr(open + 1, close - open - 1), L" ", false);
     lists.push_back(ParseParamItems(tokens, false));

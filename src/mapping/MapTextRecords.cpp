@@ -5,7 +5,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 MapTextRecords& MapTextRecords::operator=(const MapTextRecords& other) {
-  // All that can fail comes first.
+  // Whatever can fail comes first.
   MapTextRecords copy(other);
   Swap(copy.records_);
   indexes_.swap(copy.indexes_);
@@ -19,7 +19,7 @@ void MapTextRecords::Swap(std::vector<MapTextRecord>& records) noexcept {
 }
 
 const CodeIndex* MapTextRecords::Index() const {
-  // For a program that goes to and fro between a few locales. The oldest goes when one more comes.
+  // For programs that switch between a few locales. The oldest index is evicted.
   constexpr std::size_t mostLocales = 4;
   for (const auto& index : indexes_) {
     if (index->IsCurrent()) return index.get();

@@ -1,3 +1,5 @@
+// The records of a ==MAPTEXT section, with what is derived from them.
+
 #pragma once
 
 #include <cstddef>
@@ -11,10 +13,9 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 class CodeIndex;
 
-// The records of a ==MAPTEXT section, with what was worked out from them: the indexes of lookups,
-// and the items of mapping strings. They are read as a vector is, and change only as a whole, so
-// that nothing outlives what it was worked out from: a bare vector couldn't tell. Copies share
-// their indexes, which never change.
+// A vector of records that changes only as a whole, so that the caches derived from it, the indexes
+// of lookups and the items of mapping strings, never outlive what they were derived from. Copies
+// share the indexes, which are immutable.
 class MapTextRecords {
  public:
   MapTextRecords() = default;
@@ -22,7 +23,7 @@ class MapTextRecords {
   MapTextRecords& operator=(const MapTextRecords& other);
   ~MapTextRecords() = default;
 
-  // Takes the records, and leaves those that it had in their place. Allocates nothing.
+  // Exchanges the records with `records`. Allocates nothing.
   void Swap(std::vector<MapTextRecord>& records) noexcept;
 
   bool empty() const { return records_.empty(); }
@@ -31,11 +32,10 @@ class MapTextRecords {
   auto begin() const { return records_.begin(); }
   auto end() const { return records_.end(); }
 
-  // The index for the global locale as it is now, which the first call makes. Null if there is no
-  // memory for it.
+  // Returns the index for the current global locale, built by the first call, or null if memory
+  // runs out.
   const CodeIndex* Index() const;
 
-  // What is remembered of the records' composed items.
   RememberedItems& Items() const { return items_; }
 
  private:

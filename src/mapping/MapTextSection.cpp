@@ -21,8 +21,8 @@ bool IsPattern(std::wstring_view statement) {
   return !statement.empty() && std::wstring_view(L"/!@$").find(statement.front()) == statement.npos;
 }
 
-// Whether the records may keep the whole file for the sake of the lines that they look at. A letter
-// beyond ASCII takes two bytes of it or more.
+// Returns whether the statements are so much of the file that the records may keep all of it alive.
+// `file.size` counts bytes, of which a letter beyond ASCII takes two or more.
 bool IsMuchOf(const std::vector<std::wstring_view>& statements, const TextFile& file) {
   std::size_t size = 0;
   for (const std::wstring_view statement : statements) {
@@ -38,24 +38,24 @@ std::wstring_view FirstWord(std::wstring_view text) {
   return word;
 }
 
-// The texts that the records of one section look at. They never move.
+// An arena of the texts that the records of one section view. Texts never move.
 class SectionTexts {
  public:
-  // For a section of so many units, of which the texts are at most twice as many. A file that the
-  // section's text is of is kept, and spares copies.
+  // For a section of `size` units, whose texts are at most twice as many. `file`, which contains
+  // the section, may be null; if it isn't, it is kept alive and spares copies.
   SectionTexts(std::size_t size, std::shared_ptr<const TextFile> file)
-      : file_(std::move(file)), blockSize_(std::min(2 * size, mostUnits)) {}
+      : file_(std::move(file)), blockSize_(std::min(2 * size, maxBlockSize)) {}
 
-  // Returns a view of the text that is good as long as this.
+  // Returns a view of the text that is valid as long as the arena.
   std::wstring_view Keep(std::wstring_view text) {
     if (file_) return text;
-    wchar_t* const start = RoomFor(text.size());
+    wchar_t* const start = Reserve(text.size());
     return {start, end_ = std::copy(text.begin(), text.end(), start)};
   }
 
-  // Adds the words of the text in capitals, with one blank between each two.
+  // Adds the words of the text, upper-cased and separated by one blank.
   std::wstring_view AddTokens(std::wstring_view text, std::size_t& count, const UpperTable& upper) {
-    wchar_t* const start = RoomFor(text.size());
+    wchar_t* const start = Reserve(text.size());
     wchar_t* end = start;
     CapitalWords words(text, upper);
     count = 0;
@@ -67,9 +67,9 @@ class SectionTexts {
   }
 
  private:
-  static constexpr std::size_t mostUnits = 1 << 16;
+  static constexpr std::size_t maxBlockSize = 1 << 16;
 
-  wchar_t* RoomFor(std::size_t size) {
+  wchar_t* Reserve(std::size_t size) {
     if (size > static_cast<std::size_t>(blockEnd_ - end_)) {
       const std::size_t newSize = std::max(size, blockSize_);
       blocks_.push_back(std::make_unique_for_overwrite<wchar_t[]>(newSize));
@@ -82,11 +82,11 @@ class SectionTexts {
   std::shared_ptr<const TextFile> file_;
   std::size_t blockSize_;
   std::vector<std::unique_ptr<wchar_t[]>> blocks_;
-  wchar_t* end_ = nullptr;  // of what the last block holds
+  wchar_t* end_ = nullptr;  // of the used part of the last block
   wchar_t* blockEnd_ = nullptr;
 };
 
-// A pattern line, until the records are made.
+// A pattern line, before it becomes a record.
 struct PatternLine {
   std::wstring_view text;
   std::wstring_view tokens;
@@ -94,11 +94,11 @@ struct PatternLine {
   std::size_t header;
 };
 
-// What the statements of one section build on.
+// The state between the statements of one section.
 class MapTextParser {
  public:
-  MapTextParser(MapTextSection& target, std::shared_ptr<SectionTexts> sectionTexts)
-      : section(target), texts(std::move(sectionTexts)) {
+  MapTextParser(MapTextSection& section, std::shared_ptr<SectionTexts> texts)
+      : section_(section), texts_(std::move(texts)) {
     AddHeader({});
   }
 
@@ -117,12 +117,12 @@ class MapTextParser {
     }
   }
 
-  // Puts a record of each pattern, in the order of the file, to the position that the function
+  // Stores a record of each pattern, in the order of the file, at the position that `positionFor`
   // returns for its number of tokens. Allocates nothing.
   template <class PositionFor>
-  void PutRecords(std::vector<MapTextRecord>& records, PositionFor positionFor) const noexcept {
+  void StoreRecords(std::vector<MapTextRecord>& records, PositionFor positionFor) const noexcept {
     for (const PatternLine& line : patterns) {
-      const std::shared_ptr<const CodeHeader>& header = headers[line.header];
+      const std::shared_ptr<const CodeHeader>& header = headers_[line.header];
       records[positionFor(line.tokenCount)] = {header->code, line.text, line.tokens, header};
     }
   }
@@ -140,9 +140,9 @@ class MapTextParser {
     const std::size_t open = list.find(L'(');
     const std::size_t close = list.find(L')');
     if (open == list.npos || close == list.npos) return;
-    // A closing bracket ahead of the opening one closes nothing, and the list runs to the end.
+    // A closing bracket before the opening one closes nothing: the list runs to the end.
     const std::size_t end = close > open ? close : list.size();
-    section.domenIds = SplitTrimmed(list.substr(open + 1, end - open - 1), L" ", false);
+    section_.domenIds = SplitTrimmed(list.substr(open + 1, end - open - 1), L" ", false);
   }
 
   void SetMarks(std::wstring_view marks) {
@@ -150,36 +150,37 @@ class MapTextParser {
     std::wstring_view open;
     std::wstring_view close;
     if (!pieces.Next(open) || !pieces.Next(close)) return;
-    openMark = texts->Keep(open);
-    closeMark = texts->Keep(close);
+    openMark_ = texts_->Keep(open);
+    closeMark_ = texts_->Keep(close);
   }
 
-  void SetDefaultCode(std::wstring_view text) { section.defaultCode = FirstWord(text); }
+  void SetDefaultCode(std::wstring_view text) { section_.defaultCode = FirstWord(text); }
 
   void AddHeader(std::wstring_view text) {
-    const std::size_t open = std::min(FindText(text, openMark, 0), text.size());
-    const std::wstring_view code = texts->Keep(FirstWord(text.substr(0, open)));
-    const std::wstring_view blocks = texts->Keep(text.substr(open));
-    headers.push_back(
-        std::make_shared<const CodeHeader>(CodeHeader{texts, code, blocks, openMark, closeMark}));
+    const std::size_t open = std::min(FindText(text, openMark_, 0), text.size());
+    const std::wstring_view code = texts_->Keep(FirstWord(text.substr(0, open)));
+    const std::wstring_view blocks = texts_->Keep(text.substr(open));
+    headers_.push_back(std::make_shared<const CodeHeader>(
+        CodeHeader{texts_, code, blocks, openMark_, closeMark_}));
   }
 
   void AddPattern(std::wstring_view line) {
     std::size_t tokenCount = 0;
-    const std::wstring_view text = texts->Keep(line);
-    const std::wstring_view tokens = texts->AddTokens(line, tokenCount, upper);
-    patterns.push_back({text, tokens, tokenCount, headers.size() - 1});
+    const std::wstring_view text = texts_->Keep(line);
+    const std::wstring_view tokens = texts_->AddTokens(line, tokenCount, upper_);
+    patterns.push_back({text, tokens, tokenCount, headers_.size() - 1});
   }
 
-  MapTextSection& section;
-  std::shared_ptr<SectionTexts> texts;
-  std::vector<std::shared_ptr<const CodeHeader>> headers;  // the first for lines before any header
-  UpperTable upper;
-  std::wstring_view openMark = L"{";
-  std::wstring_view closeMark = L"}";
+  MapTextSection& section_;
+  std::shared_ptr<SectionTexts> texts_;
+  std::vector<std::shared_ptr<const CodeHeader>> headers_;  // the first for lines before any header
+  UpperTable upper_;
+  std::wstring_view openMark_ = L"{";
+  std::wstring_view closeMark_ = L"}";
 };
 
-// For each number of tokens, the position of the first record that has so many.
+// For each number of tokens, the position of the first record with that number: the prefix sums of
+// a counting sort.
 std::vector<std::size_t> FirstPositions(const std::vector<PatternLine>& patterns) {
   std::size_t most = 0;
   for (const PatternLine& line : patterns) most = std::max(most, line.tokenCount);
@@ -198,17 +199,17 @@ void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
   const std::vector<std::wstring_view> statements = SplitStatements(text);
   if (file && !IsMuchOf(statements, *file)) file = nullptr;
   MapTextParser parser(section, std::make_shared<SectionTexts>(text.size(), std::move(file)));
-  // All of it is there before the first line is read: no line is lost when memory runs out.
+  // All memory is allocated before the first line is read: none is lost when memory runs out.
   std::vector<MapTextRecord> records(
       static_cast<std::size_t>(std::count_if(statements.begin(), statements.end(), IsPattern)));
   parser.patterns.reserve(records.size());
   try {
     for (const std::wstring_view statement : statements) parser.ParseStatement(statement);
     std::vector<std::size_t> positions = FirstPositions(parser.patterns);
-    parser.PutRecords(records, [&positions](std::size_t count) { return positions[count]++; });
+    parser.StoreRecords(records, [&positions](std::size_t count) { return positions[count]++; });
   } catch (...) {
     std::size_t position = 0;
-    parser.PutRecords(records, [&position](std::size_t) { return position++; });
+    parser.StoreRecords(records, [&position](std::size_t) { return position++; });
     records.resize(position);
     section.records.Swap(records);
     throw;

@@ -1,4 +1,4 @@
-// The ==MAPTEXT section of a classificator file: which description leads to which code.
+// The ==MAPTEXT section of a classificator file: the patterns of descriptions, and their codes.
 
 #pragma once
 
@@ -14,13 +14,13 @@ namespace TolvenLibs::RevitMappingEditorDll {
 struct TextFile;
 
 struct MapTextSection {
-  std::wstring defaultCode;  // for texts that match no record; "N00" once a section is parsed
+  std::wstring defaultCode;  // for texts that match no record; parsing resets it to "N00"
   MapTextRecords records;    // sorted by the number of tokens; a code id is a position here
   std::vector<std::wstring> domenIds;  // where the items' properties are looked up, in this order
 };
 
-// Replaces `records` and `defaultCode` by what the section's text says, and `domenIds` only if the
-// text has a domain list. Each statement is one of these, told by how it begins:
+// Replaces `records` and `defaultCode` by those of the section's text, and `domenIds` if the text
+// has a domain list. The first characters of a statement tell its kind:
 //
 //   / or !   comment
 //   @@       domain list          @@ (Walls Openings)
@@ -29,13 +29,13 @@ struct MapTextSection {
 //   $        default code         $ Z99
 //   else     pattern line, for the header above it
 //
-// The records end up sorted by their number of tokens, fewest first, in the order of the file among
-// equals. So the general pattern stands ahead of the special one and wins: this is required.
+// The records are sorted stably by their number of tokens, fewest first. So a general pattern comes
+// before a special one and wins: this is required.
 //
 // An exception leaves the records of the lines before it, in the order of the file.
 //
-// Records keep the texts that they look at: copies, or the file that the text is of, if there is
-// one and their lines are a good part of it.
+// `file` is the file that contains `text`. If their lines are a good part of it, the records keep
+// the file alive; otherwise they keep copies of their lines.
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
                          std::shared_ptr<const TextFile> file = nullptr);
 

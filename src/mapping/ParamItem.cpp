@@ -15,7 +15,7 @@ bool HasEqualsSign(std::wstring_view token) {
   return token.find(L'=') != token.npos;
 }
 
-// An item that stands in one token: its id, a colon or an "=", its values.
+// Parses an item in one token: its id, a colon or "=", its values.
 ParamItem ParseWholeItem(std::wstring_view token) {
   const std::wstring_view separator = token.find(L':') != token.npos ? L":" : L"=";
   std::vector<std::wstring> pieces = SplitTrimmed(token, separator, true);
@@ -28,25 +28,25 @@ ParamItem ParseWholeItem(std::wstring_view token) {
   return item;
 }
 
-// The walk over the tokens: an item that spreads over several of them is pending until one ends it.
+// A state machine over the tokens: an item of several tokens is pending until one ends it.
 class ItemReader {
  public:
-  // Takes in the token, or its head. False if the token is still to be read, then being the text
-  // that stands behind the item that was just completed.
+  // Reads the token and returns true; or completes an item with its head, leaves the rest in
+  // `token` and returns false.
   bool Take(std::wstring& token) {
-    if (pendingName.empty()) {
+    if (pendingName_.empty()) {
       Open(token);
       return true;
     }
-    if (mode == Mode::undecided) mode = HasEqualsSign(token) ? Mode::named : Mode::plain;
-    return mode == Mode::plain ? TakePlain(token) : TakeNamed(token);
+    if (mode_ == Mode::undecided) mode_ = HasEqualsSign(token) ? Mode::named : Mode::plain;
+    return mode_ == Mode::plain ? TakePlain(token) : TakeNamed(token);
   }
 
   void CompletePending() {
-    if (pendingName.empty()) return;
-    items.push_back({std::move(pendingValue), std::move(pendingName)});
-    pendingValue.clear();
-    pendingName.clear();
+    if (pendingName_.empty()) return;
+    items.push_back({std::move(pendingValue_), std::move(pendingName_)});
+    pendingValue_.clear();
+    pendingName_.clear();
   }
 
   ParamItemList items;
@@ -59,11 +59,11 @@ class ItemReader {
       items.push_back(ParseWholeItem(token));
       return;
     }
-    pendingName = token;
-    mode = Mode::undecided;
+    pendingName_ = token;
+    mode_ = Mode::undecided;
   }
 
-  void AddWord(std::wstring_view word) { pendingValue.append(L" ").append(word); }
+  void AddWord(std::wstring_view word) { pendingValue_.append(L" ").append(word); }
 
   bool TakePlain(std::wstring& token) {
     const std::size_t semicolon = token.find(L';');
@@ -84,9 +84,9 @@ class ItemReader {
     return false;
   }
 
-  std::wstring pendingName;
-  std::wstring pendingValue;
-  Mode mode = Mode::undecided;
+  std::wstring pendingName_;
+  std::wstring pendingValue_;
+  Mode mode_ = Mode::undecided;
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ bool IsParamComment(std::wstring_view statement) {
   return std::wstring_view(L"/!@").find(statement.front()) != std::wstring_view::npos;
 }
 
-// The first token is the code, and unless it holds an "=" it opens the first item as well.
+// The first token is the code. Unless it contains "=", it also opens the first item.
 ParamRecord ParseParamRecord(std::wstring_view statement) {
   std::vector<std::wstring> tokens = SplitTrimmed(statement, L" ", false);
   ParamRecord record;
@@ -37,7 +37,7 @@ const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view cod
 std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
   PieceReader reader = CutEntries(text, true);
   std::vector<std::wstring_view> statements;
-  constexpr std::size_t shortLine = 16;  // lines that are shorter make the vector grow
+  constexpr std::size_t shortLine = 16;  // shorter lines make the vector grow
   statements.reserve(text.size() / shortLine + 1);
   for (std::wstring_view statement; reader.Next(statement);) statements.push_back(statement);
   return statements;

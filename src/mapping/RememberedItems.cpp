@@ -21,18 +21,18 @@ RememberedItems::~RememberedItems() = default;
 const CodeItems* RememberedItems::Find(int codeId, const DomenStore& store,
                                        const std::vector<std::wstring>& domenIds) const {
   const auto position = static_cast<std::size_t>(codeId);
-  if (position >= byCodeId_.size() || !AreOf(store, domenIds)) return nullptr;
+  if (position >= byCodeId_.size() || !IsFor(store, domenIds)) return nullptr;
   return byCodeId_[position].get();
 }
 
 const CodeItems* RememberedItems::Keep(int codeId, const DomenStore& store,
                                        const std::vector<std::wstring>& domenIds,
                                        CodeItems& items) noexcept {
-  constexpr std::size_t mostUnits = 25'000'000;
+  constexpr std::size_t maxUnits = 25'000'000;
   const auto position = static_cast<std::size_t>(codeId);
   const std::size_t size = items.text.size();
   try {
-    if (!AreOf(store, domenIds) || units_ + size > mostUnits) BeginAnew(store, domenIds);
+    if (!IsFor(store, domenIds) || units_ + size > maxUnits) Restart(store, domenIds);
     if (byCodeId_.size() <= position) byCodeId_.resize(position + 1);
     byCodeId_[position] = std::make_unique<const CodeItems>(std::move(items));
   } catch (...) {
@@ -42,7 +42,7 @@ const CodeItems* RememberedItems::Keep(int codeId, const DomenStore& store,
   return byCodeId_[position].get();
 }
 
-bool RememberedItems::AreOf(const DomenStore& store,
+bool RememberedItems::IsFor(const DomenStore& store,
                             const std::vector<std::wstring>& domenIds) const {
   return store.IsIn(state_) && domenIds_ == domenIds;
 }
@@ -53,9 +53,8 @@ void RememberedItems::Forget() noexcept {
   state_ = nullptr;
 }
 
-// What fails here leaves nothing remembered.
-void RememberedItems::BeginAnew(const DomenStore& store,
-                                const std::vector<std::wstring>& domenIds) {
+// A failure leaves the cache empty.
+void RememberedItems::Restart(const DomenStore& store, const std::vector<std::wstring>& domenIds) {
   Forget();
   domenIds_ = domenIds;
   state_ = store.State();

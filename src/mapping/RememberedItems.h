@@ -1,3 +1,5 @@
+// A bounded cache of composed items.
+
 #pragma once
 
 #include <cstddef>
@@ -11,11 +13,11 @@ struct CodeItems;
 struct DomenStore;
 
 // The composed items of the codes of one section, for one state of the domains and one list of
-// domain ids: whatever is asked for others is not among them. A copy remembers nothing.
+// domain ids. A copy remembers nothing.
 //
-// Each code id has items of its own, also where one header has many of them. So what is remembered
-// has a bound, beyond which it begins anew, with the items that were to be kept, however long they
-// are: a few long headers can't fill the memory.
+// Each code id has its own items, even where code ids share a header. So the cache is bounded, lest
+// a few long headers fill the memory: beyond the bound it is cleared before the next items are
+// kept, however long they are.
 class RememberedItems {
  public:
   RememberedItems();
@@ -23,24 +25,24 @@ class RememberedItems {
   RememberedItems& operator=(const RememberedItems& other);
   ~RememberedItems();
 
-  // Returns the items of the code, or null if they aren't remembered. They are good until the next
-  // call of `Keep`.
+  // Returns the items of the code, or null if they aren't remembered for these domains. The items
+  // are valid until the next call of `Keep`.
   const CodeItems* Find(int codeId, const DomenStore& store,
                         const std::vector<std::wstring>& domenIds) const;
 
-  // Takes the items of a code that isn't remembered, and returns where they are. Returns null, and
-  // leaves `items` as it was, if memory runs out. REQUIRES: codeId >= 0.
+  // Moves the items into the cache and returns them there. Returns null, and leaves `items` as it
+  // was, if memory runs out. REQUIRES: codeId >= 0, and its items aren't remembered.
   const CodeItems* Keep(int codeId, const DomenStore& store,
                         const std::vector<std::wstring>& domenIds, CodeItems& items) noexcept;
 
   void Forget() noexcept;
 
  private:
-  bool AreOf(const DomenStore& store, const std::vector<std::wstring>& domenIds) const;
-  void BeginAnew(const DomenStore& store, const std::vector<std::wstring>& domenIds);
+  bool IsFor(const DomenStore& store, const std::vector<std::wstring>& domenIds) const;
+  void Restart(const DomenStore& store, const std::vector<std::wstring>& domenIds);
 
   std::vector<std::unique_ptr<const CodeItems>> byCodeId_;
-  std::size_t units_ = 0;  // of all texts in it
+  std::size_t units_ = 0;  // of all texts
   std::shared_ptr<const void> state_;
   std::vector<std::wstring> domenIds_;
 };

@@ -1,3 +1,5 @@
+// Upper-casing of whole texts.
+
 #pragma once
 
 #include <string>
@@ -5,8 +7,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// The text in capitals, unit by unit, by the wide-character `ctype` facet of the global locale as
-// it stands at the moment of the call. The library itself never sets a locale.
+// Returns the text upper-cased unit by unit, by the `ctype<wchar_t>` facet of the global locale at
+// the time of the call. The library itself never sets a locale.
 std::wstring ToUpper(std::wstring_view text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

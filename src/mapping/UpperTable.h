@@ -1,3 +1,5 @@
+// Fast upper-casing by a locale.
+
 #pragma once
 
 #include <array>
@@ -8,10 +10,10 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// The upper-casing of the global locale as it stood when the table was made. What the locale's
-// facet returns is remembered for the scripts that most texts are written in, and asked for anew
-// for all other units; for every unit if the facet raises an exception for one of these. What it
-// raises is raised here too.
+// The upper-casing of the global locale at the time of construction. A table holds what the
+// locale's `ctype` facet returns for Latin, Greek and Cyrillic; for other units the facet is called
+// each time, and for all units if it raises an exception for one in the table. Passes on what the
+// facet raises.
 class UpperTable {
  public:
   UpperTable();
@@ -21,21 +23,19 @@ class UpperTable {
     return index < rememberedCount_ ? remembered_[index] : facet_->toupper(unit);
   }
 
-  // The capital of the capital, which can be another one.
+  // The capital of the capital, which can differ from it.
   wchar_t UpperTwice(wchar_t unit) const {
     const auto index = static_cast<std::size_t>(unit);
     return index < rememberedCount_ ? rememberedTwice_[index] : Upper(facet_->toupper(unit));
   }
 
-  // Whether the global locale still is that of the table.
-  bool IsCurrent() const {
-    return std::locale() == locale_ && runtimeLocale_ == LocaleBehindFacets();
-  }
+  // Returns whether the global locale is still that of the table.
+  bool IsCurrent() const { return std::locale() == locale_ && runtimeLocale_ == RuntimeLocale(); }
 
  private:
-  // The name of the C runtime's locale where it decides what all facets return: with mingw-w64,
-  // whose C++ runtime asks the C runtime each time.
-  static const char* LocaleBehindFacets() {
+  // The name of the C runtime's locale if it determines what facets return, as with mingw-w64,
+  // whose C++ runtime calls the C runtime each time.
+  static const char* RuntimeLocale() {
 #if defined(__MINGW32__)
     return std::setlocale(LC_CTYPE, nullptr);
 #else
@@ -43,14 +43,14 @@ class UpperTable {
 #endif
   }
 
-  static constexpr std::size_t behindCyrillic = 0x460;
+  static constexpr std::size_t endOfCyrillic = 0x460;
 
   std::locale locale_;
   const std::ctype<wchar_t>* facet_;  // of `locale_`
-  std::string runtimeLocale_ = LocaleBehindFacets();
+  std::string runtimeLocale_ = RuntimeLocale();
   std::size_t rememberedCount_ = 0;
-  std::array<wchar_t, behindCyrillic> remembered_;
-  std::array<wchar_t, behindCyrillic> rememberedTwice_;
+  std::array<wchar_t, endOfCyrillic> remembered_;
+  std::array<wchar_t, endOfCyrillic> rememberedTwice_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

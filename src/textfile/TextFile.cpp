@@ -10,18 +10,18 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// A file that is opened as text ends at this byte on Windows. It does so on every platform, for a
-// file has to read the same wherever it is read.
+// On Windows this byte ends a file that is opened as text. It ends files on all platforms, so that
+// a file reads the same everywhere.
 constexpr char endOfText = '\x1A';
 
-// Puts lines one behind the other and finds the sections on the way.
+// Packs the lines of a file into its `units`, and finds the sections on the way.
 class SectionCutter {
  public:
-  explicit SectionCutter(TextFile& target) : file(target), end(target.units.get()) {}
+  explicit SectionCutter(TextFile& file) : file_(file), end_(file.units.get()) {}
 
-  // Adds the line of these bytes, as far as they can be decoded. False if they can't to the end.
+  // Adds the line, as far as its bytes can be decoded. Returns whether all of them could.
   bool Add(std::string_view bytes) {
-    wchar_t* const start = end == file.units.get() ? end : end + 1;
+    wchar_t* const start = end_ == file_.units.get() ? end_ : end_ + 1;
     wchar_t* const decodedEnd = TakeUtf8(bytes, start);
     const std::wstring_view line = Trimmed(std::wstring_view(start, decodedEnd));
     if (!line.empty()) Keep(line, start);
@@ -30,23 +30,23 @@ class SectionCutter {
 
  private:
   void Keep(std::wstring_view line, wchar_t* start) {
-    if (start != end) *end = L'\n';
+    if (start != end_) *end_ = L'\n';
     if (line.data() != start) {
       std::wstring::traits_type::move(start, line.data(), line.size());
     }
-    end = start + line.size();
+    end_ = start + line.size();
     if (line.size() > 1 && start[0] == L'=' && start[1] == L'=') {
-      file.sections.push_back({std::wstring_view(start, end), {}});
-      body = nullptr;
-    } else if (!file.sections.empty()) {
-      if (!body) body = start;
-      file.sections.back().body = std::wstring_view(body, end);
+      file_.sections.push_back({std::wstring_view(start, end_), {}});
+      body_ = nullptr;
+    } else if (!file_.sections.empty()) {
+      if (!body_) body_ = start;
+      file_.sections.back().body = std::wstring_view(body_, end_);
     }
   }
 
-  TextFile& file;
-  wchar_t* end;                   // of the lines
-  const wchar_t* body = nullptr;  // of the last section; null until it has a line
+  TextFile& file_;
+  wchar_t* end_;                   // of the lines so far
+  const wchar_t* body_ = nullptr;  // of the last section; null until it has a line
 };
 
 }  // namespace
@@ -54,7 +54,7 @@ class SectionCutter {
 TextFile CutTextFile(std::string_view bytes) {
   bytes = bytes.substr(0, bytes.find(endOfText));
   TextFile file;
-  // No line has more units than bytes, and the line feeds are among these.
+  // A line has at most as many units as bytes, line feeds included.
   file.units = std::make_unique_for_overwrite<wchar_t[]>(bytes.size());
   file.size = bytes.size();
   SectionCutter cutter(file);
@@ -72,7 +72,7 @@ std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path) {
 }
 
 PieceReader CutEntries(std::wstring_view body, bool keepEmpty) {
-  // Without a semicolon in it the text is one piece there, and line feeds give as many or more.
+  // A text without semicolons is at most one piece at semicolons, and no fewer at line feeds.
   if (body.find(L';') == body.npos) return PieceReader(body, L"\n", keepEmpty);
   const std::size_t atLineFeeds = CountPieces(body, L"\n", keepEmpty);
   const std::size_t atSemicolons = CountPieces(body, L";", keepEmpty);

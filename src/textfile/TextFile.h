@@ -1,6 +1,6 @@
-// The frame that classificator files and text domain files share: lines, sections, entries.
+// The structure that classificator files and text domain files share: lines, sections, entries.
 //
-// A file is decoded once into one text, and all that follows are views into it.
+// A file is decoded once into one text. Lines, sections and entries are views into it.
 
 #pragma once
 
@@ -14,30 +14,30 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A line that begins with "==" and the lines behind it, up to the next such line. The body's lines
-// have one line feed between them and none behind the last.
+// A line that begins with "==" and the lines after it, up to the next such line. The lines of the
+// body are separated by one line feed; there is none after the last.
 struct TextSection {
   std::wstring_view heading;
   std::wstring_view body;
 };
 
-// The sections of a file, in order, out of its lines, which are trimmed and none of which is blank.
-// Lines ahead of the first heading belong to none. Whoever keeps a view into it keeps the file.
+// The sections of a file, in order. Lines are trimmed, and blank ones dropped; lines before the
+// first heading belong to no section. The views are valid as long as the `TextFile`.
 struct TextFile {
-  std::unique_ptr<wchar_t[]> units;  // what the sections look at
-  std::size_t size = 0;              // how many it has room for
+  std::unique_ptr<wchar_t[]> units;  // the text that the sections are views of
+  std::size_t size = 0;              // the capacity of `units`
   std::vector<TextSection> sections;
 };
 
-// Bytes that cannot be decoded end the file, and so does the first byte 1A.
+// The file ends at the first byte 1A, or at bytes that can't be decoded.
 TextFile CutTextFile(std::string_view bytes);
 
-// Null for a file that can't be opened.
+// Returns null if the file can't be opened.
 std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path);
 
-// The reader of a section's entries: its pieces at line feeds or its pieces at semicolons, never at
-// both. Whichever are more count for the whole section, and on a tie it is the semicolons, on
-// purpose.
+// Returns a reader of the section's entries: its pieces at line feeds or its pieces at semicolons,
+// whichever are more. The choice holds for the whole section. On a tie, semicolons win: this is
+// required.
 PieceReader CutEntries(std::wstring_view body, bool keepEmpty);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
