@@ -1,0 +1,13 @@
+# The tests of the project's Python scripts.
+
+find_package(Python3 COMPONENTS Interpreter)
+if(NOT Python3_FOUND)
+  message(STATUS "No python3: the scripts are not tested")
+  return()
+endif()
+
+add_test(NAME Scripts.IdentifierCharsAreThoseOfTheUnicodeData
+  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/identifier_chars.py
+          --check ${PROJECT_SOURCE_DIR}/src/json/cfg/IdentifierRanges.h)
+set_tests_properties(Scripts.IdentifierCharsAreThoseOfTheUnicodeData PROPERTIES
+  SKIP_RETURN_CODE 77)
