@@ -108,13 +108,16 @@ def format_ranges(ranges):
 
 def table(categories, ages):
     return FILE.format(
-        letter_names=", ".join(LETTERS), letters=format_ranges(ranges_of(categories, ages, LETTERS)),
-        mark_names=", ".join(MARKS), marks=format_ranges(ranges_of(categories, ages, MARKS)))
+        letter_names=", ".join(LETTERS),
+        letters=format_ranges(ranges_of(categories, ages, LETTERS)),
+        mark_names=", ".join(MARKS),
+        marks=format_ranges(ranges_of(categories, ages, MARKS)))
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
-    parser.add_argument("--check", metavar="FILE", type=Path, help="compare the table with this file")
+    parser.add_argument("--check", metavar="FILE", type=Path,
+                        help="compare the table with this file")
     options = parser.parse_args()
 
     age_file, category_file = DATA / "DerivedAge.txt", DATA / "UnicodeData.txt"

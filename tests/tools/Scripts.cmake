@@ -11,3 +11,8 @@ add_test(NAME Scripts.IdentifierCharsAreThoseOfTheUnicodeData
           --check ${PROJECT_SOURCE_DIR}/src/json/cfg/IdentifierRanges.h)
 set_tests_properties(Scripts.IdentifierCharsAreThoseOfTheUnicodeData PROPERTIES
   SKIP_RETURN_CODE 77)
+
+add_test(NAME Scripts.MutantsAreFoundAndTriedOutAsTheirTestsSay
+  COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${PROJECT_SOURCE_DIR}/scripts/mutate
+          ${Python3_EXECUTABLE} -B -m unittest discover -s ${CMAKE_CURRENT_LIST_DIR}/mutate
+          -p *_test.py)
