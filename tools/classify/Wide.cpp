@@ -3,7 +3,6 @@
 #include <utf8.h>
 
 #include <iterator>
-#include <memory>
 
 bool IsUtf8(std::string_view bytes) {
   return utf8::is_valid(bytes.begin(), bytes.end());
@@ -35,17 +34,4 @@ std::string ToField(std::wstring_view text) {
     if (character == '\t' || character == '\n' || character == '\r') character = ' ';
   }
   return field;
-}
-
-std::wstring Take(const wchar_t* result) {
-  const std::unique_ptr<const wchar_t[]> owner(result);
-  return result;
-}
-
-std::vector<std::wstring> TakeAll(int count, const wchar_t** results) {
-  std::vector<std::wstring> texts;
-  if (count == 0) return texts;
-  const std::unique_ptr<const wchar_t*[]> owner(results);
-  for (int i = 0; i < count; ++i) texts.push_back(Take(results[i]));
-  return texts;
 }

@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 bool IsUtf8(std::string_view bytes);
 
@@ -15,7 +14,3 @@ std::string ToUtf8(std::wstring_view text);
 
 // The text as a field of the output, in UTF-8: what would end it or its line becomes a blank.
 std::string ToField(std::wstring_view text);
-
-// The value of a result of the library, whose buffers are freed.
-std::wstring Take(const wchar_t* result);
-std::vector<std::wstring> TakeAll(int count, const wchar_t** results);

@@ -20,6 +20,7 @@
 #include "Loading.h"
 #include "Options.h"
 #include "ProgressBar.h"
+#include "Results.h"
 #include "Summary.h"
 #include "Terminal.h"
 #include "Wide.h"
