@@ -1,31 +1,27 @@
 #include "Wide.h"
 
-#include <utf8.h>
+#include <optional>
+#include <utility>
 
-#include <iterator>
+#include "Failure.h"
+#include "editor/Utf8.h"
+
+using namespace TolvenLibs::RevitMappingEditorDll;
 
 bool IsUtf8(std::string_view bytes) {
-  return utf8::is_valid(bytes.begin(), bytes.end());
+  std::wstring units(bytes.size(), L'\0');
+  TakeUtf8(bytes, units.data());
+  return bytes.empty();
 }
 
 std::wstring ToWide(std::string_view bytes) {
-  std::wstring text;
-  if constexpr (sizeof(wchar_t) == 2) {
-    utf8::utf8to16(bytes.begin(), bytes.end(), std::back_inserter(text));
-  } else {
-    utf8::utf8to32(bytes.begin(), bytes.end(), std::back_inserter(text));
-  }
-  return text;
+  return DecodeUtf8(bytes);
 }
 
 std::string ToUtf8(std::wstring_view text) {
-  std::string bytes;
-  if constexpr (sizeof(wchar_t) == 2) {
-    utf8::utf16to8(text.begin(), text.end(), std::back_inserter(bytes));
-  } else {
-    utf8::utf32to8(text.begin(), text.end(), std::back_inserter(bytes));
-  }
-  return bytes;
+  std::optional<std::string> bytes = EncodeUtf8(text);
+  if (!bytes) throw Failure{failedOtherwise, "A text holds half a surrogate pair."};
+  return *std::move(bytes);
 }
 
 std::string ToField(std::wstring_view text) {

@@ -7,9 +7,10 @@
 
 bool IsUtf8(std::string_view bytes);
 
-// `bytes` must be UTF-8.
+// REQUIRES: `bytes` is UTF-8.
 std::wstring ToWide(std::string_view bytes);
 
+// Throws a `Failure` for half a surrogate pair, which JSON5 can write.
 std::string ToUtf8(std::wstring_view text);
 
 // The text as a field of the output, in UTF-8: what would end it or its line becomes a blank.
