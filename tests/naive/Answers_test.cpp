@@ -17,10 +17,10 @@
 #include "naive/ClassificatorText.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"
-#include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/GlobalLocale.h"
 #include "support/OutOfRange.h"
+#include "support/Random.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"
 #include "support/UpperFails.h"
@@ -28,7 +28,6 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-using Naive::Random;
 using Lines = std::vector<std::string>;
 
 // An editor, and beside it what the editor is to hold. A copy of the one goes with a copy of the
@@ -301,13 +300,13 @@ class Round {
     const int count = static_cast<int>(twins.Active().mapTextSection.records.size());
     for (int codeId = -2; codeId <= count; ++codeId) {
       CompareCode(twins, codeId, 1);
-      CompareCode(twins, codeId, random.Number(0, 3));
+      CompareCode(twins, codeId, random.Between(0, 3));
     }
-    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random.Number(0, 3));
+    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random.Between(0, 3));
   }
 
   void CompareText(Twins& twins, const std::wstring& text) {
-    const int sourceKind = random.OneIn(4) ? random.Number(-1, 3) : 1;
+    const int sourceKind = random.OneIn(4) ? random.Between(-1, 3) : 1;
     const std::wstring& suffix = random.OneOf(suffixes);
     EXPECT_EQ(Take(twins.editor.GetMappingStr(text.c_str(), sourceKind, suffix.c_str())),
               Naive::GetMappingStr(twins.Active(), twins.store, twins.startMark, twins.endMark,
