@@ -14,7 +14,7 @@
 #include "RevitMappingEditorDll.h"
 #include "domen/DomenStore.h"
 #include "editor/Files.h"
-#include "naive/ClassificatorText.h"
+#include "naive/ClassificatorFile.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"
 #include "naive/Records.h"
@@ -40,12 +40,11 @@ struct Twins {
   void CreateClassificator(const std::wstring& id, const std::wstring& file) {
     const std::optional<std::string> bytes = ReadFile(file);
     ASSERT_TRUE(bytes);
-    Naive::Classificator classificator = Naive::ParseClassificator(*bytes);
-    classificator.paramName = L"Param" + std::to_wstring(classificators.size());
-    classificators.push_back(classificator);
+    const Naive::ClassificatorFile read = Naive::ReadClassificator(*bytes);
+    const std::wstring paramName = L"Param" + std::to_wstring(classificators.size());
+    classificators.push_back({paramName, read.mapTextSection, read.paramSection});
     ids.push_back(id);
-    const wchar_t* paramName = classificator.paramName.c_str();
-    ASSERT_EQ(editor.CreateClassificator(id.c_str(), L"", paramName, file.c_str()),
+    ASSERT_EQ(editor.CreateClassificator(id.c_str(), L"", paramName.c_str(), file.c_str()),
               store.LoadDomen(file, L""));
   }
 

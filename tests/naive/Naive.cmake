@@ -4,7 +4,6 @@ include_guard(GLOBAL)
 # linked from the library but what its records bring with them.
 add_library(naive OBJECT
   ${CMAKE_CURRENT_LIST_DIR}/ClassificatorFile.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/ClassificatorText.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CodeLookup.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ColoratSection.cpp
   ${CMAKE_CURRENT_LIST_DIR}/DomenFiles.cpp
