@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 node=()
 command -v npm >/dev/null || node=(nodejs npm)
 . scripts/setup.sh clang-format clang-19 locales g++-mingw-w64-x86-64-posix googletest wine64 \
-  "${node[@]}"
+  python3 unicode-data "${node[@]}"
 
 # Locales whose numbers and capitals are written otherwise, which must change nothing.
 for name in de_DE ru_RU tr_TR; do

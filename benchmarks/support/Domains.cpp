@@ -31,7 +31,7 @@ std::string ToUtf8(std::wstring_view text) {
 
 std::string MakeTitle(const Vocabulary& vocabulary, Random& random) {
   std::string title = ToUtf8(vocabulary.Frequent(random));
-  for (std::size_t words = random.Between(1, 3); words > 0; --words) {
+  for (int words = random.Between(1, 3); words > 0; --words) {
     title += " " + ToUtf8(vocabulary.Frequent(random));
   }
   return title;
@@ -54,7 +54,7 @@ PropertyData MakeProperty(std::size_t index, const Vocabulary& vocabulary, Rando
   property.id = ToUtf8(vocabulary.Any(random)) + std::to_string(index);
   property.title = MakeTitle(vocabulary, random);
   const std::size_t firstType = random.Below(20);
-  const std::size_t types = random.Between(1, 3);
+  const auto types = random.Between<std::size_t>(1, 3);
   for (std::size_t i = 0; i < types; ++i) {
     property.objectTypes.push_back("Type" + std::to_string((firstType + i) % 20));
   }

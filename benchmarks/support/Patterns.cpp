@@ -46,7 +46,7 @@ void Misspell(std::wstring& text, Random& random) {
 
 // Adds words and sizes until there are 20 to 80 characters.
 std::wstring Lengthen(std::wstring text, const Vocabulary& vocabulary, Random& random) {
-  const std::size_t length = std::max(text.size(), random.Between(20, 80));
+  const std::size_t length = std::max(text.size(), random.Between<std::size_t>(20, 80));
   while (text.size() < length) {
     text += L' ';
     text += random.Below(3) == 0 ? std::to_wstring(random.Between(1, 300) * 10) + L"mm"

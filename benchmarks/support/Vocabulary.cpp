@@ -14,7 +14,7 @@ std::wstring MakeWord(Random& random) {
   constexpr std::wstring_view consonants = L"bcdfghklmnprstvz";
   constexpr std::wstring_view vowels = L"aeiou";
   std::wstring word;
-  for (std::size_t syllables = random.Between(2, 4); syllables > 0; --syllables) {
+  for (int syllables = random.Between(2, 4); syllables > 0; --syllables) {
     word += consonants[random.Below(consonants.size())];
     word += vowels[random.Below(vowels.size())];
     if (random.Below(3) == 0) word += consonants[random.Below(consonants.size())];

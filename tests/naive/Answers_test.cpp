@@ -14,13 +14,13 @@
 #include "RevitMappingEditorDll.h"
 #include "base/Files.h"
 #include "domen/DomenStore.h"
-#include "naive/ClassificatorText.h"
+#include "naive/ClassificatorFile.h"
 #include "naive/CodeLookup.h"
 #include "naive/MappingString.h"
-#include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/GlobalLocale.h"
 #include "support/OutOfRange.h"
+#include "support/Random.h"
 #include "support/Results.h"
 #include "support/TempFolder.h"
 #include "support/UpperFails.h"
@@ -28,7 +28,6 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-using Naive::Random;
 using Lines = std::vector<std::string>;
 
 // An editor, and beside it what the editor is to hold. A copy of the one goes with a copy of the
@@ -41,12 +40,11 @@ struct Twins {
   void CreateClassificator(const std::wstring& id, const std::wstring& file) {
     const std::optional<std::string> bytes = ReadFile(file);
     ASSERT_TRUE(bytes);
-    Naive::Classificator classificator = Naive::ParseClassificator(*bytes);
-    classificator.paramName = L"Param" + std::to_wstring(classificators.size());
-    classificators.push_back(classificator);
+    const Naive::ClassificatorFile read = Naive::ReadClassificator(*bytes);
+    const std::wstring paramName = L"Param" + std::to_wstring(classificators.size());
+    classificators.push_back({paramName, read.mapTextSection, read.paramSection});
     ids.push_back(id);
-    const wchar_t* paramName = classificator.paramName.c_str();
-    ASSERT_EQ(editor.CreateClassificator(id.c_str(), L"", paramName, file.c_str()),
+    ASSERT_EQ(editor.CreateClassificator(id.c_str(), L"", paramName.c_str(), file.c_str()),
               store.LoadDomen(file, L""));
   }
 
@@ -301,13 +299,13 @@ class Round {
     const int count = static_cast<int>(twins.Active().mapTextSection.records.size());
     for (int codeId = -2; codeId <= count; ++codeId) {
       CompareCode(twins, codeId, 1);
-      CompareCode(twins, codeId, random.Number(0, 3));
+      CompareCode(twins, codeId, random.Between(0, 3));
     }
-    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random.Number(0, 3));
+    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random.Between(0, 3));
   }
 
   void CompareText(Twins& twins, const std::wstring& text) {
-    const int sourceKind = random.OneIn(4) ? random.Number(-1, 3) : 1;
+    const int sourceKind = random.OneIn(4) ? random.Between(-1, 3) : 1;
     const std::wstring& suffix = random.OneOf(suffixes);
     EXPECT_EQ(Take(twins.editor.GetMappingStr(text.c_str(), sourceKind, suffix.c_str())),
               Naive::GetMappingStr(twins.Active(), twins.store, twins.startMark, twins.endMark,

@@ -12,16 +12,15 @@
 #include "domen/DomenStore.h"
 #include "mapping/CodeParams.h"
 #include "naive/MappingString.h"
-#include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/DescribeDomens.h"
 #include "support/MapTextByHand.h"
 #include "support/OutOfRange.h"
+#include "support/Random.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-using Naive::Random;
 using Texts = std::vector<std::wstring>;
 
 const Texts domenIds = {L"D", L"E", L"F", L""};
@@ -120,7 +119,7 @@ struct Round {
     DomenProperty property(random.OneOf(propertyIds), L"name", {}, random.OneIn(2), 5);
     for (std::size_t count = random.Below(5); count > 0; --count) {
       const std::wstring& name = random.OneOf(fieldNames);
-      property.AddValueField(name, L"title", random.Number(0, 5), true, random.OneOf(words));
+      property.AddValueField(name, L"title", random.Between(0, 5), true, random.OneOf(words));
     }
     return property;
   }

@@ -12,15 +12,14 @@
 
 #include "mapping/CodeLookup.h"
 #include "mapping/UpperTable.h"
-#include "naive/Random.h"
 #include "support/GlobalLocale.h"
 #include "support/MapTextByHand.h"
+#include "support/Random.h"
 #include "support/UpperFails.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-using Naive::Random;
 using Texts = std::vector<std::wstring>;
 
 constexpr int refused = -2;

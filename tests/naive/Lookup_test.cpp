@@ -15,16 +15,15 @@
 #include "mapping/CodeLookup.h"
 #include "mapping/MapTextSection.h"
 #include "naive/CodeLookup.h"
-#include "naive/Random.h"
 #include "naive/Records.h"
 #include "support/GlobalLocale.h"
 #include "support/MapTextByHand.h"
+#include "support/Random.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
 using namespace std::string_literals;
-using Naive::Random;
 using Texts = std::vector<std::wstring>;
 
 template <wchar_t from, wchar_t to>

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "naive/CodeLookup.h"
+#include "naive/Fields.h"
 #include "naive/ParamSection.h"
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
@@ -51,18 +52,19 @@ std::wstring NamedValue(const Texts& words, const std::wstring& fieldName) {
 std::wstring ComposeItem(const ParamItem& item, std::wstring nameSuffix,
                          const DomenProperties& properties) {
   if (properties.count(item.propertyId) == 0) return L"";
-  const DomenProperty copy = properties.at(item.propertyId);
+  const DomenProperty copy = Naive::CopyOf(properties.at(item.propertyId));
   const Texts words = SplitTrimmed(item.valueText, L" ", false);
   const bool named = !words.empty() && words[0].find(L'=') != std::wstring::npos;
   std::wstring fieldTexts;
   for (std::size_t i = 0; i < copy.fields.size(); ++i) {
+    Field& field = *copy.fields[i];
     if (named) {
-      copy.fields[i]->SetValue(TrimChars(NamedValue(words, copy.fields[i]->name), L";"));
+      Naive::SetValue(field, TrimChars(NamedValue(words, field.name), L";"));
     } else if (i < words.size()) {
-      copy.fields[i]->SetValue(TrimChars(words[i], L";"));
+      Naive::SetValue(field, TrimChars(words[i], L";"));
     }
     if (!fieldTexts.empty()) fieldTexts += L" ";
-    fieldTexts += copy.fields[i]->GetValue();
+    fieldTexts += Naive::GetValue(field);
   }
   return item.propertyId + nameSuffix + L" " + fieldTexts + L";";
 }
@@ -109,7 +111,8 @@ DomenProperties CollectProperties(const DomenStore& store, Texts domenIds, Texts
     for (const std::wstring& propertyId : propertyIds) {
       const auto property = domen->second.properties.find(propertyId);
       if (property == domen->second.properties.end()) continue;
-      if (collected.count(propertyId) == 0) collected.emplace(propertyId, property->second);
+      if (collected.count(propertyId) != 0) continue;
+      collected.emplace(propertyId, Naive::CopyOf(property->second));
     }
   }
   return collected;

@@ -1,10 +1,9 @@
 include_guard(GLOBAL)
 
-# What the library's functions are held against: the same rules once more, plainly. Nothing of it is
-# linked from the library but what its records bring with them.
+# What the library's functions are held against: the same rules once more, plainly. Text.h says what
+# of the library they use.
 add_library(naive OBJECT
   ${CMAKE_CURRENT_LIST_DIR}/ClassificatorFile.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/ClassificatorText.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CodeLookup.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ColoratSection.cpp
   ${CMAKE_CURRENT_LIST_DIR}/DomenFiles.cpp

@@ -1,8 +1,15 @@
 // The operations on texts that the naive forms share.
 //
 // A naive form does what the rules of its operation say, step by step, in the fewest ideas and
-// without regard to cost. It shares no code with the library, so that a mistake in one of the two
-// shows as a difference between them.
+// without regard to cost, so that a mistake in the library shows as a difference between the two.
+// Its results are the library's records of domains, properties, value fields, items and colours, or
+// records of its own. From the library it takes
+//   - those records, with their constructors, starting values and containers;
+//   - the kinds of JSON5 values, and how deep they may be nested;
+//   - the table of identifier characters, which a test compares with the Unicode data;
+//   - in the functions that bring the library's results into its own form (`CopyOf` of Records.h,
+//     `Describe` of a `Json5Tree`) what reads these results.
+// No rule of an operation is among them.
 
 #pragma once
 

@@ -27,8 +27,6 @@ file(REMOVE_RECURSE ${WORK})
 set(no_programs "-D REVIT_MAPPING_EDITOR_TOOLS=OFF -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(CLI11 "The console programs need CLI11: \
 apt-get install libcli11-dev, or configure with ${no_programs}")
-expect_sentence(utf8cpp "The console programs need utf8cpp: \
-apt-get install libutfcpp-dev, or configure with ${no_programs}")
 expect_sentence(GTest "The tests need GTest: \
 apt-get install libgtest-dev, or configure with -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(benchmark "The benchmarks need benchmark: \

@@ -161,6 +161,7 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
   folder.Write("SCHEME.TXT", "==MAPTEXT\n");
   folder.Write("broken.json", "{\n  Domen {}\n}\n");
   folder.Write("latin1.json", "{ Domen: { sName: 'T\xFCr' } }");
+  folder.Write("half.json", R"({ Domen: { sName: '\uD83D', asFuncsNames: [] } })");
   fs::create_directory(folder.Path() / "folder.txt");
   struct Case {
     const char* arguments;
@@ -188,6 +189,7 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
       {"--domen broken.json --list domens", 4,
        "Domain file \"broken.json\", line 2, column 9: a colon is expected behind a key."},
       {"--domen latin1.json --list domens", 4, "Domain file \"latin1.json\" is not UTF-8."},
+      {"--domen half.json --list domens", 8, "A text holds half a surrogate pair."},
       {"--domen domain.txt export E out.json", 7, "No domain \"E\" is loaded."},
       {"--domen domain.txt export D out.txt", 7,
        "Target \"out.txt\" has a name that doesn't end in \".json\"."},

@@ -9,6 +9,7 @@
 
 #include "Failure.h"
 #include "Lists.h"
+#include "Results.h"
 #include "Wide.h"
 #include "base/Files.h"
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "Results.h"
 #include "Wide.h"
 
 namespace {

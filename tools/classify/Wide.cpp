@@ -1,32 +1,27 @@
 #include "Wide.h"
 
-#include <utf8.h>
+#include <optional>
+#include <utility>
 
-#include <iterator>
-#include <memory>
+#include "Failure.h"
+#include "base/Utf8.h"
+
+using namespace TolvenLibs::RevitMappingEditorDll;
 
 bool IsUtf8(std::string_view bytes) {
-  return utf8::is_valid(bytes.begin(), bytes.end());
+  std::wstring units(bytes.size(), L'\0');
+  TakeUtf8(bytes, units.data());
+  return bytes.empty();
 }
 
 std::wstring ToWide(std::string_view bytes) {
-  std::wstring text;
-  if constexpr (sizeof(wchar_t) == 2) {
-    utf8::utf8to16(bytes.begin(), bytes.end(), std::back_inserter(text));
-  } else {
-    utf8::utf8to32(bytes.begin(), bytes.end(), std::back_inserter(text));
-  }
-  return text;
+  return DecodeUtf8(bytes);
 }
 
 std::string ToUtf8(std::wstring_view text) {
-  std::string bytes;
-  if constexpr (sizeof(wchar_t) == 2) {
-    utf8::utf16to8(text.begin(), text.end(), std::back_inserter(bytes));
-  } else {
-    utf8::utf32to8(text.begin(), text.end(), std::back_inserter(bytes));
-  }
-  return bytes;
+  std::optional<std::string> bytes = EncodeUtf8(text);
+  if (!bytes) throw Failure{failedOtherwise, "A text holds half a surrogate pair."};
+  return *std::move(bytes);
 }
 
 std::string ToField(std::wstring_view text) {
@@ -35,17 +30,4 @@ std::string ToField(std::wstring_view text) {
     if (character == '\t' || character == '\n' || character == '\r') character = ' ';
   }
   return field;
-}
-
-std::wstring Take(const wchar_t* result) {
-  const std::unique_ptr<const wchar_t[]> owner(result);
-  return result;
-}
-
-std::vector<std::wstring> TakeAll(int count, const wchar_t** results) {
-  std::vector<std::wstring> texts;
-  if (count == 0) return texts;
-  const std::unique_ptr<const wchar_t*[]> owner(results);
-  for (int i = 0; i < count; ++i) texts.push_back(Take(results[i]));
-  return texts;
 }

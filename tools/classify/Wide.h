@@ -4,18 +4,14 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 bool IsUtf8(std::string_view bytes);
 
-// `bytes` must be UTF-8.
+// REQUIRES: `bytes` is UTF-8.
 std::wstring ToWide(std::string_view bytes);
 
+// Throws a `Failure` for half a surrogate pair, which JSON5 can write.
 std::string ToUtf8(std::wstring_view text);
 
 // The text as a field of the output, in UTF-8: what would end it or its line becomes a blank.
 std::string ToField(std::wstring_view text);
-
-// The value of a result of the library, whose buffers are freed.
-std::wstring Take(const wchar_t* result);
-std::vector<std::wstring> TakeAll(int count, const wchar_t** results);

@@ -1,5 +1,11 @@
 // Plays the add-in: loads a classificator and domains, and prints the mapping string of each
-// element. All of it goes through the exported class.
+// element. All that it loads, asks and exports goes through the exported class. From inside the
+// library it takes
+//   - the conversion of UTF-8 (Wide.cpp);
+//   - the search for a file and the reading of one (Loading.cpp, Export.cpp), so that it checks the
+//     same file that the library loads or writes, by the same rules;
+//   - the parser of JSON5 (Loading.cpp), which says where a file is malformed. The library keeps
+//     silent on that.
 
 #include <cerrno>
 #include <chrono>
@@ -20,6 +26,7 @@
 #include "Loading.h"
 #include "Options.h"
 #include "ProgressBar.h"
+#include "Results.h"
 #include "Summary.h"
 #include "Terminal.h"
 #include "Wide.h"

@@ -1,0 +1,35 @@
+// Random choices that are the same on every platform: the standard fixes what its engines return,
+// and not what its distributions make of that, so the latter are not used.
+
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <random>
+
+class Random {
+ public:
+  explicit Random(std::uint64_t seed) : engine(seed) {}
+
+  // From 0 to `bound` - 1. The bias of the remainder is far below what shows.
+  std::size_t Below(std::size_t bound) { return static_cast<std::size_t>(engine() % bound); }
+
+  // From `first` to `last`, both included.
+  template <std::integral Number>
+  Number Between(Number first, Number last) {
+    return static_cast<Number>(
+        first + static_cast<Number>(Below(static_cast<std::size_t>(last - first) + 1)));
+  }
+
+  bool OneIn(std::size_t times) { return Below(times) == 0; }
+
+  template <class Values>
+  auto& OneOf(Values& values) {
+    return values[Below(std::size(values))];
+  }
+
+ private:
+  std::mt19937_64 engine;
+};
