@@ -2,7 +2,7 @@
 # Measures the library beside the least work that could give the same results, and beside what a
 # user would pick instead.
 #
-#   scripts/bench.sh          measures, prints what was reached, and writes it into docs/
+#   scripts/bench.sh          measures, prints what was reached, and writes it into docs/measured/
 #   scripts/bench.sh --check  measures and prints, and fails if a ratio is not reached
 #   scripts/bench.sh --brief  runs everything once at its smallest size, for the answers alone
 set -euo pipefail

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures what inputs that are made to be dear cost at their full size and at half of it, writes the
-# figures into docs/reliability.md, and fails if one costs more than its size accounts for.
+# figures into docs/measured/hostile.md, and fails if one costs more than its size accounts for.
 #
 #   scripts/hostile.sh          measures all
 #   scripts/hostile.sh TEXT     measures those that have the text in their names, and only prints
@@ -15,5 +15,5 @@ cmake --build --preset linux-release --target hostile_sizes >/dev/null
 results=$build/hostile.tsv
 "$build/tests/hostile_sizes" "$@" | tee "$results.part"
 mv "$results.part" "$results"
-[ $# -gt 0 ] || document=docs/reliability.md
-python3 tests/hostile/report.py "$results" ${document:+"$document"}
+[ $# -gt 0 ] || page=docs/measured/hostile.md
+python3 tests/hostile/report.py "$results" ${page:+"$page"}

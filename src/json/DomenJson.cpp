@@ -168,7 +168,7 @@ struct PropertyRow {
 
 // A domain as an export goes through it. What stands far apart in memory is fetched sooner in one
 // go than with requests in between. A copy of the domain would be more than the row `ExportJson` of
-// docs/performance.md allows: it makes an export 1.7 times as dear.
+// docs/measured/performance.md allows: it makes an export 1.7 times as dear.
 struct DomenRows {
   explicit DomenRows(const Domen& domen) {
     properties.reserve(domen.properties.size());

@@ -1,17 +1,34 @@
-"""Prints what `hostile_sizes` has measured as a table, and writes it into a document.
+"""Prints what `hostile_sizes` has measured as a table, and writes it as a page.
 
-    report.py RESULTS [DOCUMENT]
+    report.py RESULTS [PAGE]
 
 The exit status is 1 if an input costs more than it may.
 """
 
-import re
 import sys
 from dataclasses import dataclass
 from pathlib import Path
 
 COLUMNS = ["reader", "made of", "how many", "half of them", "all of them", "ratio", "file",
            "peak memory", "stack"]
+
+PAGE = """# Measured hostile sizes
+
+Written by `scripts/hostile.sh`, to be read with [reliability.md](../reliability.md), which says what
+is promised.
+
+Each input is measured at its full size and at half of it. A time is the processor time of one
+editor's life, from its construction through load and queries to its destruction, the best of four
+runs or more. An input that is beyond its bound may owe that to the machine, and is measured up to four
+times as often. The ratio of times may be 2.2, or what a rule makes of it, which then follows the
+ratio; the ratio of memories may be as much. The memory is the most that the editor held at once, the
+text of the file included. The stack may be 16 kB, and not deeper at the full size than at half of it,
+but for a step of what divides its input in two. A ratio in bold says that one of these is exceeded.
+
+{verdict}
+
+{table}
+"""
 
 MOST_STACK = 16 << 10
 STEP_OF_STACK = 1 << 10  # what divides a sort or a tree in two goes a step deeper
@@ -79,24 +96,16 @@ def table(rows):
     return "\n".join("| " + " | ".join(cells) + " |" for cells in lines)
 
 
-def write(document, text):
-    path = Path(document)
-    before = path.read_text(encoding="utf-8")
-    marks = re.compile(r"(<!-- begin hostile -->\n).*?(<!-- end hostile -->)", re.DOTALL)
-    after, count = marks.subn(lambda found: f"{found[1]}\n{text}\n\n{found[2]}", before)
-    if count != 1:
-        sys.exit(f"{document} has no place for the table")
-    path.write_text(after, encoding="utf-8")
-
-
 def main():
     lines = Path(sys.argv[1]).read_text(encoding="utf-8").splitlines()
     rows = [Row.of(line) for line in lines]
     text = table(rows)
     print(text)
-    if len(sys.argv) > 2:
-        write(sys.argv[2], text)
     beyond = [row for row in rows if row.faults()]
+    if len(sys.argv) > 2:
+        verdict = f"{len(rows)} rows, {len(beyond)} of them beyond a bound."
+        page = PAGE.format(verdict=verdict, table=text)
+        Path(sys.argv[2]).write_text(page, encoding="utf-8")
     for row in beyond:
         print(f"{row.reader}, {row.input}: {', '.join(row.faults())}", file=sys.stderr)
     sys.exit(1 if beyond or not rows else 0)
