@@ -59,8 +59,8 @@ struct DomenStore {
   // The queries. All lists are in the order of the ids' or keys' code units, whatever the order in
   // the files and the sort indexes. An unknown domain has empty answers. Keys are views into the
   // domain, and properties are pointers into it: with copies of them the rows `sort_index`,
-  // `by_type`, `by_types`, `field_values` and `check_info` of docs/measured/performance.md would be beyond
-  // their bounds.
+  // `by_type`, `by_types`, `field_values` and `check_info` of docs/measured/performance.md would be
+  // beyond their bounds.
 
   std::vector<std::wstring> ListDomenIds() const;
 
