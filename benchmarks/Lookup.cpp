@@ -5,11 +5,14 @@
 //                          that was made anew, with nothing in the processor's caches
 //   lookup_build/WHO/SIZE  from patterns to the readiness for lookups; for the library the first of
 //                         them is part of it, as it makes the index
+//
+// With --titles=FOLDER there is one more size, of the tables of that folder.
 
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -198,19 +201,24 @@ void AddCases(const Size& size) {
   AddFloor(size);
 }
 
+LookupData ReadRealData(const std::string& folder) {
+  LookupData data = ReadLookupData(folder);
+  if (data.texts.size() >= warmTextCount) return data;
+  throw std::runtime_error(folder + " has too few descriptions");
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
   const bool brief = TakeBrief(argumentCount, arguments);
+  const std::string titles = TakeTitles(argumentCount, arguments);
   const TempFolder folder;
   std::vector<std::unique_ptr<Size>> sizes;
   for (const std::size_t count : {100, 1'000, 10'000, 100'000}) {
     if (brief && count > 1'000) break;  // among fewer, hardly any text fits two
     sizes.push_back(std::make_unique<Size>(MakeLookupData(count, textCount), folder));
   }
-  if (LookupData real = ReadLookupData(SHARED_DATA); !brief && !real.name.empty()) {
-    sizes.push_back(std::make_unique<Size>(std::move(real), folder));
-  }
+  if (!titles.empty()) sizes.push_back(std::make_unique<Size>(ReadRealData(titles), folder));
   for (const std::unique_ptr<Size>& size : sizes) AddCases(*size);
   return RunCases(argumentCount, arguments);
 }

@@ -5,10 +5,21 @@
 #   scripts/bench.sh          measures, prints what was reached, and writes it into docs/measured/
 #   scripts/bench.sh --check  measures and prints, and fails if a ratio is not reached
 #   scripts/bench.sh --brief  runs everything once at its smallest size, for the answers alone
+#
+# With --titles DIR the lookup is measured on real data too: the second columns of the tables in
+# DIR/classifications are patterns, those in DIR/models descriptions.
 set -euo pipefail
+mode=
+titles=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    --check | --brief) mode=$1 ;;
+    --titles) titles=("--titles=$(realpath -- "${2:-}")"); shift ;;
+    *) echo "scripts/bench.sh [--check | --brief] [--titles DIR]" >&2; exit 2 ;;
+  esac
+  shift
+done
 cd "$(dirname "$0")/.."
-mode=${1:-}
-case $mode in '' | --check | --brief) ;; *) echo "scripts/bench.sh [--check | --brief]" >&2; exit 2 ;; esac
 windows=()
 [ "$mode" = --brief ] || windows=(g++-mingw-w64-x86-64-posix wine64)
 . scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev nlohmann-json3-dev python3 \
@@ -41,6 +52,7 @@ measure_memory() {
 run() {
   local name=$1 log=$results/$1.log
   shift
+  [ "$name" != lookup ] || set -- "${titles[@]}" "$@"
   "$build/benchmarks/bench_$name" "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
 }
 

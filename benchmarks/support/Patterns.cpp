@@ -133,7 +133,6 @@ LookupData MakeLookupData(std::size_t count, std::size_t textCount) {
 
 LookupData ReadLookupData(const fs::path& folder) {
   LookupData data;
-  if (!fs::is_directory(folder / "classifications")) return data;
   data.name = "tables";
   data.patterns = ReadSecondColumn(folder / "classifications");
   data.records = MakeRecords(data.patterns);

@@ -1,5 +1,4 @@
-// Patterns and the descriptions that are looked up among them: generated ones, and real ones where
-// they are at hand.
+// Patterns and the descriptions that are looked up among them: generated ones and real ones.
 
 #pragma once
 
@@ -27,6 +26,7 @@ std::wstring MakePattern(const Vocabulary& vocabulary, Random& random);
 // which match. No two descriptions are equal.
 LookupData MakeLookupData(std::size_t count, std::size_t textCount);
 
-// The titles of the classification tables in `folder` as patterns, the names of elements in its
-// models as descriptions, as they stand. Empty if there is no such folder.
+// The second columns of the tables in `folder`/classifications as patterns, and of those in
+// `folder`/models as descriptions, as they stand. Raises `filesystem_error` if one of the two
+// folders is missing.
 LookupData ReadLookupData(const std::filesystem::path& folder);

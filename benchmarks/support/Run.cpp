@@ -5,16 +5,34 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <string_view>
 
-bool TakeBrief(int& argumentCount, char** arguments) {
-  char** const end = arguments + argumentCount;
+namespace {
+
+// What follows the prefix in the last argument that has it. All that have it are taken out.
+std::optional<std::string> TakeArgument(std::string_view prefix, int& argumentCount,
+                                        char** arguments) {
+  std::optional<std::string> rest;
   char** const kept =
-      std::remove_if(arguments, end, [](std::string_view text) { return text == "--brief"; });
+      std::remove_if(arguments, arguments + argumentCount, [&](std::string_view argument) {
+        if (!argument.starts_with(prefix)) return false;
+        rest = argument.substr(prefix.size());
+        return true;
+      });
   *kept = nullptr;
-  const bool found = kept != end;
   argumentCount = static_cast<int>(kept - arguments);
-  return found;
+  return rest;
+}
+
+}  // namespace
+
+bool TakeBrief(int& argumentCount, char** arguments) {
+  return TakeArgument("--brief", argumentCount, arguments).has_value();
+}
+
+std::string TakeTitles(int& argumentCount, char** arguments) {
+  return TakeArgument("--titles=", argumentCount, arguments).value_or("");
 }
 
 void ReturnFreeMemory() {

@@ -13,6 +13,10 @@
 // is taken out of them.
 bool TakeBrief(int& argumentCount, char** arguments);
 
+// The folder of `--titles=FOLDER` among the arguments, which is taken out of them; empty if it is
+// not there.
+std::string TakeTitles(int& argumentCount, char** arguments);
+
 // Gives all memory that is free back to the system, so that a load takes new memory, as the only
 // load of a process does. Otherwise a small file would be read into what a large one has left.
 void ReturnFreeMemory();

@@ -126,7 +126,7 @@ class Divide(unittest.TestCase):
         one_line = mutants_of("int a{5}; int b{5}; int c{5}; int d{5};")
         self.assertEqual(divide({"a": three_lines, "b": one_line}, 8), {"a": 6, "b": 2})
 
-    def test_gives_each_file_one_at_least_that_has_any(self):
+    def test_leaves_no_file_out_that_has_any(self):
         found = {"a": mutants_of("int a{0};\n" * 100), "b": mutants_of("int a{0};"), "c": []}
         self.assertEqual(divide(found, 2), {"a": 2, "b": 1})
 
