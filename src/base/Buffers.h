@@ -1,5 +1,5 @@
-// How results leave the library: as new buffers that the caller owns and frees with the array form
-// of `delete`. No buffer points into the editor.
+// Results of the library: new buffers that the caller owns and frees with `delete[]`. No buffer
+// points into the editor.
 
 #pragma once
 
@@ -15,16 +15,16 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A new buffer with the text up to its first NUL, and a NUL behind it. Never null.
+// Returns a new NUL-terminated copy of the text up to its first NUL. Never null.
 const wchar_t* NewString(std::wstring_view text);
 
-// The same of a text in pieces: `give` hands them, one after the other, to the function that it is
-// called with. It is called twice, and gives the same pieces both times.
-template <class Give>
-const wchar_t* NewJoined(const Give& give) {
+// The same of a text in pieces, which `write` passes in order to the function that it is called
+// with. It is called twice. REQUIRES: both calls pass the same pieces.
+template <class Write>
+const wchar_t* NewJoined(const Write& write) {
   std::size_t size = 0;
   bool atNul = false;
-  give([&size, &atNul](std::wstring_view piece) {
+  write([&size, &atNul](std::wstring_view piece) {
     if (atNul) return;
     const std::size_t nul = piece.find(L'\0');
     atNul = nul != piece.npos;
@@ -32,19 +32,19 @@ const wchar_t* NewJoined(const Give& give) {
   });
   auto* buffer = new wchar_t[size + 1];
   std::size_t filled = 0;
-  give([buffer, size, &filled](std::wstring_view piece) {
+  write([buffer, size, &filled](std::wstring_view piece) {
     filled += piece.copy(buffer + filled, size - filled);
   });
   buffer[size] = L'\0';
   return buffer;
 }
 
-// A new array on its way to the caller. Until `Release` hands it over it frees itself and the
-// strings in it, so that nothing leaks when memory runs out halfway.
+// A new array for the caller. Until `Release` it owns itself and the strings in it, so that nothing
+// leaks when memory runs out halfway.
 template <class Element>
 class OutputArray {
  public:
-  explicit OutputArray(std::size_t newSize) : elements(new Element[newSize]()), size(newSize) {}
+  explicit OutputArray(std::size_t size) : elements_(new Element[size]()), size_(size) {}
   OutputArray(const OutputArray&) = delete;
   OutputArray& operator=(const OutputArray&) = delete;
   OutputArray(OutputArray&&) noexcept = default;
@@ -52,19 +52,19 @@ class OutputArray {
 
   ~OutputArray() {
     if constexpr (std::is_same_v<Element, const wchar_t*>) {
-      for (std::size_t i = 0; elements && i < size; ++i) delete[] elements[i];
+      for (std::size_t i = 0; elements_ && i < size_; ++i) delete[] elements_[i];
     }
   }
 
-  Element& operator[](std::size_t index) { return elements[index]; }
-  Element* Release() { return elements.release(); }
+  Element& operator[](std::size_t index) { return elements_[index]; }
+  Element* Release() { return elements_.release(); }
 
  private:
-  std::unique_ptr<Element[]> elements;
-  std::size_t size;
+  std::unique_ptr<Element[]> elements_;
+  std::size_t size_;
 };
 
-// One array output of an export, and what of a result goes into it: a member or a function.
+// An output array of an export, and the member or function of a result that fills it.
 template <class Element, class Project>
 struct Column {
   Element*& output;
@@ -76,7 +76,7 @@ Column<Element, Project> Into(Element*& output, Project project) {
   return {output, std::move(project)};
 }
 
-// The new array of one column. A text becomes a new string of its own.
+// Returns the array of one column. Each text becomes a new string.
 template <class Results, class Element, class Project>
 OutputArray<Element> MakeArray(const Results& results, const Column<Element, Project>& column) {
   OutputArray<Element> array(std::size(results));
@@ -91,9 +91,9 @@ OutputArray<Element> MakeArray(const Results& results, const Column<Element, Pro
   return array;
 }
 
-// Hands a container of results to the caller: their number, and an array for each column, position
-// i of all arrays belonging to result i. With no results the outputs of the columns stay as they
-// are, and so they do when memory runs out.
+// Hands results to the caller: their number, and for each column an array whose element i belongs
+// to result i. Without results, and when memory runs out, the outputs of the columns stay as they
+// are.
 //
 //   HandOut(colors, count, Into(names, &Color::name), Into(numbers, &Color::number));
 template <class Results, class... Columns>

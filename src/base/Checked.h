@@ -1,4 +1,4 @@
-// Element access that is checked, with the failures that reach the add-in.
+// Checked element access, with the exceptions that reach the add-in.
 
 #pragma once
 
@@ -8,8 +8,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// The element at `index`. Any index outside the vector raises `out_of_range`, "invalid vector
-// subscript".
+// Returns the element at `index`, or raises `out_of_range`, "invalid vector subscript".
 template <class Vector>
 auto& CheckedAt(Vector& elements, int index) {
   if (index < 0 || static_cast<std::size_t>(index) >= elements.size()) {
@@ -18,8 +17,7 @@ auto& CheckedAt(Vector& elements, int index) {
   return elements[static_cast<std::size_t>(index)];
 }
 
-// The entry under `key` of a map. A key that isn't there raises `out_of_range`, "invalid map<K, T>
-// key".
+// Returns the value of `key` in a map, or raises `out_of_range`, "invalid map<K, T> key".
 template <class Map>
 const auto& CheckedAt(const Map& entries, std::wstring_view key) {
   const auto found = entries.find(key);

@@ -1,4 +1,4 @@
-// Files as POSIX has them.
+// The file system by POSIX.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -23,9 +23,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The path in the system's own form, or nothing for a text that can be no path. It goes by UTF-8:
-// the standard library's own conversion follows the C locale, and so fails on Cyrillic letters in a
-// plain one.
+// Returns the path in UTF-8, or nothing if it can't be encoded. The standard library's own
+// conversion follows the C locale: in "C" it fails on Cyrillic letters.
 std::optional<fs::path> ToNativePath(const std::wstring& path) {
   const std::optional<std::string> bytes = EncodeUtf8(path);
   if (!bytes) return std::nullopt;
@@ -40,28 +39,28 @@ void Check(bool succeeded) {
   if (!succeeded) ThrowError(errno);
 }
 
-// An open file, closed with its scope at the latest.
+// Owns a file descriptor.
 class Descriptor {
  public:
-  explicit Descriptor(int opened) : number(opened) { Check(opened >= 0); }
+  explicit Descriptor(int number) : number_(number) { Check(number >= 0); }
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() {
-    if (number >= 0) close(number);
+    if (number_ >= 0) close(number_);
   }
 
-  // A file system that writes later than it was told to may say only here that it could not.
-  void Close() { Check(close(std::exchange(number, -1)) == 0); }
+  // A file system that delays writes may report their failure only here.
+  void Close() { Check(close(std::exchange(number_, -1)) == 0); }
 
-  int Number() const { return number; }
+  int Number() const { return number_; }
 
   bool IsRegular() const {
     struct stat status = {};
-    return fstat(number, &status) == 0 && S_ISREG(status.st_mode);
+    return fstat(number_, &status) == 0 && S_ISREG(status.st_mode);
   }
 
-  // All bytes up to the end of the file, or up to a failure, and which of the two it was. Not by a
-  // stream, which forgets what it has read when the next read fails.
+  // Returns the bytes up to the end of the file (`whole`) or up to a failure. A stream would lose
+  // what it has read when the next read fails.
   std::string ReadAll(bool& whole) const {
     std::string bytes(FirstReadSize(), '\0');
     std::size_t filled = 0;
@@ -80,44 +79,43 @@ class Descriptor {
   }
 
  private:
-  // How much to ask for at first: one byte more than the file says it holds, so that the second
-  // read sees its end without a larger buffer.
+  // One byte more than the reported size, so that the second read sees the end of the file without
+  // a larger buffer.
   std::size_t FirstReadSize() const {
     struct stat status = {};
-    return fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
+    return fstat(number_, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
   }
 
-  // Reads into the buffer as much as one call gives: 0 at the end of the file, -1 at a failure.
+  // Reads by one call, and returns the number of bytes, 0 at the end of the file, -1 on failure.
   ssize_t Read(char* buffer, std::size_t size) const {
     ssize_t got = -1;
     do {
-      got = read(number, buffer, size);
+      got = read(number_, buffer, size);
     } while (got < 0 && errno == EINTR);
     return got;
   }
 
   void Write(std::string_view bytes) const {
     while (!bytes.empty()) {
-      const ssize_t written = write(number, bytes.data(), bytes.size());
+      const ssize_t written = write(number_, bytes.data(), bytes.size());
       if (written < 0 && errno == EINTR) continue;
       Check(written >= 0);
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
   }
 
-  int number;
+  int number_;
 };
 
-// The file to be replaced: behind all links, and one that may be written. The mode is that of the
-// old file, if there is one.
+// The file to be replaced.
 struct Target {
-  fs::path path;
-  std::optional<mode_t> mode;
+  fs::path path;               // links resolved
+  std::optional<mode_t> mode;  // of the old file, if there is one
 
   fs::path Folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
 
-  // A name beside the target, the same each time. Files without a name take it on their way, so
-  // that what a killed process may have left under it goes with the next one.
+  // A temporary name in the folder of the target. It is always the same, so that the next
+  // replacement removes what a killed process left.
   fs::path Beside() const {
     std::string name = ".mapping-editor-";
     name += std::to_string(std::hash<std::string>()(path.filename().string()));
@@ -137,16 +135,15 @@ Target FindTarget(const fs::path& path) {
   return {fs::canonical(path), status.st_mode & 07777};
 }
 
-// Ends a replacement whose file, under this name, can't come in the place of the target.
+// Abandons a replacement whose new file has this name. REQUIRES: `errno` is set.
 [[noreturn]] void RemoveAndThrow(const fs::path& name) {
   const int error = errno;
   unlink(name.c_str());
   ThrowError(error);
 }
 
-// Gives an unnamed file a name in the place of the target. The name on the way is shared with other
-// processes, each of which may take it from the other; whoever loses it tries again. False if the
-// system has no way to name such a file.
+// Renames an unnamed file to the target. Other processes use the same temporary name, and may
+// remove each other's; then this tries again. Returns false if the system can't name unnamed files.
 bool NameUnnamed(const Descriptor& file, const Target& target) {
   std::string unnamed = "/proc/self/fd/";
   unnamed += std::to_string(file.Number());
@@ -168,8 +165,8 @@ bool NameUnnamed(const Descriptor& file, const Target& target) {
   ThrowError(EBUSY);
 }
 
-// The common way: a file that has no name until it is whole, so that a process that is killed
-// leaves nothing behind. False if the system has no such files.
+// The usual case: the file has no name until it is complete, so that a killed process leaves none.
+// Returns false if the system has no unnamed files.
 bool ReplaceByUnnamed(const Target& target, const WriteBytes& write) {
   const int opened = open(target.Folder().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
   if (opened < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) return false;
@@ -179,8 +176,8 @@ bool ReplaceByUnnamed(const Target& target, const WriteBytes& write) {
   return NameUnnamed(file, target);
 }
 
-// Makes a file under the name of this process, with another number behind it as long as something
-// stands there: the file of another thread, or what a killed process of the same number has left.
+// Opens a new file named after this process. A number is appended if the name is taken, by another
+// thread or by what a killed process of the same id left.
 int OpenBeside(const Target& target, fs::path& name) {
   std::string suffix = std::to_string(getpid());
   int opened = -1;
@@ -193,7 +190,7 @@ int OpenBeside(const Target& target, fs::path& name) {
   return opened;
 }
 
-// The way for all other file systems: a file under a name that nobody else uses.
+// For all other file systems: a file under a name that nobody else uses.
 void ReplaceByNamed(const Target& target, const WriteBytes& write) {
   fs::path beside;
   Descriptor file(OpenBeside(target, beside));

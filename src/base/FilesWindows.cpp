@@ -1,4 +1,4 @@
-// Files as Windows has them.
+// The file system by the Windows API.
 
 #include <windows.h>
 
@@ -27,9 +27,9 @@ void Check(bool succeeded) {
   if (!succeeded) throw std::system_error(LastError());
 }
 
-// The path in a form that may be longer than 260 units: absolute, and with the prefix that turns
-// off the old limit. A path that is short even with the current folder ahead of it stays as it is,
-// with all that Windows makes of it.
+// Returns the path in a form that may exceed 260 units: absolute, with the prefix that lifts the
+// old limit. A path that is short even when absolute stays as it is, with all that Windows makes of
+// it.
 std::wstring ToNativePath(const std::wstring& path) {
   if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
   std::wstring absolute(path.size() + MAX_PATH, L'\0');
@@ -45,24 +45,24 @@ std::wstring ToNativePath(const std::wstring& path) {
   return L"\\\\?\\" + absolute;
 }
 
-// An open file, closed with its scope.
+// Owns a file handle.
 class Handle {
  public:
-  explicit Handle(HANDLE opened) : handle(opened) {}
+  explicit Handle(HANDLE handle) : handle_(handle) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   ~Handle() {
-    if (IsOpen()) CloseHandle(handle);
+    if (IsOpen()) CloseHandle(handle_);
   }
 
-  bool IsOpen() const { return handle != INVALID_HANDLE_VALUE; }
-  HANDLE Get() const { return handle; }
+  bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE Get() const { return handle_; }
 
  private:
-  HANDLE handle;
+  HANDLE handle_;
 };
 
-// The number of bytes that one call reads or writes at most.
+// How many of `size` bytes one call reads or writes at most.
 DWORD Chunk(std::size_t size) {
   return static_cast<DWORD>(std::min<std::size_t>(size, 1u << 30));
 }
@@ -81,20 +81,20 @@ Handle OpenToRead(const std::wstring& path) {
                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// Of a file or a folder, along links. Nothing but the attributes is asked for, which no other
-// process's claim on the file prevents.
+// Opens a file or a folder, following links. Access to the attributes alone is granted even if
+// another process has locked the file.
 Handle OpenAttributes(const std::wstring& path) {
   return Handle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                             OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-// All bytes up to the end of the file, or up to a failure, and which of the two it was.
+// Returns the bytes up to the end of the file (`whole`) or up to a failure.
 std::string ReadAll(const Handle& file, bool& whole) {
   LARGE_INTEGER size = {};
   if (GetFileSizeEx(file.Get(), &size) == 0) size.QuadPart = 0;
 
-  // One byte more than the file says it holds, so that one read sees its end.
+  // One byte more than the reported size, so that the second read sees the end of the file.
   std::string bytes(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
   std::size_t filled = 0;
   DWORD got = 0;
@@ -109,7 +109,7 @@ std::string ReadAll(const Handle& file, bool& whole) {
   return bytes;
 }
 
-// Whether the file goes when its last handle is closed, also by the end of the process.
+// Sets whether the file is deleted when its last handle is closed, as by the end of the process.
 void SetTemporary(const Handle& file, bool temporary) {
   FILE_DISPOSITION_INFO disposition = {};
   disposition.DeleteFile = temporary;
@@ -117,8 +117,8 @@ void SetTemporary(const Handle& file, bool temporary) {
                                    sizeof disposition) != 0);
 }
 
-// The path of the file that a link leads to; any other path as it is.
-std::wstring BehindLinks(const std::wstring& path) {
+// Returns the path of the file that a link leads to; any other path as it is.
+std::wstring ResolveLinks(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
     return path;
@@ -133,15 +133,15 @@ std::wstring BehindLinks(const std::wstring& path) {
   return final;
 }
 
-// A name beside the target. It is the same each time, so that what a killed process may have left
-// under it goes with the next one.
+// Returns a temporary name in the folder of the target. It is always the same, so that the next
+// replacement removes what a killed process left.
 std::wstring Beside(const std::wstring& target) {
   const std::size_t nameStart = target.find_last_of(L"\\/:") + 1;
   return target.substr(0, nameStart) + L".mapping-editor-" +
          std::to_wstring(std::hash<std::wstring>()(target.substr(nameStart))) + L".new";
 }
 
-// Writes a file that vanishes if the process ends before it is whole.
+// Writes a file that the system deletes if the process ends before it is complete.
 void WriteBeside(const std::wstring& name, const WriteBytes& write) {
   const Handle file(CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -190,7 +190,7 @@ std::string ReadWholeFile(const std::wstring& path) {
 }
 
 void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
-  const std::wstring target = BehindLinks(ToNativePath(path));
+  const std::wstring target = ResolveLinks(ToNativePath(path));
   const DWORD attributes = GetFileAttributesW(target.c_str());
   constexpr DWORD closed = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & closed) != 0) {

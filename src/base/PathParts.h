@@ -6,15 +6,15 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// What stands behind the last "\" or "/" and behind a drive prefix, without a stream suffix (":"
-// and all behind it).
+// Returns what is after the last "\" or "/" and after a drive prefix, without a stream suffix (from
+// ":" on).
 std::wstring_view FileName(std::wstring_view path);
 
-// The file name from its last point on. A leading point starts no extension, and "." and ".." have
-// none; a point at the very end is an extension of itself.
+// Returns the file name from its last point on, if any. A leading point starts no extension, and
+// "." and ".." have none; a point at the end is an extension.
 std::wstring_view Extension(std::wstring_view path);
 
-// The file name without its extension.
+// Returns the file name without its extension.
 std::wstring_view Stem(std::wstring_view path);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

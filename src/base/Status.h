@@ -1,4 +1,4 @@
-// The status numbers of the exports. They mean the same throughout.
+// The status numbers that the exports return.
 
 #pragma once
 
@@ -8,6 +8,6 @@ constexpr int statusDone = 0;
 constexpr int statusAbsent = -1;  // no such file, id or name, or an extension no reader takes
 constexpr int statusNothingToChoose = 1;
 constexpr int statusNotOpened = 2;  // the file exists but could not be opened
-constexpr int statusException = 3;  // caught in a read; a text file leaves what it gave until then
+constexpr int statusException = 3;  // in a read; what a text file gave before it stays
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -39,14 +39,15 @@ bool StartsWith(std::wstring_view text, std::wstring_view prefix) {
 
 namespace {
 
-// An empty separator occurs nowhere: found at every position, it would never be passed. The search
-// for a single unit is the faster one.
+// An empty separator occurs nowhere: otherwise no search would advance. A search for a single unit
+// is faster.
 std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
   if (separator.empty()) return text.npos;
   return separator.size() == 1 ? text.find(separator.front()) : text.find(separator);
 }
 
-// For each beginning of the text the length of the longest shorter one that it ends in.
+// The failure function of Knuth-Morris-Pratt: for each prefix of the text, the length of its
+// longest proper prefix that is also its suffix.
 std::vector<std::size_t> Borders(std::wstring_view text) {
   std::vector<std::size_t> borders(text.size());
   std::size_t border = 0;
@@ -61,7 +62,7 @@ std::vector<std::size_t> Borders(std::wstring_view text) {
 }  // namespace
 
 std::size_t FindText(std::wstring_view text, std::wstring_view what, std::size_t from) {
-  // A short one costs no more by the plain search.
+  // For short texts the plain search is as fast.
   if (what.size() <= 4) return text.find(what, from);
   if (from > text.size() || text.size() - from < what.size()) return text.npos;
   const std::vector<std::size_t> borders = Borders(what);
@@ -74,17 +75,16 @@ std::size_t FindText(std::wstring_view text, std::wstring_view what, std::size_t
   return text.npos;
 }
 
-PieceReader::PieceReader(std::wstring_view text, std::wstring_view pieceSeparator,
-                         bool keepEmptyPieces)
-    : rest(text), separator(pieceSeparator), keepEmpty(keepEmptyPieces) {}
+PieceReader::PieceReader(std::wstring_view text, std::wstring_view separator, bool keepEmpty)
+    : rest_(text), separator_(separator), keepEmpty_(keepEmpty) {}
 
 bool PieceReader::Next(std::wstring_view& piece) {
-  while (!atEnd) {
-    const std::size_t end = FindSeparator(rest, separator);
-    piece = Trimmed(rest.substr(0, end));
-    atEnd = end == rest.npos;
-    if (!atEnd) rest.remove_prefix(end + separator.size());
-    if (keepEmpty || !piece.empty()) return true;
+  while (!atEnd_) {
+    const std::size_t end = FindSeparator(rest_, separator_);
+    piece = Trimmed(rest_.substr(0, end));
+    atEnd_ = end == rest_.npos;
+    if (!atEnd_) rest_.remove_prefix(end + separator_.size());
+    if (keepEmpty_ || !piece.empty()) return true;
   }
   return false;
 }
@@ -92,7 +92,7 @@ bool PieceReader::Next(std::wstring_view& piece) {
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty) {
   std::size_t count = 0;
   if (keepEmpty) {
-    // Each piece but the last ends at a separator, whatever is in it.
+    // Each piece but the last ends at a separator.
     for (std::size_t end = FindSeparator(text, separator); end != text.npos; ++count) {
       text.remove_prefix(end + separator.size());
       end = FindSeparator(text, separator);

@@ -1,7 +1,7 @@
-// The text operations that every parser shares, so that every format breaks a line in the same way.
+// The text operations that all parsers share, so that all formats cut lines in the same way.
 //
-// None of them looks at a locale and none keeps state. White space is what `iswspace` of Windows
-// takes for it, on every platform.
+// They are stateless and independent of locales. White space is that of `iswspace` of Windows, on
+// every platform.
 
 #pragma once
 
@@ -19,7 +19,7 @@ inline bool IsSpace(wchar_t unit) {
   return unit >= 0x85 && IsSpaceOutsideAscii(unit);
 }
 
-// The following three change the text in place and give it back.
+// The following three change the text in place and return it.
 
 // Removes all trailing white space.
 std::wstring& TrimRight(std::wstring& text);
@@ -27,54 +27,53 @@ std::wstring& TrimRight(std::wstring& text);
 // Removes all trailing and all leading white space.
 std::wstring& Trim(std::wstring& text);
 
-// Removes every trailing and every leading unit that belongs to `set`.
+// Removes all trailing and all leading units that are in `set`.
 std::wstring& TrimChars(std::wstring& text, std::wstring_view set);
 
-// The part of `text` that `Trim` would leave, as a view into it.
+// Returns what `Trim` would leave, as a view into `text`.
 inline std::wstring_view Trimmed(std::wstring_view text) {
   while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
   while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
   return text;
 }
 
-// Whether `text` begins with `prefix`, unit by unit. An empty prefix begins nothing, on purpose.
+// Returns whether `text` begins with `prefix`. False for an empty prefix: this is required.
 bool StartsWith(std::wstring_view text, std::wstring_view prefix);
 
-// Where `what` stands in `text` at `from` or behind it, in a time that doesn't grow with the
-// product of their lengths, whatever they are. An empty text stands everywhere.
+// Returns the position of the first occurrence of `what` in `text` at or after `from`, or `npos`.
+// Takes time linear in the sum of their lengths. An empty text occurs everywhere.
 std::size_t FindText(std::wstring_view text, std::wstring_view what, std::size_t from);
 
-// Cuts a text at each occurrence of a literal separator and gives the pieces one by one, trimmed,
-// as views into the text. Pieces that are empty after trimming are passed over unless `keepEmpty`
-// is set; what stands behind the last separator is always a piece. The text must outlive the views.
+// Cuts a text at each occurrence of a literal separator, and returns the trimmed pieces one by one,
+// as views into the text. Pieces that are empty after trimming are skipped unless `keepEmpty`. The
+// text after the last separator is a piece too.
 class PieceReader {
  public:
   PieceReader(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
 
-  // Puts the next piece into `piece` and gives true, or gives false when there are no more.
+  // Sets `piece` to the next piece, or returns false after the last.
   bool Next(std::wstring_view& piece);
 
  private:
-  std::wstring_view rest;
-  std::wstring_view separator;
-  bool keepEmpty;
-  bool atEnd = false;
+  std::wstring_view rest_;
+  std::wstring_view separator_;
+  bool keepEmpty_;
+  bool atEnd_ = false;
 };
 
-// Gives what a `PieceReader` gives at a blank when it passes over what is empty, sooner: words are
-// short.
+// Like a `PieceReader` at blanks that skips empty pieces, but faster for short words.
 class WordReader {
  public:
-  explicit WordReader(std::wstring_view text) : at(text.data()), end(at + text.size()) {}
+  explicit WordReader(std::wstring_view text) : at_(text.data()), end_(at_ + text.size()) {}
 
-  // Puts the next word into `word` and gives true, or gives false when there are no more.
+  // Sets `word` to the next word, or returns false after the last.
   bool Next(std::wstring_view& word) {
     while (true) {
-      while (at != end && *at == L' ') ++at;
-      if (at == end) return false;
-      const wchar_t* const start = at;
-      while (at != end && *at != L' ') ++at;
-      word = {start, static_cast<std::size_t>(at - start)};
+      while (at_ != end_ && *at_ == L' ') ++at_;
+      if (at_ == end_) return false;
+      const wchar_t* const start = at_;
+      while (at_ != end_ && *at_ != L' ') ++at_;
+      word = {start, static_cast<std::size_t>(at_ - start)};
       if (!IsSpace(word.front()) && !IsSpace(word.back())) return true;
       word = Trimmed(word);
       if (!word.empty()) return true;
@@ -82,18 +81,17 @@ class WordReader {
   }
 
  private:
-  const wchar_t* at;
-  const wchar_t* end;
+  const wchar_t* at_;
+  const wchar_t* end_;
 };
 
-// How many pieces a `PieceReader` gives.
+// Returns the number of pieces of a `PieceReader`.
 std::size_t CountPieces(std::wstring_view text, std::wstring_view separator, bool keepEmpty);
 
-// All pieces of a `PieceReader`, as strings of their own. With a `limit` other than 0 there are
-// never more than `limit` of them: every further piece is added to the last one, with one separator
-// in between.
+// Returns the pieces of a `PieceReader` as strings. Unless `limit` is 0, there are at most `limit`:
+// further pieces are appended to the last one, after one separator.
 //
-//   SplitTrimmed(L"a b  c d", L" ", false, 2)  gives  "a", "b c d"
+//   SplitTrimmed(L"a b  c d", L" ", false, 2)  returns  "a", "b c d"
 std::vector<std::wstring> SplitTrimmed(std::wstring_view text, std::wstring_view separator,
                                        bool keepEmpty, int limit = 0);
 

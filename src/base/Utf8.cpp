@@ -15,11 +15,11 @@ bool IsSurrogate(std::uint32_t code) {
   return code >= 0xD800 && code <= 0xDFFF;
 }
 
-// What the first byte of a sequence of several bytes says of it.
+// What the first byte of a sequence of several bytes tells.
 struct Sequence {
-  std::size_t length;          // in bytes; 0 for a byte that begins no such sequence
+  std::size_t length;          // in bytes; 0 if the byte begins no such sequence
   std::uint32_t leadBits;      // the code point's bits in the first byte
-  std::uint32_t firstAllowed;  // the least code point that needs this length
+  std::uint32_t firstAllowed;  // the least code point of this length
 };
 
 Sequence SequenceOf(std::uint32_t lead) {
@@ -47,7 +47,7 @@ std::uint32_t TakeCodePoint(std::string_view& bytes) {
 
 namespace {
 
-// Most of a file is, and eight bytes at a time are faster than each alone.
+// Most of a file is ASCII, and eight bytes at a time are faster.
 bool StartsWithEightOfAscii(std::string_view bytes) {
   std::uint64_t eight = 0;
   if (bytes.size() < sizeof eight) return false;
@@ -78,7 +78,7 @@ wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
 }
 
 std::wstring DecodeUtf8(std::string_view bytes) {
-  // No form has more units than bytes.
+  // A text has at most as many units as bytes.
   std::wstring text(bytes.size(), L'\0');
   text.resize(static_cast<std::size_t>(TakeUtf8(bytes, text.data()) - text.data()));
   return text;

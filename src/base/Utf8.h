@@ -1,7 +1,4 @@
-// UTF-8 to and from wide text.
-//
-// A code point above U+FFFF is one unit where `wchar_t` has 32 bits, and a surrogate pair where it
-// has 16.
+// UTF-8 to and from wide text: UTF-32 where `wchar_t` has 32 bits, UTF-16 where it has 16.
 
 #pragma once
 
@@ -12,29 +9,28 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// No code point has this number.
+// Not a code point.
 constexpr std::uint32_t noCodePoint = 0xFFFFFFFF;
 
-// The code point of several bytes at the head of `bytes`, which loses them; or `noCodePoint`, and
-// `bytes` stays. A byte of ASCII is no such code point.
+// Removes a code point of several bytes from the front of `bytes` and returns it. Returns
+// `noCodePoint`, and leaves `bytes`, if there is none, as before an ASCII byte. REQUIRES: `bytes`
+// isn't empty.
 std::uint32_t TakeCodePoint(std::string_view& bytes);
 
-// The wide form of `bytes`, up to the first byte that cannot be decoded: only the shortest form of
-// a code point counts, surrogates do not, nor does anything above U+10FFFF. A sequence that the end
-// of the bytes cuts short cannot be decoded either. A byte order mark is the character U+FEFF like
-// any other.
+// Returns the wide form of `bytes` up to the first sequence that can't be decoded: one that is
+// overlong or truncated, a surrogate, or above U+10FFFF. A byte order mark is a character.
 std::wstring DecodeUtf8(std::string_view bytes);
 
-// Decodes into the units at `out`, of which there are as many as bytes, and gives the end of what
-// it put there. `bytes` keeps what cannot be decoded and all behind it.
+// Decodes `bytes` to `out`, and returns the end of the output. `bytes` keeps what can't be decoded
+// and all after it. REQUIRES: `out` has capacity for as many units as there are bytes.
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out);
 
-// The UTF-8 form of `text`, or nothing if it holds a unit that stands for no code point: a
-// surrogate without its partner, or a number above U+10FFFF.
+// Returns the UTF-8 form of `text`, or nothing if it contains an unpaired surrogate or a unit above
+// U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);
 
-// The code point at the head of `text`, which loses the unit or the two that it has; a unit that
-// stands for none is the result as it is.
+// Removes a code point of one or two units from the front of `text` and returns it. A unit that is
+// none is returned as it is. REQUIRES: `text` isn't empty.
 inline std::uint32_t TakeUnits(std::wstring_view& text) {
   const auto code = static_cast<std::uint32_t>(text.front());
   text.remove_prefix(1);
@@ -48,8 +44,7 @@ inline std::uint32_t TakeUnits(std::wstring_view& text) {
   return code;
 }
 
-// Writes the units of a code point, one or two, or a surrogate as it is, and gives the place behind
-// them.
+// Writes the one or two units of a code point, or a surrogate as it is, and returns their end.
 inline wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
   if constexpr (sizeof(wchar_t) == 2) {
     if (code > 0xFFFF) {
@@ -62,8 +57,8 @@ inline wchar_t* PutUnits(std::uint32_t code, wchar_t* out) {
   return out;
 }
 
-// Writes the bytes of a number from 0x80 to 0x10FFFF, two to four of them, and gives the place
-// behind them. A surrogate gets the three that its number would have.
+// Writes the two to four bytes of a number, and returns their end. A surrogate gets the three bytes
+// of its number. REQUIRES: 0x80 <= code <= 0x10FFFF.
 inline char* PutUtf8(std::uint32_t code, char* out) {
   const auto put = [&out](std::uint32_t byte) { *out++ = static_cast<char>(byte); };
   if (code < 0x800) {
@@ -80,8 +75,8 @@ inline char* PutUtf8(std::uint32_t code, char* out) {
   return out;
 }
 
-// Adds the UTF-8 form of `text` to `bytes`, or gives false at the first unit that has none, with
-// the form of those ahead of it added.
+// Appends the UTF-8 form of `text` to `bytes`. Returns false at the first unit that has none; those
+// before it have been appended.
 bool AppendUtf8(std::string& bytes, std::wstring_view text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -9,7 +9,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 Domen::Domen(std::wstring domenId, std::wstring domenName)
     : id(std::move(domenId)), name(std::move(domenName)) {}
 
-// Files tend to have the keys in order, so that the end is the place to look first.
+// Files tend to have the keys in order, so that the end is the likely position.
 void Domen::AddProperty(const std::wstring& key, const DomenProperty& property) {
   properties.Edit([&](DomenProperties& map) { map.try_emplace(map.end(), key, property); });
 }

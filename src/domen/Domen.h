@@ -1,3 +1,5 @@
+// One domain.
+
 #pragma once
 
 #include <string>
@@ -9,12 +11,11 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 class FieldAdder;
 
-// One domain: a named set of properties. A moved-from domain is empty.
+// A named set of properties. A moved-from domain is empty.
 struct Domen {
-  // What a look into the map of domains makes for a key that it lacks: no id, name or properties.
+  // Without id, name and properties, as the map of domains makes it for a new key.
   Domen() = default;
 
-  // A domain without properties.
   Domen(std::wstring domenId, std::wstring domenName);
 
   Domen(const Domen& other) = default;
@@ -23,29 +24,29 @@ struct Domen {
   Domen& operator=(Domen&& other) = default;
   ~Domen() = default;
 
-  // Copies the property in, or drops it if the key is taken: the first record under a key stays.
+  // Adds a copy of the property unless the key is taken.
   void AddProperty(const std::wstring& key, const DomenProperty& property);
 
-  // `AddValueField` of the property under the key. Nothing happens if there is none, or if the
+  // Calls `AddValueField` of the property with this key. Does nothing if there is none, or if the
   // field is refused.
   void AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
                         const std::wstring& title, int valueType, bool fieldFlag,
                         const std::wstring& defaultText);
 
-  // The same for whoever adds a great many.
+  // The same, faster for many fields.
   void AddPropertyField(const std::wstring& key, const std::wstring& fieldName,
                         const std::wstring& title, int valueType, bool fieldFlag,
                         const std::wstring& defaultText, FieldAdder& adder);
 
-  // The properties that may be set on objects of this type, or of every one of these types, in key
-  // order, as pointers into the domain. A property that names no type fits all, and an empty list
-  // of types asks for nothing.
+  // Returns the properties that may be set on objects of this type, or of all of these types, in
+  // key order, as pointers into the domain. A property without types applies to all; an empty list
+  // of types selects all properties.
   std::vector<const DomenProperty*> FilterByObjType(const std::wstring& objectType) const;
   std::vector<const DomenProperty*> FilterByObjTypes(
       const std::vector<std::wstring>& objectTypes) const;
 
   std::wstring id;
-  std::wstring name;  // for the interface
+  std::wstring name;  // for the user interface
   IndexedProperties properties;
 };
 

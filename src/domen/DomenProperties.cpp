@@ -20,13 +20,13 @@ std::vector<std::size_t> InBoth(const std::vector<std::size_t>& left,
 }  // namespace
 
 ObjectTypeIndex::ObjectTypeIndex(const DomenProperties& properties) {
-  all.reserve(properties.size());
+  all_.reserve(properties.size());
   for (const auto& [key, property] : properties) {
-    const std::size_t place = all.size();
-    all.push_back(&property);
-    if (property.objectTypes.empty()) ofNoType.push_back(place);
+    const std::size_t place = all_.size();
+    all_.push_back(&property);
+    if (property.objectTypes.empty()) ofNoType_.push_back(place);
     for (const std::wstring& type : property.objectTypes) {
-      Places& places = byType[type];
+      Places& places = byType_[type];
       // A property may name a type twice.
       if (places.empty() || places.back() != place) places.push_back(place);
     }
@@ -35,53 +35,53 @@ ObjectTypeIndex::ObjectTypeIndex(const DomenProperties& properties) {
 
 std::vector<const DomenProperty*> ObjectTypeIndex::ThatApplyTo(
     const std::vector<std::wstring>& objectTypes) const {
-  if (objectTypes.empty()) return all;
+  if (objectTypes.empty()) return all_;
   const Places named = ThatName(objectTypes);
   std::vector<const DomenProperty*> applying;
-  applying.reserve(named.size() + ofNoType.size());
+  applying.reserve(named.size() + ofNoType_.size());
   const auto addIfItApplies = [&](std::size_t place) {
-    const DomenProperty& property = *all[place];
+    const DomenProperty& property = *all_[place];
     const auto applies = [&property](const std::wstring& type) {
       return property.AppliesToObjectType(type);
     };
     if (std::all_of(objectTypes.begin(), objectTypes.end(), applies)) applying.push_back(&property);
   };
-  auto next = ofNoType.begin();
+  auto next = ofNoType_.begin();
   for (const std::size_t place : named) {
-    for (; next != ofNoType.end() && *next < place; ++next) addIfItApplies(*next);
+    for (; next != ofNoType_.end() && *next < place; ++next) addIfItApplies(*next);
     addIfItApplies(place);
   }
-  std::for_each(next, ofNoType.end(), addIfItApplies);
+  std::for_each(next, ofNoType_.end(), addIfItApplies);
   return applying;
 }
 
-// Those that name all of the types, of which there is one at least.
+// Returns the properties that name all of the types. REQUIRES: there is at least one type.
 ObjectTypeIndex::Places ObjectTypeIndex::ThatName(
     const std::vector<std::wstring>& objectTypes) const {
   Places named;
   for (const std::wstring& type : objectTypes) {
-    const auto found = byType.find(type);
-    if (found == byType.end()) return {};
+    const auto found = byType_.find(type);
+    if (found == byType_.end()) return {};
     named = &type == &objectTypes.front() ? found->second : InBoth(named, found->second);
   }
   return named;
 }
 
-// A map can need memory to be moved, and never to be swapped.
+// Moving a map can allocate; swapping can't.
 static_assert(std::is_nothrow_swappable_v<DomenProperties>);
 
 IndexedProperties& IndexedProperties::operator=(IndexedProperties&& other) noexcept {
   if (this == &other) return *this;
-  index = std::move(other.index);
-  properties.swap(other.properties);
-  other.properties.clear();
+  index_ = std::move(other.index_);
+  properties_.swap(other.properties_);
+  other.properties_.clear();
   return *this;
 }
 
 std::vector<const DomenProperty*> IndexedProperties::ThatApplyTo(
     const std::vector<std::wstring>& objectTypes) const {
-  if (!index) index = std::make_unique<const ObjectTypeIndex>(properties);
-  return index->ThatApplyTo(objectTypes);
+  if (!index_) index_ = std::make_unique<const ObjectTypeIndex>(properties_);
+  return index_->ThatApplyTo(objectTypes);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -18,7 +18,7 @@ constexpr wchar_t quotationMark = L'"';
 
 using Field = std::unique_ptr<Properties::PropertyParameter>;
 
-// A new field with the starting value of its class, or null if there is no such type.
+// Returns a new field with the initial value of its class, or null if there is no such type.
 Field MakeField(std::wstring name, std::wstring title, int valueType, bool flag) {
   using namespace Properties;
   switch (valueType) {
@@ -49,8 +49,8 @@ bool IsWordWithoutQuotationMarks(std::wstring_view text) {
                       [](wchar_t unit) { return unit == quotationMark || IsSpace(unit); });
 }
 
-// Whether a field that gave this text surely gives it again once it has taken it. The texts of the
-// reals that are no numbers, "inf" and "nan", have an n.
+// Returns whether the text, a value of a field, surely survives a round trip through `SetValue` and
+// `GetValue`. The reals that don't, "inf" and "nan", contain an n.
 bool IsSteady(int valueType, std::wstring_view text) {
   if (text.empty()) return valueType == typeStr;
   switch (valueType) {
@@ -71,7 +71,7 @@ bool IsSteady(int valueType, std::wstring_view text) {
 
 }  // namespace
 
-// What its moves promise: a vector that grows would copy otherwise, and so change values.
+// Moves must be noexcept: otherwise a growing vector would copy, and so change values.
 static_assert(std::is_nothrow_move_constructible_v<std::wstring> &&
               std::is_nothrow_move_assignable_v<std::wstring>);
 static_assert(std::is_nothrow_move_constructible_v<decltype(DomenProperty::objectTypes)> &&

@@ -1,3 +1,5 @@
+// One property of a domain.
+
 #pragma once
 
 #include <memory>
@@ -9,13 +11,12 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// One property of a domain. It owns its value fields, and a copy has fields of its own, each made
-// anew from the text that `GetValue` gives: a value passes through its text form on every copy.
+// A property owns its value fields. A copy makes its own from the texts that `GetValue` returns: a
+// value passes through its text form on every copy.
 struct DomenProperty {
-  // The blank property, which stands for one of an unknown domain.
+  // The blank property, returned for unknown domains.
   DomenProperty() = default;
 
-  // A property without fields.
   DomenProperty(std::wstring propertyId, std::wstring propertyName, std::vector<std::wstring> types,
                 bool isUnique, int index);
 
@@ -25,21 +26,21 @@ struct DomenProperty {
   DomenProperty& operator=(DomenProperty&& other) noexcept = default;
   ~DomenProperty() = default;
 
-  // Whether the property may be set on objects of this type. One that names no type may be set on
-  // all.
+  // Returns whether the property may be set on objects of this type. One without types may be set
+  // on all.
   bool AppliesToObjectType(std::wstring_view objectType) const;
 
-  // Adds a field of type `valueType` behind the others and gives 0, or adds nothing and gives -1 if
-  // the name is taken, -2 if there is no such type. A default text that the field refuses is no
-  // error: the field then keeps the starting value of its class.
+  // Appends a field of type `valueType` and returns 0. Adds nothing and returns -1 if the name is
+  // taken, -2 if there is no such type. A default text that the field refuses isn't an error: the
+  // field keeps the initial value of its class.
   int AddValueField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                     std::wstring defaultText);
 
   std::wstring id;
   std::wstring name;
-  std::vector<std::wstring> objectTypes;  // in the order of the file; empty means every type
+  std::vector<std::wstring> objectTypes;  // in the order of the file; empty means all types
   bool unique = false;
-  int sortIndex = -1;  // the place in the interface's display; nothing here sorts by it
+  int sortIndex = -1;  // the position in the user interface; the library doesn't sort by it
   std::vector<std::unique_ptr<Properties::PropertyParameter>> fields;
 
  private:
@@ -47,13 +48,14 @@ struct DomenProperty {
 
   bool HasField(std::wstring_view fieldName) const;
 
-  // `AddValueField` for a name that is known to be free.
+  // The same as `AddValueField`. REQUIRES: !HasField(fieldName).
   int AppendField(std::wstring fieldName, std::wstring title, int valueType, bool fieldFlag,
                   std::wstring defaultText);
 };
 
-// The text of the value that a field would have in a copy of its property, and none if the copy
-// would lack the field. It takes less than the copy, most of all for a text that stays as it is.
+// Returns the text of the value that the field would have in a copy of its property, or an empty
+// one if the copy would lack the field. Cheaper than the copy, above all for a text that a copy
+// keeps.
 std::wstring CopiedValue(Properties::PropertyParameter& field);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,4 +1,4 @@
-// The queries of `Domen` and `DomenStore`. None of them looks at the active domain.
+// The queries of `Domen` and `DomenStore`. None depends on the active domain.
 
 #include <algorithm>
 #include <string>

@@ -1,3 +1,5 @@
+// All loaded domains.
+
 #pragma once
 
 #include <memory>
@@ -10,69 +12,68 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// What the interface checks of a property.
+// What the user interface checks of a property.
 struct PropertyCheckInfo {
   bool isList;  // of the last of its fields
   int fieldCount;
   bool unique;
-  std::wstring_view id;  // its key, see below
+  std::wstring_view id;  // its key, a view into the domain
 };
 
 struct TextFile;
 
-// All loaded domains, in the order of their ids' code units. The store only grows: loading a file
-// never removes what earlier files brought. A copy shares nothing with its source.
+// The domains, in the order of their ids' code units. The store only grows: a load never removes
+// what earlier files brought. A copy shares nothing with its source.
 struct DomenStore {
-  // Reads a domain file into the store by the reader that its extension names, in small letters
-  // alone. Gives that reader's status, or -1, without touching the file, for any other extension.
-  // `configText` is handed on to the reader, and so are the sections of the file if a
-  // `Classificator` has them already.
+  // Reads a domain file into the store. The extension, in lower case only, selects the reader,
+  // whose status is returned; for any other extension returns -1 without opening the file.
+  // `configText` and `file`, the sections of the file if they have been read already, are passed to
+  // the reader.
   int LoadDomen(const std::wstring& path, const std::wstring& configText,
                 const std::shared_ptr<const TextFile>& file = nullptr);
 
-  // Reads the ==DOMEN sections of a text file. Gives 0 when the file was read to its end, whatever
-  // it held, 2 if it can't be opened, 3 if an exception ended the reading. The exception goes no
-  // further, and what was stored until then stays.
+  // Reads the ==DOMEN sections of a text file. Returns 0 if the file was read to its end, whatever
+  // its contents, 2 if it can't be opened, 3 if an exception ended the reading. The exception isn't
+  // passed on, and what had been stored stays.
   int LoadDomenText(const std::wstring& path,
                     const std::shared_ptr<const TextFile>& file = nullptr);
 
-  // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Gives 0 when the
-  // reading ran to its end, which it also does for a file that is malformed or holds nothing: every
-  // missing key has a default. Gives 3 if an exception ended it; it goes no further, and the store
-  // is as it was.
+  // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Returns 0 if the
+  // file was read, even if it is malformed or empty: all missing keys have defaults. Returns 3 if
+  // an exception ended the reading; the exception isn't passed on, and the store is unchanged.
   int LoadDomenJson(const std::wstring& path, const std::wstring& configText);
 
-  // Writes the domain as a JSON5 file, in place of whatever the target held. What a reload makes of
-  // it differs from the domain: types are shifted and values are not written, as has to be. An
-  // unknown domain and any failure are passed over in silence, and leave the target as it was.
+  // Writes the domain as a JSON5 file, replacing the target. A reload yields a different domain:
+  // types are shifted and values aren't written. This is required. Does nothing for an unknown
+  // domain; any failure is silent and leaves the target as it was.
   void ExportDomenJson(const std::wstring& domenId, const std::wstring& target) const;
 
-  // Moves the domain in, or drops it if the key is taken. Gives the position of the entry under the
-  // key and whether it was inserted.
+  // Moves the domain into the store unless the key is taken. Returns the position of the key's
+  // entry and whether it was inserted.
   std::pair<Domens::const_iterator, bool> AddDomen(const std::wstring& key, Domen&& domen);
 
-  // Copies of the properties under the given keys out of the given domains. Of several domains that
-  // hold a key the first one named wins; ids and keys that don't exist are passed over.
+  // Returns copies of the properties with the given keys in the given domains. The first domain
+  // that has a key wins; ids and keys that don't exist are ignored.
   DomenProperties CollectProperties(const std::vector<std::wstring>& domenIds,
                                     const std::vector<std::wstring>& propertyIds) const;
 
-  // The queries. All lists are in the order of the ids' or keys' code units, whatever the order in
-  // the files and the sort indexes. An unknown domain has empty answers. Keys are views into the
-  // domain, and properties are pointers into it: with copies of them the rows `sort_index`,
-  // `by_type`, `by_types`, `field_values` and `check_info` of docs/measured/performance.md would be
-  // beyond their bounds.
+  // The queries. All lists are in the order of the ids' or keys' code units, whatever the order of
+  // the files and the sort indexes. Answers for unknown domains are empty. Keys are views and
+  // properties are pointers into the domain: with copies the rows `sort_index`, `by_type`,
+  // `by_types`, `field_values` and `check_info` of docs/measured/performance.md would exceed their
+  // bounds.
 
   std::vector<std::wstring> ListDomenIds() const;
 
-  // The domains' names, in the order of `ListDomenIds`.
+  // The names, in the order of `ListDomenIds`.
   std::vector<std::wstring> ListDomenNames() const;
 
-  // Makes a domain the active one. Gives 0, or -1 if there is none of this id or name, and the
-  // selection stays. Of domains of one name that of the least id is selected.
+  // Makes a domain the active one and returns 0, or returns -1 if there is none of this id or name.
+  // Of domains with the same name, the one with the least id is selected.
   int SelectDomenById(const std::wstring& domenId);
   int SelectDomenByName(const std::wstring& domenName);
 
-  // Of each property its key and its sort index.
+  // The key and the sort index of each property.
   std::vector<std::pair<std::wstring_view, int>> SortIndexes(const std::wstring& domenId) const;
 
   // See `Domen::FilterByObjType`.
@@ -81,23 +82,23 @@ struct DomenStore {
   std::vector<const DomenProperty*> PropertiesOfTypes(
       const std::wstring& domenId, const std::vector<std::wstring>& objectTypes) const;
 
-  // A copy of the property, or the blank one of an unknown domain. A key that a known domain lacks
-  // raises `out_of_range`, "invalid map<K, T> key", deliberately.
+  // Returns a copy of the property, or the blank one if the domain is unknown. A key that a known
+  // domain lacks raises `out_of_range`, "invalid map<K, T> key": this is required.
   DomenProperty FindProperty(const std::wstring& domenId, const std::wstring& key) const;
 
-  // The same without the copy: null for an unknown domain.
+  // The same without a copy: null if the domain is unknown.
   const DomenProperty* FindStoredProperty(const std::wstring& domenId,
                                           const std::wstring& key) const;
 
-  // One entry for each property. A property without fields raises `out_of_range`, "invalid vector
-  // subscript": there are no partial answers.
+  // Returns an entry for each property. A property without fields raises `out_of_range`, "invalid
+  // vector subscript": there are no partial answers.
   std::vector<PropertyCheckInfo> CheckInfos(const std::wstring& domenId) const;
 
-  // Equal to a state of before if and only if nothing has come in between that may have changed the
-  // domains. Which of them is active doesn't matter.
+  // Returns a token that is equal to an earlier one if and only if nothing in between may have
+  // changed the domains. Which of them is active doesn't matter.
   std::shared_ptr<const void> State() const { return domens.State(); }
 
-  // Whether the domains are still in this state. They never are in null.
+  // Returns whether the domains are still in this state. False for null.
   bool IsIn(const std::shared_ptr<const void>& state) const { return domens.IsIn(state); }
 
   std::wstring activeDomenId;

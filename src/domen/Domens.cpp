@@ -5,14 +5,14 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A map can need memory to be moved, and never to be swapped.
+// Moving a map can allocate; swapping can't.
 static_assert(std::is_nothrow_swappable_v<Domens::Map>);
 
 Domens& Domens::operator=(Domens&& other) noexcept {
   if (this == &other) return *this;
-  revision = std::move(other.revision);
-  map.swap(other.map);
-  other.map.clear();
+  revision_ = std::move(other.revision_);
+  map_.swap(other.map_);
+  other.map_.clear();
   return *this;
 }
 

@@ -1,3 +1,5 @@
+// A map of domains that tells whether it has changed.
+
 #pragma once
 
 #include <cstddef>
@@ -12,8 +14,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Domains by key, in the order of the keys' code units. They are read as a map is; every change
-// goes through `Edit`, so that they can tell whether they are still as they were.
+// Domains by key, in the order of the keys' code units. The map changes only through `Edit`, so
+// that it can tell whether it is still in an earlier state.
 class Domens {
  public:
   using Map = std::map<std::wstring, Domen, std::less<>>;
@@ -29,30 +31,31 @@ class Domens {
   Domens& operator=(Domens&& other) noexcept;
   ~Domens() = default;
 
-  operator const Map&() const { return map; }
-  bool empty() const { return map.empty(); }
-  std::size_t size() const { return map.size(); }
-  bool contains(std::wstring_view key) const { return map.count(key) != 0; }
-  const Domen& at(const std::wstring& key) const { return map.at(key); }
-  const_iterator find(std::wstring_view key) const { return map.find(key); }
-  const_iterator begin() const { return map.begin(); }
-  const_iterator end() const { return map.end(); }
+  operator const Map&() const { return map_; }
+  bool empty() const { return map_.empty(); }
+  std::size_t size() const { return map_.size(); }
+  bool contains(std::wstring_view key) const { return map_.count(key) != 0; }
+  const Domen& at(const std::wstring& key) const { return map_.at(key); }
+  const_iterator find(std::wstring_view key) const { return map_.find(key); }
+  const_iterator begin() const { return map_.begin(); }
+  const_iterator end() const { return map_.end(); }
 
-  // Gives the map to `change`, which must not keep what would let it change later, and what that
-  // gives to the caller.
+  // Calls `change` with the map and returns its result. REQUIRES: `change` keeps no reference or
+  // iterator through which the map could change later.
   template <class Change>
   auto Edit(const Change& change) {
-    revision.Change();
-    return change(map);
+    revision_.Change();
+    return change(map_);
   }
 
-  // Equal to a state of before if and only if no call of `Edit` and no assignment came in between.
-  std::shared_ptr<const void> State() const { return revision.Get(); }
-  bool IsIn(const std::shared_ptr<const void>& state) const { return revision.Is(state); }
+  // Returns a token that is equal to an earlier one if and only if there was no call of `Edit` and
+  // no assignment in between.
+  std::shared_ptr<const void> State() const { return revision_.Get(); }
+  bool IsIn(const std::shared_ptr<const void>& state) const { return revision_.Is(state); }
 
  private:
-  Map map;
-  Revision revision;
+  Map map_;
+  Revision revision_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -11,16 +11,16 @@ int FieldAdder::Add(DomenProperty& property, std::wstring fieldName, std::wstrin
                               std::move(defaultText));
 }
 
-// Fields have only been added since the last call, so that those not known yet are the last.
+// Since the last call fields have only been appended, so that the new ones are at the end.
 bool FieldAdder::IsTaken(const DomenProperty& property, std::wstring_view fieldName) {
   constexpr std::size_t few = 32;
   const auto& fields = property.fields;
   if (fields.size() < few) return property.HasField(fieldName);
-  Names& of = known[&property];
-  for (; of.fieldCount < fields.size(); ++of.fieldCount) {
-    of.names.insert(fields[of.fieldCount]->name);
+  Names& known = known_[&property];
+  for (; known.fieldCount < fields.size(); ++known.fieldCount) {
+    known.names.insert(fields[known.fieldCount]->name);
   }
-  return of.names.contains(fieldName);
+  return known.names.contains(fieldName);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

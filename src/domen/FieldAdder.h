@@ -1,3 +1,5 @@
+// Adds many fields to properties.
+
 #pragma once
 
 #include <cstddef>
@@ -10,16 +12,16 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Adds fields as `AddValueField` does, for whoever adds a great many. Among many fields of a
-// property it looks a name up, where that compares it with each. It keeps views of their names, and
-// lives no longer than nobody else changes the fields that it has met.
+// Adds fields as `AddValueField` does, but in time logarithmic in the number of a property's
+// fields, where that takes linear time. Keeps views of the names. REQUIRES: nobody else changes the
+// fields of these properties as long as it is used.
 class FieldAdder {
  public:
   int Add(DomenProperty& property, std::wstring fieldName, std::wstring title, int valueType,
           bool fieldFlag, std::wstring defaultText);
 
  private:
-  // Of the first so many fields of a property.
+  // The names of the first `fieldCount` fields of a property.
   struct Names {
     std::size_t fieldCount = 0;
     std::set<std::wstring_view> names;
@@ -27,7 +29,7 @@ class FieldAdder {
 
   bool IsTaken(const DomenProperty& property, std::wstring_view fieldName);
 
-  std::map<const DomenProperty*, Names> known;
+  std::map<const DomenProperty*, Names> known_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

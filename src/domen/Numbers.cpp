@@ -17,15 +17,13 @@ bool IsDigit(wchar_t unit) {
   return unit >= L'0' && unit <= L'9';
 }
 
-// No number goes on behind a character from outside ASCII, which becomes one that none has. Some
-// systems' units have a sign.
+// Maps units outside ASCII to a character that no number contains. `wchar_t` can be signed.
 char ToAscii(wchar_t unit) {
   return static_cast<std::uint32_t>(unit) < 0x80 ? static_cast<char>(unit) : '?';
 }
 
-// The text as `from_chars` takes it: without leading white space and a plus sign, in plain
-// characters. Empty if it can't begin a number of decimal digits, `allowPoint` telling whether a
-// point may stand in for the first digit.
+// Returns the text as `from_chars` expects it: in ASCII, without leading white space and plus sign.
+// Empty if it doesn't begin with a digit after its sign, or with a point if `allowPoint`.
 std::string ToNumberChars(std::wstring_view text, bool allowPoint) {
   while (!text.empty() && IsSpace(text.front())) text.remove_prefix(1);
   const bool negative = text.starts_with(L'-');
@@ -50,7 +48,7 @@ bool ParseChars(const std::string& chars, Number& number) {
 
 template <class Number>
 std::wstring Format(Number number) {
-  char chars[32];  // no number is longer
+  char chars[32];  // the longest number is shorter
   char* const end = std::to_chars(std::begin(chars), std::end(chars), number).ptr;
   return std::wstring(std::begin(chars), end);
 }

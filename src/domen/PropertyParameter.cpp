@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::wstring_view quotationMark = L"\"";
 
-// The four operations that the number types share, written for either parser and printer.
+// The operations that the number types share, with the parser or formatter as a parameter.
 
 template <class Number>
 bool SetNumber(std::wstring text, bool (*parse)(std::wstring_view, Number&), Number& value) {
@@ -40,7 +40,7 @@ bool SetList(std::wstring_view text, bool (*parse)(std::wstring_view, Number&),
   return true;
 }
 
-// Adds the text of a list's next entry. An empty text so far takes no blank behind it.
+// Appends the next entry of a list, after a blank unless the text so far is empty.
 void AppendEntry(std::wstring& text, const std::wstring& entry) {
   if (!text.empty()) text += L' ';
   text += entry;

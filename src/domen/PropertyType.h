@@ -1,4 +1,4 @@
-// The types of value fields, by their numbers and by the keywords of a text domain file.
+// The types of value fields: their numbers, and their keywords in text domain files.
 
 #pragma once
 
@@ -13,8 +13,8 @@ constexpr int typeIList = 3;
 constexpr int typeRList = 4;
 constexpr int typeSList = 5;
 
-// The number of the keyword "int", "real", "str", "ilist", "rlist" or "slist", or -1 for any other
-// text, also one in other letters.
+// Returns the number of the keyword "int", "real", "str", "ilist", "rlist" or "slist", or -1 for
+// any other text. Case matters.
 int ParsePropertyType(std::wstring_view keyword);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

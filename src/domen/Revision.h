@@ -1,11 +1,13 @@
+// Change detection.
+
 #pragma once
 
 #include <memory>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Tells whether something is still as it was. A copy is something else, and so is what is assigned
-// to or moved from.
+// A member of a class whose changes it detects. A copy has a revision of its own; being assigned to
+// or moved from is a change.
 class Revision {
  public:
   Revision() = default;
@@ -22,17 +24,17 @@ class Revision {
   }
   ~Revision() = default;
 
-  void Change() noexcept { token.reset(); }
+  void Change() noexcept { token_.reset(); }
 
-  // Two equal tokens mean that nothing has changed in between. A token that is kept keeps its
-  // address from being that of a later one.
+  // Returns a token of the current state. Equal tokens mean that nothing has changed in between: a
+  // token that is kept keeps its address from being reused.
   std::shared_ptr<const void> Get() const;
 
-  // Whether this is the token of now. Null never is.
+  // Returns whether this is the token of the current state. False for null.
   bool Is(const std::shared_ptr<const void>& other) const;
 
  private:
-  mutable std::shared_ptr<const char> token;
+  mutable std::shared_ptr<const char> token_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll
