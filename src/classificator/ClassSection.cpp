@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/Text.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -32,10 +33,14 @@ std::optional<std::wstring_view> FindInBrackets(std::wstring_view entry) {
 }  // namespace
 
 int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
-                      std::wstring& classSecondWord, std::wstring_view text) {
-  PieceReader entries = CutEntries(text, true);
+                      std::wstring& classSecondWord, std::wstring_view text, Account* account) {
+  PieceReader entries = CutEntries(text, true, account);
   for (std::wstring_view entry; entries.Next(entry);) {
-    if (!StartsWith(entry, L"@@@")) continue;
+    if (!StartsWith(entry, L"@@@")) {
+      Note(account, entry.empty() ? Outcome::blank : Outcome::comment, entry);
+      continue;
+    }
+    Note(account, Outcome::classTitle, entry);
     classTitle = Trimmed(entry.substr(3));
     const std::optional<std::wstring_view> inBrackets = FindInBrackets(entry);
     if (!inBrackets) continue;

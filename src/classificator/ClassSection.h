@@ -7,6 +7,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
+
 // Reads the entries that begin with "@@@": the rest of the entry is the title, and the first two
 // words in its brackets are the two words. Brackets extend from the first opening one to the last
 // closing one of the same line.
@@ -15,6 +17,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 //
 // What an entry lacks keeps its value; the last entry that has it wins. Always returns 0.
 int ParseClassSection(std::wstring& classTitle, std::wstring& classFirstWord,
-                      std::wstring& classSecondWord, std::wstring_view text);
+                      std::wstring& classSecondWord, std::wstring_view text,
+                      Account* account = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "classificator/ClassSection.h"
 #include "mapping/CodeParams.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -17,16 +18,21 @@ namespace {
 // A keyword is a prefix of its heading: what follows it doesn't matter. Sections of other headings,
 // such as ==DOMEN, are ignored.
 void ParseSection(Classificator& classificator, const TextSection& section,
-                  const std::shared_ptr<const TextFile>& file) {
+                  const std::shared_ptr<const TextFile>& file, Account* account) {
   if (StartsWith(section.heading, L"==CLASS")) {
+    Note(account, Outcome::classHeading, section.heading);
     ParseClassSection(classificator.classTitle, classificator.classFirstWord,
-                      classificator.classSecondWord, section.body);
+                      classificator.classSecondWord, section.body, account);
   } else if (StartsWith(section.heading, L"==MAPTEXT")) {
-    ParseMapTextSection(classificator.mapTextSection, section.body, file);
+    Note(account, Outcome::mapTextHeading, section.heading);
+    ParseMapTextSection(classificator.mapTextSection, section.body, file, account);
   } else if (StartsWith(section.heading, L"==COLORAT")) {
-    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body);
+    Note(account, Outcome::coloratHeading, section.heading);
+    ParseColoratSection({classificator.colorats, classificator.activeColoratId}, section.body,
+                        account);
   } else if (StartsWith(section.heading, L"==PARAM")) {
-    ParseParamSection(classificator.paramSection, section.body);
+    Note(account, Outcome::paramHeading, section.heading);
+    ParseParamSection(classificator.paramSection, section.body, account);
   }
 }
 
@@ -34,13 +40,14 @@ void ParseSection(Classificator& classificator, const TextSection& section,
 
 Classificator::Classificator(std::wstring id) : classificatorId(std::move(id)) {}
 
-int Classificator::Load(const std::wstring& path, std::shared_ptr<const TextFile>* file) {
+int Classificator::Load(const std::wstring& path, std::shared_ptr<const TextFile>* file,
+                        Account* account) {
   try {
     filePath = path;
-    const std::shared_ptr<const TextFile> read = ReadTextFile(path);
+    const std::shared_ptr<const TextFile> read = ReadTextFile(path, account);
     if (!read) return statusNotOpened;
     if (file) *file = read;
-    for (const TextSection& section : read->sections) ParseSection(*this, section, read);
+    for (const TextSection& section : read->sections) ParseSection(*this, section, read, account);
     return statusDone;
   } catch (...) {
     return statusException;

@@ -11,6 +11,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
 struct CodeSections;
 struct TextFile;
 
@@ -22,7 +23,8 @@ struct Classificator {
   // can't be opened, and 3 if an exception ended the reading. The exception isn't passed on, and
   // what had been filled in stays. Repeated sections are all parsed, in the order of the file.
   // `file`, unless null, receives the sections for further reading.
-  int Load(const std::wstring& path, std::shared_ptr<const TextFile>* file = nullptr);
+  int Load(const std::wstring& path, std::shared_ptr<const TextFile>* file = nullptr,
+           Account* account = nullptr);
 
   // What the ==CLASS section declares. Nothing reads it.
   std::wstring classTitle;

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "base/Text.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -27,8 +28,20 @@ int DigitValue(wchar_t unit) {
   return -1;
 }
 
-int ReadClamped(std::wstring_view text, int top) {
-  return std::clamp(ReadLeadingInt(text), 0, top);
+bool BeginsAsNumber(std::wstring_view text) {
+  if (text.starts_with(L'-') || text.starts_with(L'+')) text.remove_prefix(1);
+  return !text.empty() && DigitValue(text.front()) >= 0;
+}
+
+int ReadClamped(std::wstring_view text, int top, Account* account) {
+  const int number = ReadLeadingInt(text);
+  const int clamped = std::clamp(number, 0, top);
+  if (account && !BeginsAsNumber(text)) {
+    Note(account, Outcome::colorValueRefused, text);
+  } else if (account && clamped != number) {
+    Note(account, Outcome::colorValueClamped, text);
+  }
+  return clamped;
 }
 
 // Returns the key text and the four values of a line, or nothing if it hasn't exactly five pieces.
@@ -44,15 +57,20 @@ std::optional<std::array<std::wstring_view, 5>> CutColorLine(std::wstring_view l
 }
 
 // Adds the colours of a block's lines after its title.
-void AddColors(ColorMap& colors, PieceReader lines) {
+void AddColors(ColorMap& colors, PieceReader lines, Account* account) {
   int number = 0;
   for (std::wstring_view line; lines.Next(line);) {
     const auto pieces = CutColorLine(line);
-    if (!pieces) continue;
+    if (!pieces) {
+      Note(account, Outcome::notFiveWords, line);
+      continue;
+    }
     const auto& [key, channel1, channel2, channel3, percent] = *pieces;
+    Note(account, Outcome::colorLine, line, {key});
     ++number;
-    colors.Add(key, {number, ReadClamped(channel1, 255), ReadClamped(channel2, 255),
-                     ReadClamped(channel3, 255), ReadClamped(percent, 100)});
+    colors.Add(key,
+               {number, ReadClamped(channel1, 255, account), ReadClamped(channel2, 255, account),
+                ReadClamped(channel3, 255, account), ReadClamped(percent, 100, account)});
   }
 }
 
@@ -99,19 +117,26 @@ const std::vector<ColorMap::Color>& ColorMap::Ordered() const {
   return colors_;
 }
 
-int ParseColoratSection(ColoratTable table, std::wstring_view text) {
+int ParseColoratSection(ColoratTable table, std::wstring_view text, Account* account) {
   table.colorats.clear();
   PieceReader blocks(text, L"@", true);
   for (std::wstring_view block; blocks.Next(block);) {
-    PieceReader lines = CutEntries(block, false);
+    PieceReader lines = CutEntries(block, false, account);
     std::wstring_view title;
     lines.Next(title);
     std::wstring_view firstLine;
-    if (!PieceReader(lines).Next(firstLine)) continue;
+    if (!PieceReader(lines).Next(firstLine)) {
+      if (!block.empty()) Note(account, Outcome::coloratWithoutLines, block);
+      continue;
+    }
     const std::size_t blank = title.find(L' ');
-    if (blank == title.npos) continue;
+    if (blank == title.npos) {
+      Note(account, Outcome::coloratTitleWithoutBlank, block);
+      continue;
+    }
     const std::wstring id(title.substr(0, blank));
-    AddColors(table.colorats.try_emplace(id).first->second, lines);
+    Note(account, Outcome::coloratTitle, title, {id});
+    AddColors(table.colorats.try_emplace(id).first->second, lines, account);
     table.activeColoratId = id;
   }
   return static_cast<int>(table.colorats.size());

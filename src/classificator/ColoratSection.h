@@ -13,6 +13,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
+
 // The colour of one key text. The library knows nothing of the values but their ranges.
 struct ColorEntry {
   int number;    // of the line in its block, from 1; lines left out don't count
@@ -65,7 +67,7 @@ struct ColoratTable {
 // after its id, is left out, as is a line that hasn't exactly five pieces. A value that isn't a
 // number is 0; values are clamped to their range. Of equal keys in a Colorat the first stays.
 // Blocks of the same id make one Colorat.
-int ParseColoratSection(ColoratTable table, std::wstring_view text);
+int ParseColoratSection(ColoratTable table, std::wstring_view text, Account* account = nullptr);
 
 // Returns the number at the start of the text as `_wtoi` of Windows does: an optional sign, then
 // decimal digits of any script that it knows. Returns 0 if there is none; clamps to 32 bits.

@@ -6,6 +6,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
 class FieldAdder;
 struct DomenStore;
 
@@ -19,6 +20,7 @@ struct DomenStore;
 //   else     value field          Class str 1 K30 Rating class
 //
 // The last domain becomes the active one. All sections of a file share the adder.
-void ParseDomenSection(DomenStore& store, FieldAdder& fields, std::wstring_view body);
+void ParseDomenSection(DomenStore& store, FieldAdder& fields, std::wstring_view body,
+                       Account* account = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

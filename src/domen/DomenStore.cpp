@@ -5,25 +5,28 @@
 #include "base/Text.h"
 #include "domen/DomenSection.h"
 #include "domen/FieldAdder.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
 int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText,
-                          const std::shared_ptr<const TextFile>& file) {
+                          const std::shared_ptr<const TextFile>& file, Account* account) {
   if (Extension(path) == L".json") return LoadDomenJson(path, configText);
-  if (Extension(path) == L".txt") return LoadDomenText(path, file);
+  if (Extension(path) == L".txt") return LoadDomenText(path, file, account);
   return statusAbsent;
 }
 
-int DomenStore::LoadDomenText(const std::wstring& path,
-                              const std::shared_ptr<const TextFile>& file) {
+int DomenStore::LoadDomenText(const std::wstring& path, const std::shared_ptr<const TextFile>& file,
+                              Account* account) {
   try {
-    const std::shared_ptr<const TextFile> read = file ? file : ReadTextFile(path);
+    const std::shared_ptr<const TextFile> read = file ? file : ReadTextFile(path, account);
     if (!read) return statusNotOpened;
     FieldAdder fields;
     for (const TextSection& section : read->sections) {
-      if (StartsWith(section.heading, L"==DOMEN")) ParseDomenSection(*this, fields, section.body);
+      if (!StartsWith(section.heading, L"==DOMEN")) continue;
+      Note(account, Outcome::domenHeading, section.heading);
+      ParseDomenSection(*this, fields, section.body, account);
     }
     return statusDone;
   } catch (...) {

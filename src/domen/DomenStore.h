@@ -20,6 +20,7 @@ struct PropertyCheckInfo {
   std::wstring_view id;  // its key, a view into the domain
 };
 
+struct Account;
 struct TextFile;
 
 // The domains, in the order of their ids' code units. The store only grows: a load never removes
@@ -30,13 +31,13 @@ struct DomenStore {
   // `configText` and `file`, the sections of the file if they have been read already, are passed to
   // the reader.
   int LoadDomen(const std::wstring& path, const std::wstring& configText,
-                const std::shared_ptr<const TextFile>& file = nullptr);
+                const std::shared_ptr<const TextFile>& file = nullptr, Account* account = nullptr);
 
   // Reads the ==DOMEN sections of a text file. Returns 0 if the file was read to its end, whatever
   // its contents, 2 if it can't be opened, 3 if an exception ended the reading. The exception isn't
   // passed on, and what had been stored stays.
-  int LoadDomenText(const std::wstring& path,
-                    const std::shared_ptr<const TextFile>& file = nullptr);
+  int LoadDomenText(const std::wstring& path, const std::shared_ptr<const TextFile>& file = nullptr,
+                    Account* account = nullptr);
 
   // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Returns 0 if the
   // file was read, even if it is malformed or empty: all missing keys have defaults. Returns 3 if

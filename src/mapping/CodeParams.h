@@ -55,12 +55,35 @@ struct CodeItems {
   }
 };
 
+// What becomes of an item, and of its values.
+enum class ItemOutcome {
+  composed,
+  propertyUnknown,    // the item is left out
+  wordWithoutValue,   // the item is left out: a word that names a field has no value
+  valueRefused,       // the field keeps the value of the domain
+  valueWithoutField,  // a word after the last field
+  nameWithoutField,   // a named word that no field takes
+};
+
+struct ItemEntry {
+  std::size_t list;  // among the item lists of the code
+  std::size_t item;  // in its list
+  ItemOutcome outcome;
+  std::wstring propertyId;
+  std::wstring text;       // the value or word, if it is about one
+  std::wstring fieldName;  // of the field that refused the value
+  int fieldType;
+};
+
+using ItemAccount = std::vector<ItemEntry>;
+
 // Returns the items of the code, each as its property's id, `nameSuffix`, a blank, the texts of its
 // value fields separated by blanks, and ";". Each item fills its own copy of the property. An item
 // without a property in `properties`, or in which anything fails, is left out. A code id that is
-// neither -1 nor a position of a record raises `out_of_range`, "invalid vector subscript".
+// neither -1 nor a position of a record raises `out_of_range`, "invalid vector subscript". Adds
+// what becomes of each item to `account`, if there is one.
 CodeItems ComposeCodeItems(const CodeSections& sections, int codeId, int sourceKind,
-                           const DomenProperties& properties);
+                           const DomenProperties& properties, ItemAccount* account = nullptr);
 std::wstring ComposeCodeParams(const CodeSections& sections, int codeId, int sourceKind,
                                std::wstring_view nameSuffix, const DomenProperties& properties);
 

@@ -7,19 +7,27 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+ItemBlocks CutItemBlocks(const CodeHeader& header) {
+  const auto& [texts, code, blocks, openMark, closeMark] = header;
+  ItemBlocks cut;
+  for (std::size_t open = 0; open != blocks.npos;) {
+    const std::size_t close = FindText(blocks, closeMark, open + openMark.size());
+    if (close == blocks.npos) {
+      cut.open = blocks.substr(open);
+      break;
+    }
+    cut.closed.push_back(blocks.substr(open + 1, close - open - 1));
+    open = FindText(blocks, openMark, close + closeMark.size());
+  }
+  return cut;
+}
+
 std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record) {
   std::vector<ParamItemList> lists;
   if (!record.header) return lists;
-  const auto& [texts, code, blocks, openMark, closeMark] = *record.header;
-  for (std::size_t open = 0; open != blocks.npos;) {
-    const std::size_t close = FindText(blocks, closeMark, open + openMark.size());
-    if (close == blocks.npos) break;
-    // Only the mark's first unit is skipped: the rest of a longer mark stays in the block. This is
-    // required.
-    std::vector<std::wstring> tokens =
-        SplitTrimmed(blocks.substr(open + 1, close - open - 1), L" ", false);
+  for (const std::wstring_view block : CutItemBlocks(*record.header).closed) {
+    std::vector<std::wstring> tokens = SplitTrimmed(block, L" ", false);
     lists.push_back(ParseParamItems(tokens, false));
-    open = FindText(blocks, openMark, close + closeMark.size());
   }
   return lists;
 }

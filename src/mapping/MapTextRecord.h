@@ -29,6 +29,15 @@ struct MapTextRecord {
   std::shared_ptr<const CodeHeader> header;
 };
 
+// The item blocks of a header, each from after the first unit of its opening mark to its closing
+// mark. The rest of a longer opening mark is part of the block. This is required.
+struct ItemBlocks {
+  std::vector<std::wstring_view> closed;
+  std::wstring_view open;  // the rest from an opening mark on that no mark closes
+};
+
+ItemBlocks CutItemBlocks(const CodeHeader& header);
+
 // Returns the item lists of the record's header, one for each item block.
 std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record);
 

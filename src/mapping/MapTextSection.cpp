@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <numeric>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "mapping/CapitalWords.h"
 #include "mapping/ParamSection.h"
 #include "mapping/UpperTable.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -97,23 +99,25 @@ struct PatternLine {
 // The state between the statements of one section.
 class MapTextParser {
  public:
-  MapTextParser(MapTextSection& section, std::shared_ptr<SectionTexts> texts)
-      : section_(section), texts_(std::move(texts)) {
+  MapTextParser(MapTextSection& section, std::shared_ptr<SectionTexts> texts, Account* account)
+      : section_(section), texts_(std::move(texts)), account_(account) {
     AddHeader({});
   }
 
   void ParseStatement(std::wstring_view statement) {
-    if (statement.empty()) return;
+    statement_ = statement;
+    if (statement.empty()) return Tell(Outcome::blank);
     switch (statement.front()) {
       case L'/':
       case L'!':
-        return;
+        return Tell(Outcome::comment);
       case L'@':
         return ParseAtSign(statement);
       case L'$':
         return SetDefaultCode(Trimmed(statement.substr(1)));
       default:
         AddPattern(statement);
+        Tell(Outcome::pattern);
     }
   }
 
@@ -130,31 +134,42 @@ class MapTextParser {
   std::vector<PatternLine> patterns;
 
  private:
+  // Says what became of the statement.
+  void Tell(Outcome outcome, std::initializer_list<std::wstring_view> names = {}) const {
+    Note(account_, outcome, statement_, names);
+  }
+
   void ParseAtSign(std::wstring_view statement) {
     if (StartsWith(statement, L"@@")) return SetDomenIds(Trimmed(statement.substr(2)));
     if (StartsWith(statement, L"@$")) return SetMarks(statement.substr(2));
     AddHeader(Trimmed(statement.substr(1)));
+    Tell(Outcome::codeHeader, {headers_.back()->code});
   }
 
   void SetDomenIds(std::wstring_view list) {
     const std::size_t open = list.find(L'(');
     const std::size_t close = list.find(L')');
-    if (open == list.npos || close == list.npos) return;
+    if (open == list.npos || close == list.npos) return Tell(Outcome::domainListWithoutBrackets);
     // A closing bracket before the opening one closes nothing: the list runs to the end.
     const std::size_t end = close > open ? close : list.size();
     section_.domenIds = SplitTrimmed(list.substr(open + 1, end - open - 1), L" ", false);
+    Tell(Outcome::domainList);
   }
 
   void SetMarks(std::wstring_view marks) {
     PieceReader pieces(marks, L" ", false);
     std::wstring_view open;
     std::wstring_view close;
-    if (!pieces.Next(open) || !pieces.Next(close)) return;
+    if (!pieces.Next(open) || !pieces.Next(close)) return Tell(Outcome::blockMarksMissing);
     openMark_ = texts_->Keep(open);
     closeMark_ = texts_->Keep(close);
+    Tell(Outcome::blockMarks, {open, close});
   }
 
-  void SetDefaultCode(std::wstring_view text) { section_.defaultCode = FirstWord(text); }
+  void SetDefaultCode(std::wstring_view text) {
+    section_.defaultCode = FirstWord(text);
+    Tell(Outcome::defaultCode, {section_.defaultCode});
+  }
 
   void AddHeader(std::wstring_view text) {
     const std::size_t open = std::min(FindText(text, openMark_, 0), text.size());
@@ -173,6 +188,8 @@ class MapTextParser {
 
   MapTextSection& section_;
   std::shared_ptr<SectionTexts> texts_;
+  Account* account_;
+  std::wstring_view statement_;                             // that is being parsed
   std::vector<std::shared_ptr<const CodeHeader>> headers_;  // the first for lines before any header
   UpperTable upper_;
   std::wstring_view openMark_ = L"{";
@@ -193,12 +210,13 @@ std::vector<std::size_t> FirstPositions(const std::vector<PatternLine>& patterns
 }  // namespace
 
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
-                         std::shared_ptr<const TextFile> file) {
+                         std::shared_ptr<const TextFile> file, Account* account) {
   section.records = {};
   section.defaultCode = L"N00";
-  const std::vector<std::wstring_view> statements = SplitStatements(text);
-  if (file && !IsMuchOf(statements, *file)) file = nullptr;
-  MapTextParser parser(section, std::make_shared<SectionTexts>(text.size(), std::move(file)));
+  const std::vector<std::wstring_view> statements = SplitStatements(text, account);
+  if (file && !account && !IsMuchOf(statements, *file)) file = nullptr;
+  MapTextParser parser(section, std::make_shared<SectionTexts>(text.size(), std::move(file)),
+                       account);
   // All memory is allocated before the first line is read: none is lost when memory runs out.
   std::vector<MapTextRecord> records(
       static_cast<std::size_t>(std::count_if(statements.begin(), statements.end(), IsPattern)));

@@ -11,6 +11,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
 struct TextFile;
 
 struct MapTextSection {
@@ -37,6 +38,7 @@ struct MapTextSection {
 // `file` is the file that contains `text`. If their lines are a good part of it, the records keep
 // the file alive; otherwise they keep copies of their lines.
 void ParseMapTextSection(MapTextSection& section, std::wstring_view text,
-                         std::shared_ptr<const TextFile> file = nullptr);
+                         std::shared_ptr<const TextFile> file = nullptr,
+                         Account* account = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

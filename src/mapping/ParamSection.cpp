@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -34,8 +35,8 @@ const ParamRecord* FindRecord(const ParamSection& section, std::wstring_view cod
 
 }  // namespace
 
-std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
-  PieceReader reader = CutEntries(text, true);
+std::vector<std::wstring_view> SplitStatements(std::wstring_view text, Account* account) {
+  PieceReader reader = CutEntries(text, true, account);
   std::vector<std::wstring_view> statements;
   constexpr std::size_t shortLine = 16;  // shorter lines make the vector grow
   statements.reserve(text.size() / shortLine + 1);
@@ -43,11 +44,17 @@ std::vector<std::wstring_view> SplitStatements(std::wstring_view text) {
   return statements;
 }
 
-void ParseParamSection(ParamSection& section, std::wstring_view text) {
+void ParseParamSection(ParamSection& section, std::wstring_view text, Account* account) {
   section.records.clear();
-  for (const std::wstring_view statement : SplitStatements(text)) {
-    if (statement.empty() || IsParamComment(statement)) continue;
-    section.records.push_back(ParseParamRecord(statement));
+  for (const std::wstring_view statement : SplitStatements(text, account)) {
+    if (statement.empty()) {
+      Note(account, Outcome::blank, statement);
+    } else if (IsParamComment(statement)) {
+      Note(account, Outcome::comment, statement);
+    } else {
+      section.records.push_back(ParseParamRecord(statement));
+      Note(account, Outcome::paramStatement, statement, {section.records.back().code});
+    }
   }
 }
 

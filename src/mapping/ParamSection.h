@@ -10,6 +10,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
+
 // One statement of the section.
 struct ParamRecord {
   std::wstring code;
@@ -23,11 +25,11 @@ struct ParamSection {
 
 // Returns the statements of a section, cut at line feeds or at semicolons, empty ones included.
 // They are views into the text.
-std::vector<std::wstring_view> SplitStatements(std::wstring_view text);
+std::vector<std::wstring_view> SplitStatements(std::wstring_view text, Account* account = nullptr);
 
 // Replaces `records` by those of the section's text. Unlike in ==MAPTEXT, a statement that begins
 // with "@" is a comment, even a domain list: this is required.
-void ParseParamSection(ParamSection& section, std::wstring_view text);
+void ParseParamSection(ParamSection& section, std::wstring_view text, Account* account = nullptr);
 
 // Returns the item lists of the first record of this code, compared unit by unit, or none. An empty
 // code has no record.

@@ -14,6 +14,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
+struct Account;
+
 // A line that begins with "==" and the lines after it, up to the next such line. The lines of the
 // body are separated by one line feed; there is none after the last.
 struct TextSection {
@@ -30,14 +32,14 @@ struct TextFile {
 };
 
 // The file ends at the first byte 1A, or at bytes that can't be decoded.
-TextFile CutTextFile(std::string_view bytes);
+TextFile CutTextFile(std::string_view bytes, Account* account = nullptr);
 
 // Returns null if the file can't be opened.
-std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path);
+std::shared_ptr<const TextFile> ReadTextFile(const std::wstring& path, Account* account = nullptr);
 
 // Returns a reader of the section's entries: its pieces at line feeds or its pieces at semicolons,
 // whichever are more. The choice holds for the whole section. On a tie, semicolons win: this is
 // required.
-PieceReader CutEntries(std::wstring_view body, bool keepEmpty);
+PieceReader CutEntries(std::wstring_view body, bool keepEmpty, Account* account = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

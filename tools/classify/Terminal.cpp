@@ -58,8 +58,12 @@ bool StandardErrorIsTerminal() {
   return IsTerminal(stderr);
 }
 
+bool StandardOutputIsTerminal() {
+  return IsTerminal(stdout);
+}
+
 bool TerminalTakesColours() {
-  if (!IsTerminal(stdout)) return false;
+  if (!StandardOutputIsTerminal()) return false;
   const std::string says = EnvironmentVariable("COLORTERM");
   return says == "truecolor" || says == "24bit";
 }

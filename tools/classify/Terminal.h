@@ -12,6 +12,7 @@ void UseUtf8Streams();
 std::vector<std::string> Utf8Arguments(int argc, char** argv);
 
 bool StandardErrorIsTerminal();
+bool StandardOutputIsTerminal();
 
 // Whether standard output is a terminal that says of itself that it takes 24-bit colours.
 bool TerminalTakesColours();

@@ -7,7 +7,6 @@
 //   - the parser of JSON5 (Loading.cpp), which says where a file is malformed. The library keeps
 //     silent on that.
 
-#include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
@@ -16,15 +15,17 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <system_error>
+#include <utility>
 #include <vector>
 
+#include "CheckCommand.h"
 #include "Elements.h"
 #include "Export.h"
 #include "Failure.h"
 #include "Lists.h"
 #include "Loading.h"
 #include "Options.h"
+#include "Printing.h"
 #include "ProgressBar.h"
 #include "Results.h"
 #include "Summary.h"
@@ -66,13 +67,6 @@ Summary Classify(RevitMappingEditorDll& editor, const Options& options,
   return summary;
 }
 
-void Print(const std::string& output) {
-  const std::size_t written = std::fwrite(output.data(), 1, output.size(), stdout);
-  if (written == output.size() && std::fflush(stdout) == 0) return;
-  const std::string reason = std::generic_category().message(errno);
-  throw Failure{failedOutput, "The output could not be written: " + reason + "."};
-}
-
 std::string ListAll(RevitMappingEditorDll& editor, const Options& options) {
   std::string tables;
   if (options.colours) tables += ListColors(editor, TerminalTakesColours());
@@ -83,7 +77,6 @@ std::string ListAll(RevitMappingEditorDll& editor, const Options& options) {
 }
 
 void Run(const Options& options) {
-  FoldAllLetters();
   RevitMappingEditorDll editor(ToWide(options.dataFolder).c_str(), L"");
   editor.SetStartMark(ToWide(options.startMark).c_str());
   editor.SetEndMark(ToWide(options.endMark).c_str());
@@ -109,7 +102,13 @@ int Fail(const Failure& failure) {
 int main(int argc, char** argv) {
   try {
     UseUtf8Streams();
-    const std::optional<Options> options = ParseOptions(Utf8Arguments(argc, argv));
+    FoldAllLetters();
+    std::vector<std::string> arguments = Utf8Arguments(argc, argv);
+    if (!arguments.empty() && arguments.front() == "check") {
+      arguments.erase(arguments.begin());
+      return RunCheckCommand(std::move(arguments));
+    }
+    const std::optional<Options> options = ParseOptions(std::move(arguments));
     if (options) Run(*options);
     return 0;
   } catch (const Failure& failure) {
