@@ -1,10 +1,8 @@
-// The typed value fields of a property. They are here because the exported class holds them: an
-// add-in meets their types and their rules, but makes none itself, and their functions are no
-// exports.
+// The typed value fields of a property. They are public because the exported class contains them:
+// add-ins see their types and rules, but construct none, and their functions aren't exported.
 //
-// All text is in wide strings, cut and trimmed by the library's own rules: white space is what
-// `iswspace` of Windows takes for it, a number is written as in the classic locale, whatever the
-// locale of the process. No operation raises an exception but `bad_alloc`.
+// Text is independent of the locale: white space is that of `iswspace` of Windows, and numbers are
+// written as in the classic locale. Operations raise nothing but `bad_alloc`.
 
 #pragma once
 
@@ -13,29 +11,29 @@
 
 namespace TolvenLibs::RevitMappingEditorDll::Properties {
 
-// One value field. The rest of the library speaks to it only through text.
+// One value field. The rest of the library accesses it only as text.
 class PropertyParameter {
  public:
-  // Whether the text, as it stands, could be a value of this field. Stricter than `SetValue` for
-  // numbers ("12 " fails here and is taken there) and laxer for strings (an empty text passes here
-  // and is refused there); this is meant to stay.
+  // Returns whether the text, untrimmed, could be a value of this field. Stricter than `SetValue`
+  // for numbers ("12 " fails here but not there) and laxer for strings (an empty text passes here
+  // but not there). This is required.
   virtual bool CheckValue(std::wstring text) = 0;
 
-  // Takes the text as the new value and gives true, or gives false and leaves the value as it was.
-  // The text is trimmed first, and an empty one is always refused.
+  // Sets the value to the trimmed text and returns true, or returns false and leaves the value as
+  // it was. An empty text is always refused.
   virtual bool SetValue(std::wstring text) = 0;
 
-  // The value as text. `SetValue` of this text gives the same value again, but for blanks and
-  // quotation marks at the ends of a string, and for the empty entries of a list of strings.
+  // Returns the value as text. `SetValue` of this text restores the value, except blanks and
+  // quotation marks at the ends of a string, and empty entries of a list of strings.
   virtual std::wstring GetValue() = 0;
 
-  // Stands behind the operations, whose places in the table of virtual functions are fixed.
+  // After the operations, whose slots in the virtual function table are fixed.
   virtual ~PropertyParameter();
 
   std::wstring name;   // unique within one property
-  std::wstring title;  // what a user reads; equal to the name where a file gives none
+  std::wstring title;  // what a user reads; the name if the file has none
   int valueType;       // 0 to 5, see the classes below
-  bool fieldFlag;      // handed to the add-in as it is; the library does not act on it
+  bool fieldFlag;      // passed to the add-in; the library ignores it
 
  protected:
   PropertyParameter(std::wstring fieldName, std::wstring fieldTitle, int type, bool flag);
@@ -65,7 +63,7 @@ class PropertyRealParameter : public PropertyParameter {
   double value = 1.0;
 };
 
-// Type 2, keyword "str". Starts empty. Quotation marks at the two ends of a text are not kept.
+// Type 2, keyword "str". Starts empty. Quotation marks at the ends of a text are removed.
 class PropertyStrParameter : public PropertyParameter {
  public:
   PropertyStrParameter(std::wstring fieldName, std::wstring fieldTitle, bool flag);
@@ -76,8 +74,8 @@ class PropertyStrParameter : public PropertyParameter {
   std::wstring value;
 };
 
-// The entries of a list are separated by blanks and by nothing else. One entry that is no number
-// refuses a whole text. A text without any entry passes `CheckValue`.
+// Only blanks separate the entries of a list. A text with an entry that isn't a number is refused.
+// A text without entries passes `CheckValue`.
 
 // Type 3, keyword "ilist". Starts with one entry, 1.
 class PropertyIListParameter : public PropertyParameter {
@@ -102,7 +100,7 @@ class PropertyRListParameter : public PropertyParameter {
 };
 
 // Type 5, keyword "slist". Starts with one entry, the empty string. `SetValue` keeps quotation
-// marks; the first `GetValue` removes those at the ends of each stored entry. They group nothing.
+// marks, which don't group words; the first `GetValue` removes those at the ends of each entry.
 class PropertySListParameter : public PropertyParameter {
  public:
   PropertySListParameter(std::wstring fieldName, std::wstring fieldTitle, bool flag);

@@ -1,5 +1,5 @@
-// What puts a declaration on the library's boundary. The library's own build defines
-// REVIT_MAPPING_EDITOR_EXPORTS, nobody else does.
+// Exports a declaration from the library. Only the library's own build defines
+// REVIT_MAPPING_EDITOR_EXPORTS.
 
 #pragma once
 

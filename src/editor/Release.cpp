@@ -2,11 +2,10 @@
 
 #include "RevitMappingEditorRelease.h"
 
-// Every result was made by `new T[]` of a type without constructor and destructor: wchar_t, const
-// wchar_t*, int or bool. There is thus nothing to destroy, and no count in front of the elements,
-// so the pointer that was handed out is the one that `operator new[]` gave; and no such type is
-// aligned beyond what that operator gives by itself. So `operator delete[]` is its counterpart in
-// every runtime, whatever the type was.
+// Every result was made by `new T[]` of a trivial type: wchar_t, const wchar_t*, int or bool. There
+// is nothing to destroy, no element count before the elements, and no extended alignment, so that
+// the result is the pointer that `operator new[]` returned. In every runtime `operator delete[]`
+// frees it, whatever the type.
 void RevitMappingEditorRelease(const void* result) noexcept {
   ::operator delete[](const_cast<void*>(result));
 }

@@ -21,8 +21,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// An add-in makes the object itself, so that its size is part of the boundary: that of its seven
-// members, on every platform, and of nothing else.
+// Add-ins construct the object themselves, so that its size is part of the ABI: exactly that of its
+// seven members.
 struct SevenMembers {
   std::wstring configText;
   std::wstring dataFolder;
@@ -34,10 +34,9 @@ struct SevenMembers {
 };
 static_assert(sizeof(RevitMappingEditorDll) == sizeof(SevenMembers));
 
-// Private members of the exported class would be exported with it, so what its members share stands
-// here.
+// Helpers are free functions: private members of the exported class would be exported too.
 
-// The color of a key text in the active Colorat.
+// Returns the colour of a key text in the active Colorat.
 const ColorEntry& ActiveColor(const Classificator& classificator, const wchar_t* text) {
   return CheckedAt(CheckedAt(classificator.colorats, classificator.activeColoratId), text);
 }
@@ -50,7 +49,7 @@ void HandOutProperties(const std::vector<const DomenProperty*>& properties, int&
           Into(sortIndexes, &DomenProperty::sortIndex));
 }
 
-// The index of the active Classificator, as it stands: that one is active is the caller's part.
+// Unchecked. REQUIRES: activeClassificator >= 0.
 std::size_t Index(int activeClassificator) {
   return static_cast<std::size_t>(activeClassificator);
 }
@@ -64,7 +63,7 @@ RevitMappingEditorDll::RevitMappingEditorDll(const RevitMappingEditorDll& other)
 
 RevitMappingEditorDll& RevitMappingEditorDll::operator=(const RevitMappingEditorDll& other) {
   if (this == &other) return *this;
-  // All that can fail comes first, so that a failure leaves this editor whole.
+  // Whatever can fail comes first, so that a failure leaves this editor unchanged.
   RevitMappingEditorDll copy(other);
   configText = std::move(copy.configText);
   dataFolder = std::move(copy.dataFolder);
@@ -164,14 +163,14 @@ const wchar_t* RevitMappingEditorDll::GetMappingStr(const wchar_t* text, int sou
   const std::wstring_view code = CodeOf(sections.mapText, codeId);
   CodeItems composed;
   const CodeItems& items = FindCodeItems(sections, domenStore, codeId, sourceKind, composed);
-  return NewJoined([&](const auto& put) {
-    put(startMark);
-    put(classificator.paramName);
-    put(L" ");
-    put(code);
-    put(L";");
-    items.WriteTo(put, nameSuffix);
-    put(endMark);
+  return NewJoined([&](const auto& append) {
+    append(startMark);
+    append(classificator.paramName);
+    append(L" ");
+    append(code);
+    append(L";");
+    items.WriteTo(append, nameSuffix);
+    append(endMark);
   });
 }
 
@@ -180,7 +179,7 @@ const wchar_t* RevitMappingEditorDll::GetClaccificatorCodeParams(int codeId, int
   CodeItems composed;
   const CodeItems& items = FindCodeItems(SectionsOf(classificators[Index(activeClassificator)]),
                                          domenStore, codeId, sourceKind, composed);
-  return NewJoined([&](const auto& put) { items.WriteTo(put, nameSuffix); });
+  return NewJoined([&](const auto& append) { items.WriteTo(append, nameSuffix); });
 }
 
 const wchar_t* RevitMappingEditorDll::GetStartMark() {

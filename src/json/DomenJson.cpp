@@ -1,5 +1,5 @@
-// Domains in JSON5 files: reading and export. The file is reached through the requests of the
-// configuration library alone, and their order is part of what they mean.
+// Domains in JSON5 files: reading and export. All access is by requests of the configuration
+// library, whose order matters.
 
 #include <CfgParser.h>
 #include <JSON5Section.h>
@@ -24,7 +24,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// An open section, ended with its scope.
+// Owns an open section.
 using OpenSection = std::unique_ptr<JSON5Section>;
 
 OpenSection Open(CfgParser& parser, const wchar_t* name, bool first, bool last,
@@ -35,40 +35,41 @@ OpenSection Open(CfgParser& parser, const wchar_t* name, bool first, bool last,
 
 // Reading
 
-// The requests of one open section. Whether a value was found is kept from the last request.
+// The requests of one open section.
 class SectionReader {
  public:
-  explicit SectionReader(OpenSection opened) : section(std::move(opened)) {}
+  explicit SectionReader(OpenSection section) : section_(std::move(section)) {}
 
-  // Good as long as the section is open.
+  // The result is valid as long as the section is open.
   const wchar_t* String(const SchemaKey& key, const wchar_t* defaultValue,
                         bool overriding = false) {
-    return section->ParamString(key.name, defaultValue, found, key.comment, overriding);
+    return section_->ParamString(key.name, defaultValue, found_, key.comment, overriding);
   }
 
   int Int(const SchemaKey& key, int defaultValue) {
-    return section->ParamInt(key.name, defaultValue, found, key.comment, false);
+    return section_->ParamInt(key.name, defaultValue, found_, key.comment, false);
   }
 
   double Double(const SchemaKey& key, double defaultValue) {
-    return section->ParamDouble(key.name, defaultValue, found, key.comment, false);
+    return section_->ParamDouble(key.name, defaultValue, found_, key.comment, false);
   }
 
   std::vector<std::wstring> Strings(const SchemaKey& key) {
     std::vector<std::wstring> strings;
-    ReadStringArrayParam(*section, key.name, strings, key.comment);
+    ReadStringArrayParam(*section_, key.name, strings, key.comment);
     return strings;
   }
 
-  bool Found() const { return found; }
+  // Returns whether the last request found a value.
+  bool Found() const { return found_; }
 
  private:
-  OpenSection section;
-  bool found = false;
+  OpenSection section_;
+  bool found_ = false;
 };
 
-// What an element says of the type of its field. The numbers of unknown types are integers, and
-// their default is one that no integer takes.
+// The type and the default of a field. Unknown types are integers, with a default that integers
+// refuse.
 struct FieldDefault {
   int valueType = typeInt;
   std::wstring text = L"1.0";
@@ -88,7 +89,7 @@ FieldDefault ReadFieldDefault(SectionReader& field) {
   return {};
 }
 
-// The flag of a field tells whether its default stood in the file.
+// The flag of a field tells whether its default was in the file.
 void ReadField(CfgParser& parser, DomenProperty& property, FieldAdder& adder,
                std::vector<std::wstring>& names, std::size_t index) {
   std::wstring& name = names[index];
@@ -96,12 +97,12 @@ void ReadField(CfgParser& parser, DomenProperty& property, FieldAdder& adder,
       Open(parser, fieldsSection, index == 0, index + 1 == names.size(), name.c_str()));
   const wchar_t* title = field.String(fieldName, name.c_str());
   FieldDefault value = ReadFieldDefault(field);
-  std::wstring ownTitle(title);  // which may be the name
+  std::wstring ownTitle(title);  // a copy, since `title` may point to the name
   adder.Add(property, std::move(name), std::move(ownTitle), value.valueType, field.Found(),
             std::move(value.text));
 }
 
-// The file's own "sId" is overridden: the key is the id.
+// The "sId" of the file is overridden: the key is the id.
 void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstring>& keys,
                   std::size_t index) {
   const std::wstring& key = keys[index];
@@ -124,30 +125,30 @@ void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstrin
 
 // Writing
 
-// The requests of one open section, each with the value that is to be written.
+// The requests of one open section, each with the value to be written.
 class SectionWriter {
  public:
-  explicit SectionWriter(OpenSection opened) : section(std::move(opened)) {}
+  explicit SectionWriter(OpenSection section) : section_(std::move(section)) {}
 
   void String(const SchemaKey& key, const wchar_t* value) {
-    section->ParamString(key.name, value, found, key.comment, true);
+    section_->ParamString(key.name, value, found_, key.comment, true);
   }
 
   void Int(const SchemaKey& key, int value) {
-    section->ParamInt(key.name, value, found, key.comment, true);
+    section_->ParamInt(key.name, value, found_, key.comment, true);
   }
 
   void Double(const SchemaKey& key, double value) {
-    section->ParamDouble(key.name, value, found, key.comment, true);
+    section_->ParamDouble(key.name, value, found_, key.comment, true);
   }
 
   void Strings(const SchemaKey& key, std::vector<std::wstring> values) {
-    ReadStringArrayParam(*section, key.name, values, key.comment, true);
+    ReadStringArrayParam(*section_, key.name, values, key.comment, true);
   }
 
  private:
-  OpenSection section;
-  bool found = false;
+  OpenSection section_;
+  bool found_ = false;
 };
 
 struct FieldRow {
@@ -156,7 +157,7 @@ struct FieldRow {
   Properties::PropertyParameter* field;
 };
 
-// A property, with as many of the next object types and fields as belong to it.
+// A property, to which the next `objectTypeCount` object types and `fieldCount` fields belong.
 struct PropertyRow {
   const wchar_t* key;
   const wchar_t* name;
@@ -166,9 +167,9 @@ struct PropertyRow {
   std::size_t fieldCount;
 };
 
-// A domain as an export goes through it. What stands far apart in memory is fetched sooner in one
-// go than with requests in between. A copy of the domain would be more than the row `ExportJson` of
-// docs/measured/performance.md allows: it makes an export 1.7 times as dear.
+// A flat view of a domain for an export: gathering what is scattered in memory is faster in one go
+// than between requests. A copy of the domain would exceed the bound of the row `ExportJson` of
+// docs/measured/performance.md: it makes an export take 1.7 times as long.
 struct DomenRows {
   explicit DomenRows(const Domen& domen) {
     properties.reserve(domen.properties.size());
@@ -217,9 +218,9 @@ void WriteProperties(CfgParser& parser, const DomenRows& rows) {
   }
 }
 
-// The types are counted from 1 here, where the rest of the library counts from 0, so that a field
-// is written under the code of the type before its own, and one of type 0 under none; its value is
-// never written. The table has to stay so, row by row.
+// Types are counted from 1 here, but from 0 in the rest of the library: a field is written with the
+// code of the type before its own, one of type 0 with none. Its value is never written. This table
+// is required, row by row.
 void WriteFieldType(SectionWriter& section, int valueType) {
   switch (valueType) {
     case 1:
@@ -245,15 +246,15 @@ void WriteFieldType(SectionWriter& section, int valueType) {
   }
 }
 
-// All fields of the domain make one run. Where the first property has no fields no request is the
-// first of the run, and where the last has none no request is its last.
+// All fields of the domain are one run. If the first property has no fields, no request is marked
+// as the first of the run; if the last has none, no request is marked as its last.
 void WriteFields(CfgParser& parser, const DomenRows& rows) {
   for (const FieldRow& field : rows.fields) {
     const bool first = &field == &rows.fields.front() && rows.properties.front().fieldCount != 0;
     const bool last = &field == &rows.fields.back() && rows.properties.back().fieldCount != 0;
     SectionWriter section(Open(parser, fieldsSection, first, last, field.name));
     section.String(fieldName, field.title);
-    // Nobody needs the text, but a list of strings loses its quotation marks with it.
+    // Called for its side effect: a list of strings loses its quotation marks.
     field.field->GetValue();
     WriteFieldType(section, field.field->valueType);
   }
@@ -270,7 +271,7 @@ int DomenStore::LoadDomenJson(const std::wstring& path, const std::wstring& conf
     std::wstring id(Stem(path));
     Domen domen(id, std::move(name));
     for (std::size_t i = 0; i < keys.size(); ++i) ReadProperty(*parser, domen, keys, i);
-    // The last that can fail: a domain that isn't stored isn't selected either.
+    // The last step that can fail: a domain that isn't stored isn't selected either.
     AddDomen(id, std::move(domen));
     activeDomenId = std::move(id);
     return statusDone;
@@ -290,7 +291,7 @@ void DomenStore::ExportDomenJson(const std::wstring& domenId, const std::wstring
     WriteFields(*parser, rows);
     parser->saveCfgParamsToJson5(target.c_str(), 2);
   } catch (...) {
-    // Nobody is told: the target is as it was.
+    // Silent: the target is as it was.
   }
 }
 

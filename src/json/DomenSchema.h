@@ -1,5 +1,5 @@
-// The schema of a domain file in JSON5: names of sections and keys, and the comment that stands
-// beside each key in a written file.
+// The schema of a domain file in JSON5: names of sections and keys, and the comment of each key in
+// a written file.
 
 #pragma once
 
@@ -34,7 +34,7 @@ constexpr SchemaKey propertySortIndex = {
     L"объекты с одинаковым индексом показываются в алфавитном порядке"};
 constexpr SchemaKey propertyFuncsNames = {L"asFuncsNames", L"массив полей значений"};
 
-// Of a value field. Only the default key of its type stands in an element.
+// Of a value field. An element has only the default key of its type.
 constexpr SchemaKey fieldName = {L"sName", L"название поля списка значений"};
 constexpr SchemaKey fieldType = {L"sType", L"тип значения (целое, действительное)"};
 constexpr SchemaKey fieldIntDefault = {L"iDefault", L"значение по умолчанию"};

@@ -29,8 +29,8 @@ bool ReadStringArrayParam(JSON5Section& section, const wchar_t* key,
   const wchar_t** result = section.ParamStringArray(key, count, defaults.get(), defaultCount, found,
                                                     comment, overriding);
 
-  // The array of the defaults stays with the library unless it is the result, or the file's array
-  // took its place.
+  // The library keeps the array of the defaults, unless it is the result or the file's array
+  // replaced it.
   if (result == defaults.get() || overriding || !found) defaults.release();
   const std::unique_ptr<const wchar_t*[]> owned(count >= 1 ? result : nullptr);
   values.resize(static_cast<std::size_t>(std::max(count, 0)));

@@ -1,3 +1,5 @@
+// Requests for arrays of strings of the configuration library.
+
 #pragma once
 
 #include <string>
@@ -7,16 +9,15 @@ class JSON5Section;
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// A new array with a new NUL-terminated copy of each text, in order; null for no texts. All of it
-// is made with `new[]` and passes to the caller.
+// Returns a new array of new NUL-terminated copies of the texts; null for no texts. The caller owns
+// the array and the strings, all made with `new[]`.
 const wchar_t** MakeWideArray(const std::vector<std::wstring>& texts);
 
-// Requests an array of strings of an open section, with `values` as its defaults, and replaces
-// `values` by the result. Gives whether the file's array is the result.
+// Requests an array of strings of an open section, with `values` as the defaults, and replaces
+// `values` by the result. Returns whether the result is the file's array.
 //
-// Of the arrays that change hands it releases those that are its own to release. The strings in
-// them it never does: those of the defaults are the library's from the request on, which may still
-// hold them.
+// Frees the arrays that it owns, but never the strings in them: the configuration library owns
+// those of the defaults from the request on, and may keep them.
 bool ReadStringArrayParam(JSON5Section& section, const wchar_t* key,
                           std::vector<std::wstring>& values, const wchar_t* comment,
                           bool overriding = false);

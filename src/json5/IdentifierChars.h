@@ -1,10 +1,12 @@
+// The characters of unquoted keys.
+
 #pragma once
 
 #include <cstdint>
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Whether a code point may begin an ECMAScript 5.1 identifier, or stand in it, by the general
+// Return whether a code point may begin or continue an ECMAScript 5.1 identifier, by the general
 // categories of Unicode 10.0.
 bool IsIdentifierStart(std::uint32_t code);
 bool IsIdentifierPart(std::uint32_t code);

@@ -1,4 +1,4 @@
-// The text of a document while it is being read, for the readers of its parts.
+// The input of the parser of JSON5.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Where a text turned out to be malformed. Goes no further than `ParseJson5`.
+// The exception for malformed text. `ParseJson5` catches it.
 struct Json5Malformed {
   std::size_t position;
   const char* message;
@@ -28,7 +28,7 @@ inline bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// The value of a hexadecimal digit, or -1.
+// Returns the value of a hexadecimal digit, or -1.
 inline int HexValue(char byte) {
   if (IsDigit(byte)) return byte - '0';
   if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
@@ -36,75 +36,74 @@ inline int HexValue(char byte) {
   return -1;
 }
 
-// The text, with the place up to which it has been read.
+// A text, with the position up to which it has been read.
 class Json5Cursor {
  public:
-  explicit Json5Cursor(std::string_view whole)
-      : start(whole.data()), at(start), end(start + whole.size()) {}
+  explicit Json5Cursor(std::string_view text)
+      : start_(text.data()), at_(start_), end_(start_ + text.size()) {}
 
-  bool AtEnd() const { return at == end; }
-  std::size_t Position() const { return static_cast<std::size_t>(at - start); }
+  bool AtEnd() const { return at_ == end_; }
+  std::size_t Position() const { return static_cast<std::size_t>(at_ - start_); }
 
-  // The byte `ahead` of the place, or NUL behind the end. A NUL in the text fits no rule that looks
-  // at single bytes, so the two need not be told apart.
-  char Peek(std::size_t ahead = 0) const {
-    return static_cast<std::size_t>(end - at) > ahead ? at[ahead] : '\0';
+  // Returns the byte at `offset` from the position, or NUL after the end. No rule for single bytes
+  // accepts a NUL of the text, so the two needn't be told apart.
+  char Peek(std::size_t offset = 0) const {
+    return static_cast<std::size_t>(end_ - at_) > offset ? at_[offset] : '\0';
   }
 
-  // All that follows.
-  std::string_view Rest() const { return {at, static_cast<std::size_t>(end - at)}; }
+  std::string_view Rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
 
-  void Skip(std::size_t count = 1) { at += count; }
+  void Skip(std::size_t count = 1) { at_ += count; }
 
   template <class Fits>
   void SkipWhile(Fits fits) {
-    while (at != end && fits(*at)) ++at;
+    while (at_ != end_ && fits(*at_)) ++at_;
   }
 
   bool SkipIf(char byte) {
-    if (at == end || *at != byte) return false;
-    ++at;
+    if (at_ == end_ || *at_ != byte) return false;
+    ++at_;
     return true;
   }
 
   bool SkipIf(std::string_view word) {
     if (!Rest().starts_with(word)) return false;
-    at += word.size();
+    at_ += word.size();
     return true;
   }
 
-  // The text from `position` to the place.
+  // Returns the text from `position` to the current position.
   std::string_view Since(std::size_t position) const {
-    return {start + position, static_cast<std::size_t>(at - start) - position};
+    return {start_ + position, static_cast<std::size_t>(at_ - start_) - position};
   }
 
-  // The code point at the place, where there is one, and how many bytes it has.
+  // Returns the next code point, and its number of bytes. REQUIRES: !AtEnd().
   std::uint32_t PeekCode(std::size_t& size) const {
     size = 1;
-    if (IsAscii(*at)) return static_cast<unsigned char>(*at);
+    if (IsAscii(*at_)) return static_cast<unsigned char>(*at_);
     std::string_view rest = Rest();
     const std::uint32_t code = TakeCodePoint(rest);
     if (code == noCodePoint) Fail("bytes that are no UTF-8");
-    size = static_cast<std::size_t>(rest.data() - at);
+    size = static_cast<std::size_t>(rest.data() - at_);
     return code;
   }
 
   std::uint32_t TakeCode() {
     std::size_t size = 0;
     const std::uint32_t code = PeekCode(size);
-    at += size;
+    at_ += size;
     return code;
   }
 
-  // Where nothing fits. At the end of the text it is that which is said, whatever the message.
+  // Raises the error. At the end of the text the message is always that it ends too early.
   [[noreturn]] void Fail(const char* message) const {
     throw Json5Malformed{Position(), AtEnd() ? "the text ends too early" : message};
   }
 
  private:
-  const char* start;
-  const char* at;
-  const char* end;
+  const char* start_;
+  const char* at_;
+  const char* end_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

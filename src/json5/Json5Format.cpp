@@ -17,7 +17,7 @@ namespace {
 constexpr unsigned char leadOfTerminators = 0xE2;  // of U+2028 and U+2029
 constexpr unsigned char leadOfSurrogates = 0xED;
 
-// The bytes that stand for themselves wherever they are.
+// The bytes that never need an escape.
 constexpr std::array<bool, 256> plainBytes = [] {
   std::array<bool, 256> plain = {};
   std::fill(plain.begin() + ' ', plain.end() - 1, true);
@@ -28,7 +28,7 @@ constexpr std::array<bool, 256> plainBytes = [] {
   return plain;
 }();
 
-// Whether one of those two begins a character here that needs no escape.
+// Returns whether one of these two lead bytes begins a character that needs no escape.
 bool BeginsPlain(std::string_view text) {
   const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   if (byte(0) == leadOfTerminators) return byte(1) != 0x80 || (byte(2) | 1) != 0xA9;
@@ -66,13 +66,13 @@ std::string TakeEscaped(std::string_view& text) {
 }
 
 char* WriteInt(int number, char* out) {
-  return std::to_chars(out, out + roomOfNumber, number).ptr;
+  return std::to_chars(out, out + maxNumberSize, number).ptr;
 }
 
 char* WriteReal(double number, char* out) {
   constexpr std::string_view null = "null";
   if (!std::isfinite(number)) return std::copy(null.begin(), null.end(), out);
-  char* end = std::to_chars(out, out + roomOfNumber, number).ptr;
+  char* end = std::to_chars(out, out + maxNumberSize, number).ptr;
   const std::string_view text(out, static_cast<std::size_t>(end - out));
   if (text.find_first_of(".e") != text.npos) return end;
   *end++ = '.';

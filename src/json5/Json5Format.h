@@ -1,5 +1,4 @@
-// Values as a written file has them: in JSON that reads the same as JSON5. Texts are as
-// `Json5Text.h` has them.
+// Formats values in JSON that reads the same as JSON5. Texts are in the form of Json5Text.h.
 
 #pragma once
 
@@ -9,20 +8,20 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// How many bytes at the head of the text stand in a string as they are.
+// Returns how many bytes at the front of the text need no escape in a string.
 std::size_t PlainSize(std::string_view text);
 
-// The escape of what stands at the head of the text, which loses it: of a character that can't
-// stand for itself, or of a surrogate.
+// Removes a character that needs an escape, or a surrogate, from the front of the text, and returns
+// its escape.
 std::string TakeEscaped(std::string_view& text);
 
-// The most bytes that a number takes.
-constexpr std::size_t roomOfNumber = 32;
+// No number takes more bytes.
+constexpr std::size_t maxNumberSize = 32;
 
-// These write a number to `out`, which has room for it, and give the place behind it.
+// Write a number to `out` and return its end. REQUIRES: `out` has `maxNumberSize` bytes.
 char* WriteInt(int number, char* out);
 
-// With a point or an exponent, so that it reads as a real. What JSON has no number for is null.
+// Writes a point or an exponent, so that the number reads as a real. Infinities and NaN are null.
 char* WriteReal(double number, char* out);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

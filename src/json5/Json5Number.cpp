@@ -13,7 +13,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// The exponent of a decimal number, or one far out of range in its place.
+// Returns the exponent of a decimal number, or one far out of range if it overflows.
 double ExponentOf(std::string_view chars) {
   const std::size_t mark = chars.find_first_of("eE");
   if (mark == chars.npos) return 0;
@@ -25,7 +25,7 @@ double ExponentOf(std::string_view chars) {
   return digits.starts_with('-') ? -1e18 : 1e18;
 }
 
-// The nearest double of a decimal number that `from_chars` found too great or too small.
+// Returns the nearest double of a decimal number that is out of range for `from_chars`.
 double BeyondRange(std::string_view chars) {
   const std::string_view mantissa = chars.substr(0, chars.find_first_of("eE"));
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
@@ -35,7 +35,7 @@ double BeyondRange(std::string_view chars) {
   return magnitude > 0 ? infinity : 0;
 }
 
-// Gives false for a number out of the range of a double.
+// Returns false if the number is out of the range of a double.
 bool ToDouble(std::string_view chars, std::chars_format format, double& number) {
   const auto result = std::from_chars(chars.data(), chars.data() + chars.size(), number, format);
   return result.ec != std::errc::result_out_of_range;
@@ -61,11 +61,11 @@ double ReadDecimal(Json5Cursor& cursor) {
   } else {
     SkipDigits(cursor);
   }
-  const bool digitsAhead = cursor.Position() != start;
+  const bool hasInteger = cursor.Position() != start;
   if (cursor.SkipIf('.')) {
-    if (!digitsAhead && !IsDigit(cursor.Peek())) cursor.Fail("a point without digits");
+    if (!hasInteger && !IsDigit(cursor.Peek())) cursor.Fail("a point without digits");
     SkipDigits(cursor);
-  } else if (!digitsAhead) {
+  } else if (!hasInteger) {
     cursor.Fail("a sign without a number");
   }
   if (cursor.SkipIf('e') || cursor.SkipIf('E')) {

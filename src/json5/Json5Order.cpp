@@ -9,45 +9,44 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-Json5Order::Json5Order(const Json5Record& requests)
-    : record(requests), first(requests.Items().size()), order(first.size()) {
+Json5Order::Json5Order(const Json5Record& record)
+    : record_(record), first_(record.Items().size()), order_(first_.size()) {
   if (!FindFirstByHash()) FindFirstBySorting();
   const std::vector<std::size_t> firstOfSections = FirstOfSections();
   const auto isBefore = [&](std::size_t left, std::size_t right) {
-    const std::size_t leftSection = firstOfSections[record.Items()[left].section];
-    const std::size_t rightSection = firstOfSections[record.Items()[right].section];
-    return std::pair(leftSection, first[left]) < std::pair(rightSection, first[right]);
+    const std::size_t leftSection = firstOfSections[record_.Items()[left].section];
+    const std::size_t rightSection = firstOfSections[record_.Items()[right].section];
+    return std::pair(leftSection, first_[left]) < std::pair(rightSection, first_[right]);
   };
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  if (std::is_sorted(order.begin(), order.end(), isBefore)) return;
-  std::stable_sort(order.begin(), order.end(), isBefore);
+  std::iota(order_.begin(), order_.end(), std::size_t{0});
+  if (std::is_sorted(order_.begin(), order_.end(), isBefore)) return;
+  std::stable_sort(order_.begin(), order_.end(), isBefore);
 }
 
-// By a table in which an item stands at its hash, or else at the next place that is free: at least
-// half of it is. False if too many others stand in the way: hashes that are alike by intention are
-// more than it is made for.
+// Uses a hash table with open addressing and linear probing, at most half full. Returns false if a
+// probe sequence gets too long, as with hashes that collide by intention.
 bool Json5Order::FindFirstByHash() {
   constexpr auto none = static_cast<std::size_t>(-1);
   constexpr std::size_t maxTries = 128;
-  std::vector<std::size_t> table(std::bit_ceil(2 * first.size() + 1), none);
-  for (std::size_t item = 0; item < first.size(); ++item) {
+  std::vector<std::size_t> table(std::bit_ceil(2 * first_.size() + 1), none);
+  for (std::size_t item = 0; item < first_.size(); ++item) {
     const std::size_t home = Hash(item);
     std::size_t tries = 0;
     const auto entry = [&]() -> std::size_t& { return table[(home + tries) & (table.size() - 1)]; };
-    while (entry() != none && !AreOfOneName(entry(), item)) {
+    while (entry() != none && !HaveSameName(entry(), item)) {
       if (++tries == maxTries) return false;
     }
     if (entry() == none) entry() = item;
-    first[item] = entry();
+    first_[item] = entry();
   }
   return true;
 }
 
 void Json5Order::FindFirstBySorting() {
   const auto nameOf = [this](std::size_t item) {
-    return std::pair(record.Items()[item].section, record.Items()[item].name);
+    return std::pair(record_.Items()[item].section, record_.Items()[item].name);
   };
-  std::vector<std::size_t> sorted(first.size());
+  std::vector<std::size_t> sorted(first_.size());
   std::iota(sorted.begin(), sorted.end(), std::size_t{0});
   std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t left, std::size_t right) {
     return nameOf(left) < nameOf(right);
@@ -55,24 +54,24 @@ void Json5Order::FindFirstBySorting() {
   std::size_t last = 0;
   for (const std::size_t item : sorted) {
     if (nameOf(last) != nameOf(item)) last = item;
-    first[item] = last;
+    first_[item] = last;
   }
 }
 
 std::size_t Json5Order::Hash(std::size_t item) const {
-  const Json5RecordItem& opened = record.Items()[item];
+  const Json5RecordItem& opened = record_.Items()[item];
   return std::hash<std::string_view>()(opened.name) + opened.section;
 }
 
-bool Json5Order::AreOfOneName(std::size_t left, std::size_t right) const {
-  return AreOfOneSection(left, right) && record.Items()[left].name == record.Items()[right].name;
+bool Json5Order::HaveSameName(std::size_t left, std::size_t right) const {
+  return HaveSameSection(left, right) && record_.Items()[left].name == record_.Items()[right].name;
 }
 
-// By the sections' places among the repeated texts.
+// For each section, by its place among the repeated texts, the place of its first item.
 std::vector<std::size_t> Json5Order::FirstOfSections() const {
-  std::vector<std::size_t> firstOfSections(record.repeated.Count(), first.size());
-  for (std::size_t item = first.size(); item-- != 0;) {
-    firstOfSections[record.Items()[item].section] = item;
+  std::vector<std::size_t> firstOfSections(record_.repeated.Count(), first_.size());
+  for (std::size_t item = first_.size(); item-- != 0;) {
+    firstOfSections[record_.Items()[item].section] = item;
   }
   return firstOfSections;
 }

@@ -1,4 +1,4 @@
-// The items of a record in the order in which they are written.
+// The order in which the items of a record are written.
 
 #pragma once
 
@@ -9,31 +9,33 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// An item goes by its place in the record, which must outlive this. Those of one section and name
-// are one item of the file.
+// Groups the items of a record: those of the same section and name are one item of the file. Items
+// are identified by their places in the record. REQUIRES: the record outlives this.
 class Json5Order {
  public:
-  explicit Json5Order(const Json5Record& requests);
+  explicit Json5Order(const Json5Record& record);
 
-  // All places, section by section in the order of their first requests, and so the items in them.
-  const std::vector<std::size_t>& InOrder() const { return order; }
+  // All places. Sections are in the order of their first requests, and so are the items in each.
+  const std::vector<std::size_t>& InOrder() const { return order_; }
 
-  bool AreOne(std::size_t left, std::size_t right) const { return first[left] == first[right]; }
+  bool AreSameItem(std::size_t left, std::size_t right) const {
+    return first_[left] == first_[right];
+  }
 
-  bool AreOfOneSection(std::size_t left, std::size_t right) const {
-    return record.Items()[left].section == record.Items()[right].section;
+  bool HaveSameSection(std::size_t left, std::size_t right) const {
+    return record_.Items()[left].section == record_.Items()[right].section;
   }
 
  private:
   bool FindFirstByHash();
   void FindFirstBySorting();
   std::size_t Hash(std::size_t item) const;
-  bool AreOfOneName(std::size_t left, std::size_t right) const;
+  bool HaveSameName(std::size_t left, std::size_t right) const;
   std::vector<std::size_t> FirstOfSections() const;
 
-  const Json5Record& record;
-  std::vector<std::size_t> first;  // of each place, the first of its section and name
-  std::vector<std::size_t> order;
+  const Json5Record& record_;
+  std::vector<std::size_t> first_;  // for each place, the first of the same section and name
+  std::vector<std::size_t> order_;
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -28,101 +28,102 @@ struct OpenValue {
 
 class Json5Parser {
  public:
-  Json5Parser(std::string_view text, Json5Tree& target) : cursor(text), tree(target) {}
+  Json5Parser(std::string_view text, Json5Tree& tree) : cursor_(text), tree_(tree) {}
 
   void ParseDocument() {
-    // Few files have shorter members, and what isn't filled costs nothing.
+    // Few files have shorter members, and capacity that isn't used costs nothing.
     constexpr std::size_t bytesOfMember = 16;
-    tree.members.reserve(cursor.Rest().size() / bytesOfMember);
+    tree_.members.reserve(cursor_.Rest().size() / bytesOfMember);
     do {
       ReadValue();
     } while (ReadSeparator());
-    if (!cursor.AtEnd()) cursor.Fail("something behind the value");
+    if (!cursor_.AtEnd()) cursor_.Fail("something behind the value");
   }
 
  private:
-  // Reads a whole scalar, or what opens an array or object, down to the first scalar or the first
-  // empty array or object in it.
+  // Reads a scalar or an empty array or object, after the openings of all arrays and objects that
+  // begin before it.
   void ReadValue() {
     while (true) {
-      SkipSpace(cursor);
-      if (cursor.SkipIf('[')) {
+      SkipSpace(cursor_);
+      if (cursor_.SkipIf('[')) {
         Open(Kind::array);
-      } else if (cursor.SkipIf('{')) {
+      } else if (cursor_.SkipIf('{')) {
         Open(Kind::object);
       } else {
         return Add(ReadScalar());
       }
       if (SkipClosing()) return Close();
-      if (open.back().kind == Kind::object) ReadKey();
+      if (open_.back().kind == Kind::object) ReadKey();
     }
   }
 
-  // Reads what stands behind a value: the ends of arrays and objects, and then a comma that another
-  // value follows. Gives false at the end of the outermost value.
+  // Reads what follows a value: the ends of arrays and objects, and a comma before another value.
+  // Returns false after the outermost value.
   bool ReadSeparator() {
-    while (!open.empty()) {
-      SkipSpace(cursor);
-      const bool comma = cursor.SkipIf(',');
+    while (!open_.empty()) {
+      SkipSpace(cursor_);
+      const bool comma = cursor_.SkipIf(',');
       if (SkipClosing()) {
         Close();
         continue;
       }
-      if (!comma) cursor.Fail("neither a comma nor the end of an array or object");
-      if (open.back().kind == Kind::object) ReadKey();
+      if (!comma) cursor_.Fail("neither a comma nor the end of an array or object");
+      if (open_.back().kind == Kind::object) ReadKey();
       return true;
     }
-    SkipSpace(cursor);
+    SkipSpace(cursor_);
     return false;
   }
 
   void Open(Kind kind) {
-    if (open.size() == maxJson5Depth) {
-      throw Json5Malformed{cursor.Position() - 1, "arrays and objects too deep in each other"};
+    if (open_.size() == maxJson5Depth) {
+      throw Json5Malformed{cursor_.Position() - 1, "arrays and objects too deep in each other"};
     }
-    open.push_back({kind, {}, pending.size()});
+    open_.push_back({kind, {}, pending_.size()});
   }
 
   bool SkipClosing() {
-    SkipSpace(cursor);
-    return cursor.SkipIf(open.back().kind == Kind::array ? ']' : '}');
+    SkipSpace(cursor_);
+    return cursor_.SkipIf(open_.back().kind == Kind::array ? ']' : '}');
   }
 
   void Close() {
-    const OpenValue closed = open.back();
-    open.pop_back();
+    const OpenValue closed = open_.back();
+    open_.pop_back();
     if (closed.kind == Kind::object) SortByKey(closed.firstMember);
-    const auto first = pending.begin() + static_cast<std::ptrdiff_t>(closed.firstMember);
+    const auto first = pending_.begin() + static_cast<std::ptrdiff_t>(closed.firstMember);
     Json5Value value;
     value.kind = closed.kind;
     std::construct_at(&value.members,
-                      Json5Members{tree.members.size(), pending.size() - closed.firstMember});
-    tree.members.insert(tree.members.end(), first, pending.end());
-    pending.resize(closed.firstMember);
+                      Json5Members{tree_.members.size(), pending_.size() - closed.firstMember});
+    tree_.members.insert(tree_.members.end(), first, pending_.end());
+    pending_.resize(closed.firstMember);
     Add(value);
   }
 
-  // Puts the pending members from this one on into the order of their keys, the last of each key
-  // staying alone.
+  // Sorts the pending members from this one on by their keys, and drops all but the last of each
+  // key.
   void SortByKey(std::size_t firstMember) {
-    const auto first = pending.begin() + static_cast<std::ptrdiff_t>(firstMember);
+    const auto first = pending_.begin() + static_cast<std::ptrdiff_t>(firstMember);
     const auto byKey = [](const Json5Member& left, const Json5Member& right) {
       return IsKeyBefore(left.key, right.key);
     };
     const auto outOfOrder = [&byKey](const Json5Member& left, const Json5Member& right) {
       return !byKey(left, right);
     };
-    if (std::adjacent_find(first, pending.end(), outOfOrder) == pending.end()) return;
-    StableSort(first, pending.end(), byKey);
+    if (std::adjacent_find(first, pending_.end(), outOfOrder) == pending_.end()) return;
+    StableSort(first, pending_.end(), byKey);
     const auto sameKey = [](const Json5Member& left, const Json5Member& right) {
       return left.key == right.key;
     };
-    // From behind, the last of equals is the first, which `unique` keeps.
-    const auto kept = std::unique(pending.rbegin(), std::make_reverse_iterator(first), sameKey);
-    pending.erase(first, kept.base());
+    // In reverse, the last of equals comes first, and `unique` keeps it.
+    const auto kept = std::unique(pending_.rbegin(), std::make_reverse_iterator(first), sameKey);
+    pending_.erase(first, kept.base());
   }
 
-  // Few members, and those that are nearly in order, are sooner sorted in their place.
+  // Insertion sort, which is faster for few or nearly sorted members; `std::stable_sort` if a
+  // member has to move far.
   template <class Iterator, class Less>
   static void StableSort(Iterator first, Iterator end, Less less) {
     constexpr std::ptrdiff_t farthest = 16;
@@ -137,49 +138,48 @@ class Json5Parser {
   }
 
   void Add(const Json5Value& value) {
-    if (open.empty()) {
-      tree.root = value;
+    if (open_.empty()) {
+      tree_.root = value;
     } else {
-      pending.push_back({open.back().key, value});
+      pending_.push_back({open_.back().key, value});
     }
   }
 
   void ReadKey() {
-    SkipSpace(cursor);
-    open.back().key = IsQuotationMark(cursor.Peek()) ? ReadString(cursor, tree.decoded)
-                                                     : ReadIdentifier(cursor, tree.decoded);
-    SkipSpace(cursor);
-    if (!cursor.SkipIf(':')) cursor.Fail("a colon is expected behind a key");
+    SkipSpace(cursor_);
+    open_.back().key = IsQuotationMark(cursor_.Peek()) ? ReadString(cursor_, tree_.decoded)
+                                                       : ReadIdentifier(cursor_, tree_.decoded);
+    SkipSpace(cursor_);
+    if (!cursor_.SkipIf(':')) cursor_.Fail("a colon is expected behind a key");
   }
 
   Json5Value ReadScalar() {
     Json5Value value;
-    const char byte = cursor.Peek();
+    const char byte = cursor_.Peek();
     if (IsQuotationMark(byte)) {
       value.kind = Kind::string;
-      std::construct_at(&value.text, ReadString(cursor, tree.decoded));
+      std::construct_at(&value.text, ReadString(cursor_, tree_.decoded));
     } else if (IsDigit(byte) || std::string_view("+-.IN").find(byte) != std::string_view::npos) {
       value.kind = Kind::number;
-      value.number = ReadNumber(cursor);
-    } else if (cursor.SkipIf("true")) {
+      value.number = ReadNumber(cursor_);
+    } else if (cursor_.SkipIf("true")) {
       value.kind = Kind::boolean;
       value.boolean = true;
-    } else if (cursor.SkipIf("false")) {
+    } else if (cursor_.SkipIf("false")) {
       value.kind = Kind::boolean;
-    } else if (!cursor.SkipIf("null")) {
-      cursor.Fail("a value is expected");
+    } else if (!cursor_.SkipIf("null")) {
+      cursor_.Fail("a value is expected");
     }
     return value;
   }
 
-  Json5Cursor cursor;
-  Json5Tree& tree;
-  std::vector<OpenValue> open;
-  std::vector<Json5Member> pending;  // of the open arrays and objects, those of the innermost last
+  Json5Cursor cursor_;
+  Json5Tree& tree_;
+  std::vector<OpenValue> open_;
+  std::vector<Json5Member> pending_;  // of the open arrays and objects, the innermost last
 };
 
-// A line ends at each line terminator, and once at a carriage return and line feed. What stands in
-// front of the error can be decoded.
+// A carriage return and a line feed are one line end. The text before the error can be decoded.
 Json5Error ErrorAt(std::string_view text, const Json5Malformed& malformed) {
   Json5Error error{1, 1, malformed.message};
   Json5Cursor cursor(text);

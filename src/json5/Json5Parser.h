@@ -1,4 +1,4 @@
-// JSON5 1.0.0, from text to tree.
+// A parser of JSON5 1.0.0.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Arrays and objects may stand this deep in each other. Deeper text is malformed.
+// The maximum depth of nested arrays and objects. Deeper text is malformed.
 constexpr std::size_t maxJson5Depth = 1000;
 
 struct Json5Error {
@@ -19,9 +19,9 @@ struct Json5Error {
   const char* message;
 };
 
-// Parses a whole text in UTF-8 into an empty tree, in one pass and without recursion. Bytes that
-// can't be decoded make a text malformed. A number beyond the range of a double is infinite. Gives
-// the error of malformed text, whose tree is of no use.
+// Parses a text in UTF-8 into `tree`, in one pass and without recursion. Returns an error, and
+// leaves `tree` unusable, if the text is malformed or can't be decoded. Numbers out of the range of
+// a double are infinite or 0. REQUIRES: `tree` is empty.
 std::optional<Json5Error> ParseJson5(std::string_view text, Json5Tree& tree);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -20,16 +20,15 @@ bool IsSpaceOutsideAscii(std::uint32_t code) {
          code == 0x2029 || code == 0x202F || code == 0x205F || code == 0x3000 || code == 0xFEFF;
 }
 
-// Eight bytes at once, each of them one of these two in turn.
+// Returns these two bytes four times, as a word.
 constexpr std::uint64_t Alternating(unsigned char first, unsigned char second) {
   using Bytes = std::array<unsigned char, 8>;
   return std::bit_cast<std::uint64_t>(
       Bytes{first, second, first, second, first, second, first, second});
 }
 
-// How far a comment goes that has letters of two bytes, most of them side by side, as far as that
-// can be told from eight bytes at once. Of the bytes that begin such letters only the upper half
-// counts, in which those of Cyrillic are.
+// A fast path for Cyrillic comments: returns the length of the run of letters of two bytes, four at
+// a time. Of their lead bytes only the upper half counts, which includes those of Cyrillic.
 std::size_t FourLettersLength(std::string_view text) {
   std::size_t length = 0;
   std::uint64_t eight = 0;

@@ -1,4 +1,4 @@
-// What may stand anywhere between the parts of a document.
+// White space and comments of JSON5.
 
 #pragma once
 
@@ -6,11 +6,11 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// White space and comments, from a place where there are some.
+// Skips white space and comments. Faster where there are some.
 void SkipSomeSpace(Json5Cursor& cursor);
 
 inline void SkipSpace(Json5Cursor& cursor) {
-  // In files without blanks there is none.
+  // A fast path for files without blanks.
   const char byte = cursor.Peek();
   if (!IsAscii(byte) || byte <= ' ' || byte == '/') SkipSomeSpace(cursor);
 }

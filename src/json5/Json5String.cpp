@@ -31,11 +31,11 @@ bool IsLowSurrogate(std::uint32_t code) {
   return code >= 0xDC00 && code <= 0xDFFF;
 }
 
-// The characters that stand for another one behind a backslash, and these others.
+// The letters of escapes, and the characters that they stand for.
 constexpr std::string_view escapeLetters = "bfnrtv";
 constexpr std::string_view escapedCodes = "\b\f\n\r\t\v";
 
-// The bytes of ASCII that stand for themselves in a string whatever the quotation mark.
+// The ASCII bytes that are plain in all strings, whatever the quotation mark.
 constexpr std::array<bool, 256> plainBytes = [] {
   std::array<bool, 256> plain = {};
   std::fill_n(plain.begin(), 0x80, true);
@@ -49,56 +49,55 @@ bool IsPlain(char byte) {
   return plainBytes[static_cast<unsigned char>(byte)];
 }
 
-// Reads a string from behind its opening quotation mark, and the closing one with it.
+// Reads a string after its opening quotation mark, up to and including the closing one.
 class StringReader {
  public:
-  StringReader(Json5Cursor& source, char mark) : cursor(source), quotationMark(mark) {}
+  StringReader(Json5Cursor& cursor, char quotationMark)
+      : cursor_(cursor), quotationMark_(quotationMark) {}
 
-  // The string, if it has no escapes a view into the text, otherwise one into a new entry of
-  // `decoded`.
   std::string_view Read(std::deque<std::string>& decoded) {
-    const std::size_t start = cursor.Position();
+    const std::size_t start = cursor_.Position();
     SkipPlain();
-    if (cursor.Peek() == quotationMark) {
-      const std::string_view plain = cursor.Since(start);
-      cursor.Skip();
+    if (cursor_.Peek() == quotationMark_) {
+      const std::string_view plain = cursor_.Since(start);
+      cursor_.Skip();
       return plain;
     }
-    text = cursor.Since(start);
-    while (!cursor.SkipIf(quotationMark)) {
+    text_ = cursor_.Since(start);
+    while (!cursor_.SkipIf(quotationMark_)) {
       ReadEscape();
-      const std::size_t plainStart = cursor.Position();
+      const std::size_t plainStart = cursor_.Position();
       SkipPlain();
-      const std::string_view plain = cursor.Since(plainStart);
-      if (!plain.empty()) escapedHigh = 0;
-      text += plain;
+      const std::string_view plain = cursor_.Since(plainStart);
+      if (!plain.empty()) escapedHigh_ = 0;
+      text_ += plain;
     }
-    return decoded.emplace_back(std::move(text));
+    return decoded.emplace_back(std::move(text_));
   }
 
  private:
-  // Up to the closing mark or the next backslash.
+  // Stops at the closing mark or the next backslash.
   void SkipPlain() {
     while (true) {
-      cursor.SkipWhile(IsPlain);
-      const char byte = cursor.Peek();
-      if (cursor.AtEnd() || byte == '\n' || byte == '\r') {
-        cursor.Fail("a string that is not closed on its line");
+      cursor_.SkipWhile(IsPlain);
+      const char byte = cursor_.Peek();
+      if (cursor_.AtEnd() || byte == '\n' || byte == '\r') {
+        cursor_.Fail("a string that is not closed on its line");
       }
-      if (byte == quotationMark || byte == '\\') return;
-      cursor.TakeCode();
+      if (byte == quotationMark_ || byte == '\\') return;
+      cursor_.TakeCode();
     }
   }
 
   void ReadEscape() {
-    cursor.Skip();
-    if (cursor.AtEnd()) cursor.Fail("");
-    if (cursor.SkipIf('x')) return Append(ReadHexDigits(cursor, 2));
-    if (cursor.SkipIf('u')) return Append(ReadHexDigits(cursor, 4));
-    if (IsDigit(cursor.Peek())) return ReadNul();
-    // A line end behind a backslash is no part of the string, nor does it part a pair.
-    if (cursor.SkipIf("\r\n")) return;
-    const std::uint32_t code = cursor.TakeCode();
+    cursor_.Skip();
+    if (cursor_.AtEnd()) cursor_.Fail("");
+    if (cursor_.SkipIf('x')) return Append(ReadHexDigits(cursor_, 2));
+    if (cursor_.SkipIf('u')) return Append(ReadHexDigits(cursor_, 4));
+    if (IsDigit(cursor_.Peek())) return ReadNul();
+    // An escaped line end isn't part of the string, nor does it separate a surrogate pair.
+    if (cursor_.SkipIf("\r\n")) return;
+    const std::uint32_t code = cursor_.TakeCode();
     if (IsLineTerminator(code)) return;
     const std::size_t letter =
         code < 0x80 ? escapeLetters.find(static_cast<char>(code)) : escapeLetters.npos;
@@ -106,30 +105,29 @@ class StringReader {
   }
 
   void ReadNul() {
-    if (cursor.Peek() != '0' || IsDigit(cursor.Peek(1))) cursor.Fail("an escape of a digit");
-    cursor.Skip();
+    if (cursor_.Peek() != '0' || IsDigit(cursor_.Peek(1))) cursor_.Fail("an escape of a digit");
+    cursor_.Skip();
     Append(0);
   }
 
-  // Adds a code point, or a surrogate: the second of a pair makes a code point of both.
+  // Appends a code point or a surrogate. The second of a pair is combined with the first.
   void Append(std::uint32_t code) {
-    if (escapedHigh != 0 && IsLowSurrogate(code)) {
+    if (escapedHigh_ != 0 && IsLowSurrogate(code)) {
       constexpr std::size_t highSize = 3;
-      text.resize(text.size() - highSize);
-      code = ((escapedHigh - 0xD7C0) << 10) + (code - 0xDC00);
+      text_.resize(text_.size() - highSize);
+      code = ((escapedHigh_ - 0xD7C0) << 10) + (code - 0xDC00);
     }
-    AppendJson5Code(text, code);
-    escapedHigh = IsHighSurrogate(code) ? code : 0;
+    AppendJson5Code(text_, code);
+    escapedHigh_ = IsHighSurrogate(code) ? code : 0;
   }
 
-  Json5Cursor& cursor;
-  char quotationMark;
-  std::string text;
-  std::uint32_t escapedHigh = 0;  // a surrogate that an escape has just put at the end, or 0
+  Json5Cursor& cursor_;
+  char quotationMark_;
+  std::string text_;
+  std::uint32_t escapedHigh_ = 0;  // the high surrogate that an escape has just appended, or 0
 };
 
-// Up to what is no plain part of an identifier. `first` says that its first character is still to
-// come.
+// Skips the unescaped characters of an identifier. `first` tells that its first character is next.
 void SkipPlainIdentifier(Json5Cursor& cursor, bool first) {
   for (; !cursor.AtEnd(); first = false) {
     std::size_t size = 0;

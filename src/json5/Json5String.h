@@ -1,5 +1,5 @@
-// Strings and keys. What is written with escapes is put together in a new entry of `decoded`; of
-// anything else a view into the text is given.
+// Strings and keys of JSON5. The readers return a view into the text, or into a new entry of
+// `decoded` if there are escapes.
 
 #pragma once
 
@@ -15,7 +15,7 @@ inline bool IsQuotationMark(char byte) {
   return byte == '"' || byte == '\'';
 }
 
-// Reads a string with its quotation marks, the opening one of which stands at the place.
+// Reads a string with its quotation marks. REQUIRES: IsQuotationMark(cursor.Peek()).
 std::string_view ReadString(Json5Cursor& cursor, std::deque<std::string>& decoded);
 
 std::string_view ReadIdentifier(Json5Cursor& cursor, std::deque<std::string>& decoded);

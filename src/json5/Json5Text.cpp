@@ -8,7 +8,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-constexpr char noText = '\xFF';
+constexpr char noCodeByte = '\xFF';
 
 }  // namespace
 
@@ -38,7 +38,7 @@ void ToJson5Text(std::wstring_view text, std::string& bytes) {
   while (!text.empty()) {
     const char32_t code = TakeUnits(text);
     if (code > 0x10FFFF) {
-      bytes.push_back(noText);
+      bytes.push_back(noCodeByte);
     } else {
       AppendJson5Code(bytes, code);
     }
@@ -46,7 +46,7 @@ void ToJson5Text(std::wstring_view text, std::string& bytes) {
 }
 
 char32_t TakeJson5Code(std::string_view& bytes) {
-  if (bytes.front() == noText) {
+  if (bytes.front() == noCodeByte) {
     bytes.remove_prefix(1);
     return 0xFFFD;
   }

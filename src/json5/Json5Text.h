@@ -1,5 +1,5 @@
-// Strings and keys of JSON5. They are kept in UTF-8, in which a surrogate without its partner has
-// the three bytes that its number would have.
+// The form of strings and keys of JSON5: UTF-8, in which an unpaired surrogate has the three bytes
+// of its number.
 
 #pragma once
 
@@ -9,26 +9,27 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Adds the bytes of a code point, or of a surrogate.
+// Appends a code point or a surrogate.
 void AppendJson5Code(std::string& bytes, char32_t code);
 
-// The bytes of a wide text. A unit that stands for nothing becomes a byte that no file has.
+// Converts a wide text. A unit above U+10FFFF becomes a byte that UTF-8 never contains.
 std::string ToJson5Text(std::wstring_view text);
 
-// The same, in the place of what `bytes` holds.
+// The same, replacing the contents of `bytes`.
 void ToJson5Text(std::wstring_view text, std::string& bytes);
 
-// The code above ASCII at the head of `bytes`, which loses it: a code point, a surrogate, or
-// U+FFFD for a unit that stood for nothing.
+// Removes a code from the front of `bytes` and returns it: a code point, a surrogate, or U+FFFD for
+// what was a unit above U+10FFFF. REQUIRES: it isn't ASCII.
 char32_t TakeJson5Code(std::string_view& bytes);
 
-// How many units the wide form of `bytes` has.
+// Returns the number of units of the wide form of `bytes`.
 std::size_t WideSize(std::string_view bytes);
 
-// Writes the wide form of `bytes` to `out`, which has room for it. Gives the place behind it.
+// Writes the wide form of `bytes` to `out`, and returns its end. REQUIRES: `out` has capacity for
+// `WideSize(bytes)` units.
 wchar_t* PutWideText(std::string_view bytes, wchar_t* out);
 
-// The wide form of `bytes`.
+// Returns the wide form of `bytes`.
 std::wstring ToWideText(std::string_view bytes);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

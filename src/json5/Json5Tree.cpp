@@ -12,9 +12,9 @@ bool IsKeyLess(const Json5Member& member, std::string_view key) {
   return IsKeyBefore(member.key, key);
 }
 
-// The places among sorted members between which the first that isn't less than `key` is, found in
-// growing steps from `place` on.
-Json5Members Around(std::span<const Json5Member> all, std::string_view key, std::size_t place) {
+// Galloping search: returns the range of sorted members that contains the lower bound of `key`,
+// found by doubling steps from `place`.
+Json5Members Gallop(std::span<const Json5Member> all, std::string_view key, std::size_t place) {
   std::size_t first = std::min(place, all.size());
   std::size_t end = first;
   for (std::size_t step = 1; end < all.size() && IsKeyLess(all[end], key); step *= 2) {
@@ -50,10 +50,10 @@ const Json5Value* Json5Tree::FindNear(const Json5Value& object, std::string_view
                                       std::size_t& place) const {
   if (object.kind != Kind::object) return nullptr;
   const std::span<const Json5Member> all = Members(object);
-  const Json5Members around = Around(all, key, place);
-  const auto near = all.subspan(around.first, around.count);
+  const Json5Members range = Gallop(all, key, place);
+  const auto near = all.subspan(range.first, range.count);
   const auto found = std::lower_bound(near.begin(), near.end(), key, IsKeyLess);
-  place = around.first + static_cast<std::size_t>(found - near.begin());
+  place = range.first + static_cast<std::size_t>(found - near.begin());
   return place < all.size() && all[place].key == key ? &all[place].value : nullptr;
 }
 

@@ -1,4 +1,4 @@
-// What a document of JSON5 says.
+// A parsed document of JSON5.
 
 #pragma once
 
@@ -12,13 +12,13 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// The members of an array or object, by their places in a `Json5Tree`.
+// The members of an array or object, as a range of `Json5Tree::members`.
 struct Json5Members {
   std::size_t first;
   std::size_t count;
 };
 
-// The kind tells which of the others there is. All texts are as `Json5Text.h` has them.
+// `kind` tells which of the other members is valid. Texts are in the form of Json5Text.h.
 struct Json5Value {
   enum class Kind : unsigned char { null, boolean, number, string, array, object };
 
@@ -33,13 +33,13 @@ struct Json5Value {
   };
 };
 
-// An element of an array, which has an empty key, or a member of an object.
+// A member of an object, or an element of an array, whose key is empty.
 struct Json5Member {
   std::string_view key;
   Json5Value value;
 };
 
-// The order of the members' keys, by their bytes. Most differ in one of the first.
+// Compares keys by their bytes. A loop, since most keys differ early.
 inline bool IsKeyBefore(std::string_view left, std::string_view right) {
   const std::size_t shorter = std::min(left.size(), right.size());
   for (std::size_t i = 0; i < shorter; ++i) {
@@ -50,28 +50,27 @@ inline bool IsKeyBefore(std::string_view left, std::string_view right) {
   return left.size() < right.size();
 }
 
-// A whole document. The tree refers to the text that it was parsed from, which must outlive it, and
-// to its own parts, so that it is neither copied nor moved.
+// A whole document. Neither copied nor moved, since it refers to its own parts. REQUIRES: the text
+// that it was parsed from outlives it.
 struct Json5Tree {
   Json5Tree() = default;
   Json5Tree(const Json5Tree&) = delete;
   Json5Tree& operator=(const Json5Tree&) = delete;
 
-  // The elements of an array in their order, or the members of an object in the order of the keys'
-  // bytes, each key once, with the last value that the text has for it. Of any other value there
-  // are none.
+  // Returns the elements of an array in order, or the members of an object sorted by the keys'
+  // bytes, each key once, with its last value in the text. Empty for any other value.
   std::span<const Json5Member> Members(const Json5Value& value) const;
 
-  // The value of a member, or null if `object` is no object or has no such key.
+  // Returns the value of a member, or null if `object` isn't an object or has no such key.
   const Json5Value* Find(const Json5Value& object, std::string_view key) const;
 
-  // The same, the sooner the nearer the member stands to the `place` that the last search in this
-  // object left there; 0 at first.
+  // The same by galloping search from `place`, in time logarithmic in the member's distance.
+  // `place` is 0 at first, and what the last search in this object set it to afterwards.
   const Json5Value* FindNear(const Json5Value& object, std::string_view key,
                              std::size_t& place) const;
 
   Json5Value root;
-  std::vector<Json5Member> members;  // those of one value side by side
+  std::vector<Json5Member> members;  // those of one value are contiguous
   std::deque<std::string> decoded;   // strings and keys that were written with escapes
 };
 

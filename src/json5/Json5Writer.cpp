@@ -21,8 +21,8 @@ bool EndsLine(wchar_t unit) {
   return IsLineTerminator(static_cast<std::uint32_t>(unit));
 }
 
-// What stands behind an entry with this comment that another entry follows. A comment ends with its
-// line, and so has no line end of its own.
+// Returns what follows an entry with this comment before another entry. Line ends in the comment
+// become blanks, since a comment ends with its line.
 std::string FormatComment(std::wstring_view comment) {
   if (comment.empty()) return ",";
   std::wstring line(comment);
@@ -31,183 +31,182 @@ std::string FormatComment(std::wstring_view comment) {
   return AppendUtf8(bytes, line) ? bytes : ", // ";
 }
 
-// What is being written. It leaves in pieces, so that no file ever stands in memory as a whole.
+// A buffered output, so that no file is ever in memory as a whole.
 class Output {
  public:
-  explicit Output(const TakeBytes& taker) : take(taker), piece(65536) {}
+  explicit Output(const TakeBytes& take) : take_(take), piece_(65536) {}
 
-  void Put(std::string_view bytes) {
-    if (piece.size() - filled < bytes.size()) Pass();
-    if (piece.size() < bytes.size()) return take(bytes);
-    filled += bytes.copy(piece.data() + filled, bytes.size());
+  void Append(std::string_view bytes) {
+    if (piece_.size() - filled_ < bytes.size()) Flush();
+    if (piece_.size() < bytes.size()) return take_(bytes);
+    filled_ += bytes.copy(piece_.data() + filled_, bytes.size());
   }
 
-  void PutString(std::string_view text) {
-    Put("\"");
+  void AppendString(std::string_view text) {
+    Append("\"");
     for (;;) {
       const std::size_t plain = PlainSize(text);
-      Put(text.substr(0, plain));
+      Append(text.substr(0, plain));
       text.remove_prefix(plain);
       if (text.empty()) break;
-      Put(TakeEscaped(text));
+      Append(TakeEscaped(text));
     }
-    Put("\"");
+    Append("\"");
   }
 
-  void PutNumber(int number) { FillTo(WriteInt(number, Room(roomOfNumber))); }
-  void PutNumber(double number) { FillTo(WriteReal(number, Room(roomOfNumber))); }
+  void AppendNumber(int number) { SetEnd(WriteInt(number, Reserve(maxNumberSize))); }
+  void AppendNumber(double number) { SetEnd(WriteReal(number, Reserve(maxNumberSize))); }
 
-  // Gives away what has been put.
-  void Pass() {
-    take({piece.data(), filled});
-    filled = 0;
+  void Flush() {
+    take_({piece_.data(), filled_});
+    filled_ = 0;
   }
 
  private:
-  char* Room(std::size_t size) {
-    if (piece.size() - filled < size) Pass();
-    return piece.data() + filled;
+  char* Reserve(std::size_t size) {
+    if (piece_.size() - filled_ < size) Flush();
+    return piece_.data() + filled_;
   }
 
-  void FillTo(const char* end) { filled = static_cast<std::size_t>(end - piece.data()); }
+  void SetEnd(const char* end) { filled_ = static_cast<std::size_t>(end - piece_.data()); }
 
-  const TakeBytes& take;
-  std::vector<char> piece;
-  std::size_t filled = 0;
+  const TakeBytes& take_;
+  std::vector<char> piece_;
+  std::size_t filled_ = 0;
 };
 
-// A key with what stands between it and its value.
+// Returns the key with what separates it from its value.
 std::string FormatKey(std::string_view key) {
   std::string bytes;
-  const TakeBytes add = [&bytes](std::string_view more) { bytes += more; };
-  Output output(add);
-  output.PutString(key);
-  output.Put(": ");
-  output.Pass();
+  const TakeBytes append = [&bytes](std::string_view more) { bytes += more; };
+  Output output(append);
+  output.AppendString(key);
+  output.Append(": ");
+  output.Flush();
   return bytes;
 }
 
-struct PutValue {
-  void operator()(std::string_view text) const { output.PutString(text); }
-  void operator()(int number) const { output.PutNumber(number); }
-  void operator()(double number) const { output.PutNumber(number); }
+struct AppendValue {
+  void operator()(std::string_view text) const { output.AppendString(text); }
+  void operator()(int number) const { output.AppendNumber(number); }
+  void operator()(double number) const { output.AppendNumber(number); }
   void operator()(Json5RecordTexts texts) const {
     std::string_view before = "[";
     for (const std::wstring_view text : texts) {
-      output.Put(before);
-      output.PutString(ToJson5Text(text));
+      output.Append(before);
+      output.AppendString(ToJson5Text(text));
       before = ", ";
     }
-    output.Put(texts.empty() ? "[]" : "]");
+    output.Append(texts.empty() ? "[]" : "]");
   }
 
   Output& output;
 };
 
-// The lines between the braces of an object, each an entry with a comma behind it but for the last,
-// and then a comment.
+// The lines between the braces of an object. Each is an entry, a comma except after the last, and a
+// comment.
 class Lines {
  public:
-  Lines(Output& target, std::size_t depth)
-      : output(target), start('\n' + std::string(2 * depth, ' ')) {}
+  Lines(Output& output, std::size_t depth)
+      : output_(output), start_('\n' + std::string(2 * depth, ' ')) {}
 
-  // Opens an entry, whose key and value come next.
+  // Begins an entry, whose key and value are written next.
   void Begin() {
-    output.Put(behind);
-    output.Put(start);
-    behind = ",";
+    output_.Append(suffix_);
+    output_.Append(start_);
+    suffix_ = ",";
   }
 
-  // What stands behind the entry: a comment as `FormatComment` gives it, which outlives the lines.
-  void Comment(std::string_view comment) { behind = comment; }
+  // Sets what follows the entry, from `FormatComment`. REQUIRES: it outlives the lines.
+  void Comment(std::string_view comment) { suffix_ = comment; }
 
   void End() {
-    if (behind.empty()) return;
-    output.Put(behind.substr(1));
-    output.Put(std::string_view(start).substr(0, start.size() - 2));
+    if (suffix_.empty()) return;
+    output_.Append(suffix_.substr(1));
+    output_.Append(std::string_view(start_).substr(0, start_.size() - 2));
   }
 
  private:
-  Output& output;
-  std::string start;  // of a line
-  std::string_view behind;
+  Output& output_;
+  std::string start_;        // of a line
+  std::string_view suffix_;  // of the entry
 };
 
-// Keys and comments are put into bytes once, however often they stand in the file.
+// Keys and comments are formatted once, however often they occur in the file.
 class RecordWriter {
  public:
-  RecordWriter(const Json5Record& requests, const TakeBytes& take)
-      : record(requests), items(requests), next(items.InOrder().begin()), output(take) {
-    lastOfKey.resize(record.repeated.Count());
-    for (std::size_t place = 0; place < lastOfKey.size(); ++place) {
-      keys.push_back(FormatKey(record.repeated.Bytes(place)));
-      comments.push_back(FormatComment(record.repeated[place]));
+  RecordWriter(const Json5Record& record, const TakeBytes& take)
+      : record_(record), items_(record), next_(items_.InOrder().begin()), output_(take) {
+    lastOfKey_.resize(record_.repeated.Count());
+    for (std::size_t place = 0; place < lastOfKey_.size(); ++place) {
+      keys_.push_back(FormatKey(record_.repeated.Bytes(place)));
+      comments_.push_back(FormatComment(record_.repeated[place]));
     }
   }
 
   void Write() {
-    output.Put("{");
-    Lines lines(output, 1);
-    while (next != items.InOrder().end()) {
+    output_.Append("{");
+    Lines lines(output_, 1);
+    while (next_ != items_.InOrder().end()) {
       lines.Begin();
-      output.Put(keys[record.Items()[*next].section]);
+      output_.Append(keys_[record_.Items()[*next_].section]);
       WriteSection();
     }
     lines.End();
-    output.Put("}\n");
-    output.Pass();
+    output_.Append("}\n");
+    output_.Flush();
   }
 
  private:
   using Place = std::vector<std::size_t>::const_iterator;
   using Params = std::pmr::deque<Json5RecordParam>;
 
-  // The section of the next item, with all its items.
+  // Writes the section of the next item, with all its items.
   void WriteSection() {
-    output.Put("{");
-    Lines lines(output, 2);
-    const std::size_t first = *next;
+    output_.Append("{");
+    Lines lines(output_, 2);
+    const std::size_t first = *next_;
     bool alone = true;
-    while (next != items.InOrder().end() && items.AreOfOneSection(first, *next)) {
+    while (next_ != items_.InOrder().end() && items_.HaveSameSection(first, *next_)) {
       const auto end = EndOfItem();
-      alone = alone && (end == items.InOrder().end() || !items.AreOfOneSection(first, *end));
-      const std::string_view name = record.Items()[*next].name;
+      alone = alone && (end == items_.InOrder().end() || !items_.HaveSameSection(first, *end));
+      const std::string_view name = record_.Items()[*next_].name;
       if (name.empty() && alone) {
         WriteParams(lines, end);
         break;
       }
       lines.Begin();
-      output.PutString(name);
-      output.Put(": ");
+      output_.AppendString(name);
+      output_.Append(": ");
       WriteItem(end);
     }
     lines.End();
-    output.Put("}");
+    output_.Append("}");
   }
 
   Place EndOfItem() const {
-    return std::find_if_not(next, items.InOrder().end(),
-                            [this](std::size_t item) { return items.AreOne(*next, item); });
+    return std::find_if_not(next_, items_.InOrder().end(),
+                            [this](std::size_t item) { return items_.AreSameItem(*next_, item); });
   }
 
   void WriteItem(Place end) {
-    output.Put("{");
-    Lines lines(output, 3);
+    output_.Append("{");
+    Lines lines(output_, 3);
     WriteParams(lines, end);
     lines.End();
-    output.Put("}");
+    output_.Append("}");
   }
 
-  // The requests for one key after the first of them only replace its value.
+  // Each key is written once, at its first request and with its last value.
   void WriteParams(Lines& lines, Place end) {
-    for (auto item = next; item != end; ++item) {
-      for (auto param = Begin(*item), behind = Begin(*item + 1); param != behind; ++param) {
-        lastOfKey[param->key] = &*param;
+    for (auto item = next_; item != end; ++item) {
+      for (auto param = Begin(*item), paramEnd = Begin(*item + 1); param != paramEnd; ++param) {
+        lastOfKey_[param->key] = &*param;
       }
     }
-    for (; next != end; ++next) {
-      for (auto param = Begin(*next), behind = Begin(*next + 1); param != behind; ++param) {
-        WriteParam(lines, lastOfKey[param->key]);
+    for (; next_ != end; ++next_) {
+      for (auto param = Begin(*next_), paramEnd = Begin(*next_ + 1); param != paramEnd; ++param) {
+        WriteParam(lines, lastOfKey_[param->key]);
       }
     }
   }
@@ -215,25 +214,25 @@ class RecordWriter {
   void WriteParam(Lines& lines, const Json5RecordParam*& param) {
     if (param == nullptr) return;
     lines.Begin();
-    output.Put(keys[param->key]);
-    std::visit(PutValue{output}, param->value);
-    lines.Comment(comments[param->comment]);
+    output_.Append(keys_[param->key]);
+    std::visit(AppendValue{output_}, param->value);
+    lines.Comment(comments_[param->comment]);
     param = nullptr;
   }
 
-  // The first request for an item.
+  // Returns the first parameter of an item.
   Params::const_iterator Begin(std::size_t item) const {
-    if (item == record.Items().size()) return record.Params().end();
-    return record.Params().begin() + static_cast<std::ptrdiff_t>(record.Items()[item].firstParam);
+    if (item == record_.Items().size()) return record_.Params().end();
+    return record_.Params().begin() + static_cast<std::ptrdiff_t>(record_.Items()[item].firstParam);
   }
 
-  const Json5Record& record;
-  Json5Order items;
-  Place next;  // of the item that is to be written
-  Output output;
-  std::vector<std::string> keys;
-  std::vector<std::string> comments;
-  std::vector<const Json5RecordParam*> lastOfKey;  // of the item that is being written
+  const Json5Record& record_;
+  Json5Order items_;
+  Place next_;  // the item to be written next
+  Output output_;
+  std::vector<std::string> keys_;
+  std::vector<std::string> comments_;
+  std::vector<const Json5RecordParam*> lastOfKey_;  // in the current item; null if written
 };
 
 }  // namespace

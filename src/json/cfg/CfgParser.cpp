@@ -8,7 +8,7 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 
 namespace {
 
-// The bytes of the file, or nothing if there is none.
+// Returns an empty text if there is no file.
 std::string ReadIfThere(const std::wstring& file) {
   return Exists(file) ? ReadWholeFile(file) : std::string();
 }
@@ -16,34 +16,34 @@ std::string ReadIfThere(const std::wstring& file) {
 }  // namespace
 
 CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
-    : text(ReadIfThere(file)) {
-  if (ParseJson5(text, tree)) tree.root = {};
+    : text_(ReadIfThere(file)) {
+  if (ParseJson5(text_, tree_)) tree_.root = {};
 }
 
 CfgParser::~CfgParser() = default;
 
 JSON5Section* CfgParser::Section(const wchar_t* sectionName, bool& found, bool /*first*/,
                                  bool /*last*/, const wchar_t* itemName) {
-  const std::size_t item = record.Open(sectionName, itemName);
+  const std::size_t item = record_.Open(sectionName, itemName);
   const Json5Value* value = nullptr;
-  if (tree.root.kind == Json5Value::Kind::object) {
-    const Json5RecordItem& opened = record.Items()[item];
-    value = Find(record.repeated.Bytes(opened.section), opened.name);
+  if (tree_.root.kind == Json5Value::Kind::object) {
+    const Json5RecordItem& opened = record_.Items()[item];
+    value = Find(record_.repeated.Bytes(opened.section), opened.name);
   }
   found = value != nullptr;
-  return new JSON5Section(tree, value, record, item);
+  return new JSON5Section(tree_, value, record_, item);
 }
 
 void CfgParser::saveCfgParamsToJson5(const wchar_t* file, int /*kind*/) {
-  ReplaceWholeFile(file, [this](const TakeBytes& take) { WriteJson5(record, take); });
+  ReplaceWholeFile(file, [this](const TakeBytes& take) { WriteJson5(record_, take); });
 }
 
 const Json5Value* CfgParser::Find(std::string_view sectionName, std::string_view itemName) {
   const auto objectOr = [](const Json5Value* value, const Json5Value* other) {
     return value && value->kind == Json5Value::Kind::object ? value : other;
   };
-  const Json5Value* section = objectOr(tree.Find(tree.root, sectionName), nullptr);
+  const Json5Value* section = objectOr(tree_.Find(tree_.root, sectionName), nullptr);
   if (!section) return nullptr;
-  const Json5Value* item = tree.FindNear(*section, itemName, places[section]);
+  const Json5Value* item = tree_.FindNear(*section, itemName, places_[section]);
   return objectOr(item, itemName.empty() ? section : nullptr);
 }

@@ -14,40 +14,40 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 
 using Kind = Json5Value::Kind;
 
-JSON5Section::JSON5Section(const Json5Tree& fileTree, const Json5Value* fileSection,
-                           Json5Record& requests, std::size_t requestedItem)
-    : tree(fileTree), section(fileSection), record(requests), item(requestedItem) {}
+JSON5Section::JSON5Section(const Json5Tree& tree, const Json5Value* section, Json5Record& record,
+                           std::size_t item)
+    : tree_(tree), section_(section), record_(record), item_(item) {}
 
 const wchar_t* JSON5Section::ParamString(const wchar_t* key, const wchar_t* defaultValue,
                                          bool& found, const wchar_t* comment, bool overriding) {
-  const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
+  const std::uint32_t keyPlace = record_.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::string;
-  const wchar_t* result = found ? record.KeepWide(value->text).data() : defaultValue;
-  record.Set(item, keyPlace, record.repeated.PlaceOf(comment),
-             found ? value->text : record.Keep(defaultValue));
+  const wchar_t* result = found ? record_.KeepWide(value->text).data() : defaultValue;
+  record_.Set(item_, keyPlace, record_.repeated.PlaceOf(comment),
+              found ? value->text : record_.Keep(defaultValue));
   return result;
 }
 
 int JSON5Section::ParamInt(const wchar_t* key, int defaultValue, bool& found,
                            const wchar_t* comment, bool overriding) {
   using Limits = std::numeric_limits<int>;
-  const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
+  const std::uint32_t keyPlace = record_.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::number && value->number >= Limits::min() &&
           value->number <= Limits::max() && std::trunc(value->number) == value->number;
   const int result = found ? static_cast<int>(value->number) : defaultValue;
-  record.Set(item, keyPlace, record.repeated.PlaceOf(comment), result);
+  record_.Set(item_, keyPlace, record_.repeated.PlaceOf(comment), result);
   return result;
 }
 
 double JSON5Section::ParamDouble(const wchar_t* key, double defaultValue, bool& found,
                                  const wchar_t* comment, bool overriding) {
-  const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
+  const std::uint32_t keyPlace = record_.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::number;
   const double result = found ? value->number : defaultValue;
-  record.Set(item, keyPlace, record.repeated.PlaceOf(comment), result);
+  record_.Set(item_, keyPlace, record_.repeated.PlaceOf(comment), result);
   return result;
 }
 
@@ -56,28 +56,28 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
                                                bool& found, const wchar_t* comment,
                                                bool overriding) {
   const auto defaultSize = static_cast<std::size_t>(defaultCount);
-  record.Adopt(defaultValues, defaultSize);
-  const std::uint32_t keyPlace = record.repeated.PlaceOf(key);
+  record_.Adopt(defaultValues, defaultSize);
+  const std::uint32_t keyPlace = record_.repeated.PlaceOf(key);
   const Json5Value* value = FindValue(keyPlace, overriding);
   found = value && value->kind == Kind::array;
-  const std::uint32_t commentPlace = record.repeated.PlaceOf(comment);
+  const std::uint32_t commentPlace = record_.repeated.PlaceOf(comment);
   if (!found) {
-    const std::span<std::wstring_view> texts = record.List(defaultSize);
+    const std::span<std::wstring_view> texts = record_.List(defaultSize);
     std::copy_n(defaultValues, defaultSize, texts.begin());
-    record.Set(item, keyPlace, commentPlace, texts);
+    record_.Set(item_, keyPlace, commentPlace, texts);
     count = defaultCount;
     return defaultValues;
   }
 
-  std::span<std::wstring_view> texts = record.List(value->members.count);
+  std::span<std::wstring_view> texts = record_.List(value->members.count);
   auto end = texts.begin();
-  for (const Json5Member& element : tree.Members(*value)) {
-    if (element.value.kind == Kind::string) *end++ = record.KeepWide(element.value.text);
+  for (const Json5Member& element : tree_.Members(*value)) {
+    if (element.value.kind == Kind::string) *end++ = record_.KeepWide(element.value.text);
   }
   texts = {texts.begin(), end};
-  record.Set(item, keyPlace, commentPlace, texts);
+  record_.Set(item_, keyPlace, commentPlace, texts);
   count = static_cast<int>(texts.size());
-  // A caller releases no array of no strings.
+  // Callers don't free an array without strings.
   if (texts.empty()) return nullptr;
   auto result = std::make_unique<const wchar_t*[]>(texts.size());
   std::transform(texts.begin(), texts.end(), result.get(), std::mem_fn(&std::wstring_view::data));
@@ -85,6 +85,6 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
 }
 
 const Json5Value* JSON5Section::FindValue(std::uint32_t key, bool overriding) const {
-  if (!section || overriding) return nullptr;
-  return tree.Find(*section, record.repeated.Bytes(key));
+  if (!section_ || overriding) return nullptr;
+  return tree_.Find(*section_, record_.repeated.Bytes(key));
 }
