@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "authoring/ColoratCheck.h"
 #include "authoring/Findings.h"
 #include "authoring/ItemCheck.h"
 #include "authoring/PatternCheck.h"
 #include "authoring/Places.h"
 #include "authoring/TextFileCheck.h"
+#include "authoring/UseCheck.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -40,13 +42,16 @@ Report CheckFiles(const LoadedFiles& loaded) {
     if (file.text) CheckTextFile(file, i, definitions, report);
   }
   SortStatements(report);
+  PropertyUses uses;
   for (std::size_t i = 0; i < loaded.files.size(); ++i) {
     const LoadedFile& file = loaded.files[i];
     if (!file.classificator) continue;
     const Places places(file, i);
     CheckPatterns(file, places, report);
-    CheckItems(file, loaded.domens, places, report);
+    CheckItems(file, loaded.domens, places, uses, report);
+    CheckColorats(file, places, report);
   }
+  CheckUses(loaded, uses, report);
   SortFindings(report);
   return report;
 }
