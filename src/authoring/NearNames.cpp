@@ -41,7 +41,7 @@ struct Capitals {
 // Of one unit each, as the simple case folding of Unicode has them. The Turkish I with a dot has no
 // such folding.
 constexpr Capitals capitals[] = {
-    // Latin
+    // Latin, of the European languages
     {0x41, 0x5A, 1, 32},
     {0xC0, 0xD6, 1, 32},
     {0xD8, 0xDE, 1, 32},
