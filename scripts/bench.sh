@@ -22,7 +22,7 @@ done
 cd "$(dirname "$0")/.."
 windows=()
 [ "$mode" = --brief ] || windows=(g++-mingw-w64-x86-64-posix wine64)
-. scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev nlohmann-json3-dev python3 \
+. scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev python3 \
   "${windows[@]}"
 
 benchmarks=(lookup mapping_string colors loads json queries copy)

@@ -27,6 +27,8 @@ file(REMOVE_RECURSE ${WORK})
 set(no_programs "-D REVIT_MAPPING_EDITOR_TOOLS=OFF -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(CLI11 "The console programs need CLI11: \
 apt-get install libcli11-dev, or configure with ${no_programs}")
+expect_sentence(nlohmann_json "The console programs need nlohmann_json: \
+apt-get install nlohmann-json3-dev, or configure with ${no_programs}")
 expect_sentence(GTest "The tests need GTest: \
 apt-get install libgtest-dev, or configure with -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(benchmark "The benchmarks need benchmark: \
