@@ -79,8 +79,8 @@ class Descriptor {
   }
 
  private:
-  // One byte more than the reported size, so that the second read sees the end of the file without
-  // a larger buffer.
+  // One byte more than the reported size, so that the second read sees the end without a larger
+  // buffer.
   std::size_t FirstReadSize() const {
     struct stat status = {};
     return fstat(number_, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
@@ -114,8 +114,8 @@ struct Target {
 
   fs::path Folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
 
-  // A temporary name in the folder of the target. It is always the same, so that the next
-  // replacement removes what a killed process left.
+  // A temporary name in the target's folder. It is always the same, so that the next replacement
+  // removes what a killed process left.
   fs::path Beside() const {
     std::string name = ".mapping-editor-";
     name += std::to_string(std::hash<std::string>()(path.filename().string()));

@@ -28,8 +28,7 @@ void Check(bool succeeded) {
 }
 
 // Returns the path in a form that may exceed 260 units: absolute, with the prefix that lifts the
-// old limit. A path that is short even when absolute stays as it is, with all that Windows makes of
-// it.
+// old limit. If it is short even when absolute, it stays as it is, for Windows to interpret.
 std::wstring ToNativePath(const std::wstring& path) {
   if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
   std::wstring absolute(path.size() + MAX_PATH, L'\0');
@@ -94,7 +93,7 @@ std::string ReadAll(const Handle& file, bool& whole) {
   LARGE_INTEGER size = {};
   if (GetFileSizeEx(file.Get(), &size) == 0) size.QuadPart = 0;
 
-  // One byte more than the reported size, so that the second read sees the end of the file.
+  // One byte more than the reported size, so that the second read sees the end.
   std::string bytes(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
   std::size_t filled = 0;
   DWORD got = 0;
@@ -133,7 +132,7 @@ std::wstring ResolveLinks(const std::wstring& path) {
   return final;
 }
 
-// Returns a temporary name in the folder of the target. It is always the same, so that the next
+// Returns a temporary name in the target's folder. It is always the same, so that the next
 // replacement removes what a killed process left.
 std::wstring Beside(const std::wstring& target) {
   const std::size_t nameStart = target.find_last_of(L"\\/:") + 1;
