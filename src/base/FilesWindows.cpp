@@ -132,16 +132,16 @@ std::wstring ResolveLinks(const std::wstring& path) {
   return final;
 }
 
-// Returns a temporary name in the target's folder. It is always the same, so that the next
+// Returns a temporary path in the target's folder. It is always the same, so that the next
 // replacement removes what a killed process left.
-std::wstring Beside(const std::wstring& target) {
+std::wstring TemporaryPath(const std::wstring& target) {
   const std::size_t nameStart = target.find_last_of(L"\\/:") + 1;
   return target.substr(0, nameStart) + L".mapping-editor-" +
          std::to_wstring(std::hash<std::wstring>()(target.substr(nameStart))) + L".new";
 }
 
 // Writes a file that the system deletes if the process ends before it is complete.
-void WriteBeside(const std::wstring& name, const WriteBytes& write) {
+void WriteTemporary(const std::wstring& name, const WriteBytes& write) {
   const Handle file(CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
   Check(file.IsOpen());
@@ -195,11 +195,11 @@ void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & closed) != 0) {
     throw std::system_error(ERROR_ACCESS_DENIED, std::system_category());
   }
-  const std::wstring beside = ToNativePath(Beside(target));
-  WriteBeside(beside, write);
-  if (MoveFileExW(beside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
+  const std::wstring temporary = ToNativePath(TemporaryPath(target));
+  WriteTemporary(temporary, write);
+  if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
   const std::error_code error = LastError();
-  DeleteFileW(beside.c_str());
+  DeleteFileW(temporary.c_str());
   throw std::system_error(error);
 }
 
