@@ -40,6 +40,7 @@ Report CheckFiles(const LoadedFiles& loaded) {
     const LoadedFile& file = loaded.files[i];
     report.files.push_back(Utf8Of(file.name));
     if (file.text) CheckTextFile(file, i, definitions, report);
+    if (!file.text && !file.readForDomens) AddFinding(report, 111, {i, 1, 1, 1, 1}, Fate::ignored);
   }
   SortStatements(report);
   PropertyUses uses;
