@@ -70,7 +70,7 @@ Places WithDestructor(std::size_t place) {
   return places;
 }
 
-TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlacesAndItsDestructorBehindThem) {
+TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreeSlotsAndItsDestructorAfterThem) {
   const PropertyIntParameter base(L"", L"", false);
   EXPECT_EQ(Differences(base, PropertyIntParameter(L"", L"", false)), Places());
   EXPECT_EQ(Differences(base, Derived()), ofDestructor);
@@ -79,7 +79,7 @@ TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlacesAndItsDestructor
   EXPECT_EQ(Differences(base, WithOwnGetValue()), WithDestructor(2));
 }
 
-TEST(PropertyParameterAbi, HasItsMembersInTheirOrderBehindThePlaceOfTheOperations) {
+TEST(PropertyParameterAbi, HasItsMembersInOrderAfterThePointerToTheOperations) {
   const PropertyIntParameter field(L"", L"", false);
   const auto offset = [&field](const void* member) {
     return static_cast<const char*>(member) - reinterpret_cast<const char*>(&field);

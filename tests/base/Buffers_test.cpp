@@ -56,7 +56,7 @@ std::wstring Joined(const std::vector<std::wstring>& pieces) {
   }));
 }
 
-TEST(NewJoined, HoldsAllPiecesOneBehindTheOther) {
+TEST(NewJoined, HoldsAllPiecesOneAfterTheOther) {
   EXPECT_EQ(Joined({L"ab", L"", L"c", L"\U0001F600"}), L"abc\U0001F600");
   EXPECT_EQ(Joined({L"", L""}), L"");
   EXPECT_EQ(Joined({}), L"");
@@ -97,7 +97,7 @@ TEST(HandOut, FillsAnArrayForEachColumnInTheOrderOfTheResults) {
   delete[] flags;
 }
 
-TEST(HandOut, LeavesTheOutputsAsTheyWereWhenThereAreNoResults) {
+TEST(HandOut, LeavesTheOutputsUnchangedWhenThereAreNoResults) {
   int count = -1;
   const wchar_t* untouched = L"untouched";
   const wchar_t** names = &untouched;
@@ -108,7 +108,7 @@ TEST(HandOut, LeavesTheOutputsAsTheyWereWhenThereAreNoResults) {
   EXPECT_EQ(numbers, nullptr);
 }
 
-TEST(HandOut, GivesEachStringABufferOfItsOwn) {
+TEST(HandOut, ReturnsABufferOfItsOwnForEachString) {
   const std::vector<Result> results = {{L"a", 0, false}};
   int count = 0;
   const wchar_t** names = nullptr;
@@ -119,7 +119,7 @@ TEST(HandOut, GivesEachStringABufferOfItsOwn) {
   EXPECT_EQ(TakeAll(count, names), TakeAll(count, again));
 }
 
-TEST(HandOut, LeavesTheOutputsAsTheyWereWhenAColumnFails) {
+TEST(HandOut, LeavesTheOutputsUnchangedWhenAColumnFails) {
   const std::vector<Result> results = {{L"a", 1, false}, {L"b", 2, false}};
   const auto fail = [](const Result& result) -> std::wstring_view {
     if (result.number == 2) throw std::bad_alloc();

@@ -5,7 +5,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-TEST(FileName, StandsBehindTheFolderAndTheDriveAndAheadOfAStream) {
+TEST(FileName, IsAfterTheFolderAndTheDriveAndBeforeAStream) {
   struct Case {
     const wchar_t* path;
     const wchar_t* name;

@@ -77,7 +77,7 @@ TEST(ReplaceWholeFile, KeepsThePermissionsOfTheOldFile) {
   }
 }
 
-TEST(ReplaceWholeFile, GivesANewFileThePermissionsThatNewFilesHave) {
+TEST(ReplaceWholeFile, CreatesANewFileWithThePermissionsThatNewFilesHave) {
   const TempFolder folder;
   const mode_t before = umask(0);
   for (const mode_t mask : {mode_t{0}, mode_t{022}, mode_t{077}, mode_t{027}}) {
@@ -138,7 +138,7 @@ std::error_code ErrorOf(const std::wstring& path) {
   }
 }
 
-TEST(ReplaceWholeFile, TellsAFolderFromWhatElseIsNoFile) {
+TEST(ReplaceWholeFile, DistinguishesAFolderFromOtherThingsThatAreNoFiles) {
   const TempFolder folder;
   const fs::path pipe = folder.Path() / "pipe";
   if (mkfifo(pipe.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
@@ -265,7 +265,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWheneverTheProcessDies) {
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
 }
 
-TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
+TEST(ReplaceWholeFile, RemovesWhatACrashedProcessLeftBetweenItsLastTwoSteps) {
   const TempFolder folder;
   if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
   const int left = KillOverAndOver(folder, "a", "b", killings, std::chrono::microseconds(500));

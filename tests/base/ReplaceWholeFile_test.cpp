@@ -27,7 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 
-TEST(ReplaceWholeFile, MakesANewFileOfTheBytesAsTheyAre) {
+TEST(ReplaceWholeFile, CreatesAFileOfTheBytesUnchanged) {
   const TempFolder folder;
   std::string all;
   for (int byte = 0; byte < 256; ++byte) all.push_back(static_cast<char>(byte));

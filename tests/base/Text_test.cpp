@@ -68,7 +68,7 @@ TEST(Trim, RemovesWhiteSpaceAtBothEndsOnly) {
   }
 }
 
-TEST(Trim, IsDoneWithFiveMillionBlanksAtOnce) {
+TEST(Trim, HandlesFiveMillionBlanksQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     const std::wstring blanks(size, L' ');
     std::wstring text = blanks;
@@ -78,7 +78,7 @@ TEST(Trim, IsDoneWithFiveMillionBlanksAtOnce) {
   });
 }
 
-TEST(Trims, ChangeTheTextInPlaceAndGiveItBack) {
+TEST(Trims, ChangeTheTextInPlaceAndReturnIt) {
   std::wstring text = L" ;a; ";
   EXPECT_EQ(&TrimRight(text), &text);
   EXPECT_EQ(text, L" ;a;");
@@ -120,7 +120,7 @@ TEST(TrimChars, RemovesTheUnitsOfTheSetAtBothEndsOnly) {
   }
 }
 
-TEST(TrimChars, IsDoneWithFiveMillionUnitsOfTheSetAtOnce) {
+TEST(TrimChars, HandlesFiveMillionUnitsOfTheSetQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     std::wstring text(size, L';');
     EXPECT_EQ(TrimChars(text, L";"), L"");
@@ -155,7 +155,7 @@ TEST(FindText, FindsWhatThePlainSearchFinds) {
   }
 }
 
-TEST(FindText, IsNoSlowerForATextThatRepeatsTheBeginningOfWhatIsSought) {
+TEST(FindText, IsNoSlowerForATextThatRepeatsAPrefixOfThePattern) {
   ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
     const std::wstring text(2 * size, L'a');
     const std::wstring what = std::wstring(size, L'a') + L'b';
@@ -191,7 +191,7 @@ TEST(StartsWith, ComparesUnitByUnitAndNeverMatchesAnEmptyPrefix) {
   }
 }
 
-TEST(SplitTrimmed, CutsAtEachSeparatorAndKeepsOrDropsEmptyPieces) {
+TEST(SplitTrimmed, SplitsAtEachSeparatorAndKeepsOrDropsEmptyPieces) {
   struct Case {
     std::wstring text;
     Pieces withEmpty;
@@ -287,7 +287,7 @@ TEST(SplitTrimmed, KeepsALineOfFiveMillionUnitsWhole) {
   EXPECT_TRUE(pieces[0] == line);
 }
 
-TEST(SplitTrimmed, CutsAtAMillionSeparators) {
+TEST(SplitTrimmed, SplitsAtAMillionSeparators) {
   std::wstring text;
   for (int i = 0; i < 1'000'000; ++i) text += L"a;";
   EXPECT_EQ(SplitTrimmed(text, L";", true).size(), 1'000'001u);
@@ -296,7 +296,7 @@ TEST(SplitTrimmed, CutsAtAMillionSeparators) {
   EXPECT_TRUE(folded[1] == text.substr(2, text.size() - 3));
 }
 
-TEST(PieceReader, GivesNoPieceBehindTheLast) {
+TEST(PieceReader, ReturnsNoPieceAfterTheLast) {
   PieceReader reader(L"a;", L";", true);
   std::wstring_view piece;
   EXPECT_TRUE(reader.Next(piece));
@@ -307,7 +307,7 @@ TEST(PieceReader, GivesNoPieceBehindTheLast) {
   EXPECT_FALSE(reader.Next(piece));
 }
 
-TEST(PieceReader, GivesViewsIntoTheText) {
+TEST(PieceReader, ReturnsViewsIntoTheText) {
   const std::wstring text = L"a; bc ;";
   PieceReader reader(text, L";", false);
   std::wstring_view piece;
@@ -317,7 +317,7 @@ TEST(PieceReader, GivesViewsIntoTheText) {
   EXPECT_EQ(piece.data(), text.data() + 3);
 }
 
-TEST(CountPieces, GivesTheNumberOfThePiecesOfSplitTrimmed) {
+TEST(CountPieces, ReturnsTheNumberOfPiecesOfSplitTrimmed) {
   for (const wchar_t* text : {L"", L" ", L";", L"a", L"a;;b;", L" a ; b ", L";;a; ;b c"}) {
     for (const bool keepEmpty : {false, true}) {
       EXPECT_EQ(CountPieces(text, L";", keepEmpty), SplitTrimmed(text, L";", keepEmpty).size())

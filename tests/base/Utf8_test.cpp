@@ -101,7 +101,7 @@ TEST(Utf8, EveryCodePointRoundTrips) {
   EXPECT_TRUE(EncodeUtf8(all) == bytes);
 }
 
-TEST(DecodeUtf8, DecodesWhatIsKnown) {
+TEST(DecodeUtf8, DecodesKnownBytes) {
   struct Case {
     std::string bytes;
     std::wstring text;
@@ -192,7 +192,7 @@ TEST(DecodeUtf8, DropsASequenceThatTheEndCutsShort) {
   }
 }
 
-TEST(DecodeUtf8, GivesAllWholeCharactersOfATextCutAnywhere) {
+TEST(DecodeUtf8, ReturnsAllWholeCharactersOfATextCutAnywhere) {
   const std::string_view bytes = "aСт€\U0001F600б\xEF\xBB\xBF.";
   for (std::size_t length = 0; length <= bytes.size(); ++length) {
     const std::string_view cut = bytes.substr(0, length);
@@ -210,7 +210,7 @@ TEST(DecodeUtf8, DecodesFiveMegabytesToTheEnd) {
   EXPECT_TRUE(DecodeUtf8(bytes) == text);
 }
 
-TEST(EncodeUtf8, GivesTheShortestForm) {
+TEST(EncodeUtf8, ReturnsTheShortestForm) {
   struct Case {
     std::wstring text;
     std::string bytes;

@@ -74,12 +74,12 @@ TEST(ClassSection, IsOverwrittenMemberByMemberByALaterSection) {
             (Declared{L"V", L"C", L"B"}));
 }
 
-TEST(ClassSection, TakesNoNoticeOfTheOrderOfSectionsAndOfOtherLines) {
+TEST(ClassSection, IgnoresTheOrderOfSectionsAndOtherLines) {
   EXPECT_EQ(Load("==NOTES\n@@@ N (X Y)\n==CLASSIFICATION\nremark (P Q)\n@@@ Схема (А Б)\n@@ R\n"),
             (Declared{L"Схема (А Б)", L"А", L"Б"}));
 }
 
-TEST(ParseClassSection, TakesTheTitleBehindTheThreeAtSigns) {
+TEST(ParseClassSection, TakesTheTitleAfterTheThreeAtSigns) {
   struct Case {
     std::wstring text;
     std::wstring title;
@@ -174,7 +174,7 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
   }
 }
 
-TEST(ParseClassSection, CutsAtSemicolonsUnlessLineFeedsGiveMoreEntries) {
+TEST(ParseClassSection, SplitsAtSemicolonsUnlessLineFeedsYieldMoreEntries) {
   struct Case {
     std::wstring text;
     Declared declared;
@@ -202,7 +202,7 @@ TEST(ParseClassSection, LetsTheLastEntryWinMemberByMember) {
   EXPECT_EQ(Parse(L"@@@ T (A B);@@@ U ();@@@"), (Declared{L"", L"", L"B"}));
 }
 
-TEST(ParseClassSection, SeeksThePairOfBracketsInOneLineOfTheEntry) {
+TEST(ParseClassSection, SearchesForThePairOfBracketsInOneLineOfTheEntry) {
   for (const wchar_t* terminator : {L"\n", L"\r", L"\x2028", L"\x2029", L"\r\n"}) {
     struct Case {
       const wchar_t* head;
@@ -231,7 +231,7 @@ TEST(ParseClassSection, SeeksThePairOfBracketsInOneLineOfTheEntry) {
   }
 }
 
-TEST(ParseClassSection, TakesNoOtherUnitForTheEndOfALine) {
+TEST(ParseClassSection, TakesNoOtherUnitAsALineEnd) {
   for (const wchar_t* unit : {L"\v", L"\f", L"\x0085", L"\x001C", L"\x200B", L"\xFEFF"}) {
     const std::wstring word = L"A"s + unit + L"B";
     EXPECT_EQ(Parse(L"@@@ T (" + word + L")").firstWord, word);
@@ -270,7 +270,7 @@ TEST(ParseClassSection, FindsTheBracketsOfTheRegularExpression) {
   EXPECT_LT(matches, 4000);
 }
 
-TEST(ParseClassSection, IsDoneWithTenMillionOpeningBracketsAtOnce) {
+TEST(ParseClassSection, HandlesTenMillionOpeningBracketsQuickly) {
   ExpectDoneAtOnce(10'000'000, [](std::size_t size) {
     const std::wstring title(size, L'(');
     const Declared declared = Parse(L"@@@ " + title);
@@ -280,7 +280,7 @@ TEST(ParseClassSection, IsDoneWithTenMillionOpeningBracketsAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithFiveMillionPairsOfTurnedBracketsAtOnce) {
+TEST(ParseClassSection, HandlesFiveMillionPairsOfTurnedBracketsQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     const std::wstring title = Repeat(L")(", size);
     const Declared declared = Parse(L"@@@ " + title);
@@ -290,7 +290,7 @@ TEST(ParseClassSection, IsDoneWithFiveMillionPairsOfTurnedBracketsAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithMillionsOfLinesOfOneBracketAtOnce) {
+TEST(ParseClassSection, HandlesMillionsOfLinesOfOneBracketQuickly) {
   ExpectDoneAtOnce(2'500'000, [](std::size_t size) {
     const std::wstring title = Repeat(L"(\r", size) + L"(A B)";
     const Declared declared = Parse(L"@@@ " + title);
@@ -300,7 +300,7 @@ TEST(ParseClassSection, IsDoneWithMillionsOfLinesOfOneBracketAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithAMillionWordsAndAMillionEntriesAtOnce) {
+TEST(ParseClassSection, HandlesAMillionWordsAndAMillionEntriesQuickly) {
   ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
     const Declared declared = {L"T (A B)", L"A", L"B"};
     EXPECT_EQ(Parse(L"@@@ (" + Repeat(L"A ", size) + L")").secondWord, L"A");

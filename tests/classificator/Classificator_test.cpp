@@ -162,7 +162,7 @@ TEST(Classificator, IsCopiedWhole) {
   EXPECT_EQ(copy.paramSection.records[0].code, L"A-code-of-walls");
 }
 
-TEST(Classificator, StaysAsItIsWhateverBecomesOfItsCopy) {
+TEST(Classificator, IsUnchangedWhateverHappensToItsCopy) {
   const TempFolder folder;
   const auto source = FullRecord(folder);
   const std::wstring before = Describe(*source);
@@ -174,7 +174,7 @@ TEST(Classificator, StaysAsItIsWhateverBecomesOfItsCopy) {
   EXPECT_EQ(Describe(*source), before);
 }
 
-TEST(Classificator, StaysAsItIsWhateverBecomesOfItsSource) {
+TEST(Classificator, IsUnchangedWhateverHappensToItsSource) {
   const TempFolder folder;
   auto source = FullRecord(folder);
   const std::wstring before = Describe(*source);
@@ -230,7 +230,7 @@ TEST(Load, StoresThePathWhateverTheStatus) {
   }
 }
 
-TEST(Load, GivesTwoForWhatCannotBeOpenedAndLeavesAllElseAsItWas) {
+TEST(Load, Returns2ForWhatCannotBeOpenedAndChangesNothingElse) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.Path() / "folder.txt");
   for (const std::wstring& path :
@@ -247,7 +247,7 @@ TEST(Load, GivesTwoForWhatCannotBeOpenedAndLeavesAllElseAsItWas) {
   }
 }
 
-TEST(Load, HandsEachSectionToItsParser) {
+TEST(Load, PassesEachSectionToItsParser) {
   const Loaded loaded(
       "Remarks\n"
       "@R\n"
@@ -339,7 +339,7 @@ TEST(Load, KnowsAHeadingByItsBeginning) {
   }
 }
 
-TEST(Load, TakesABodyLineThatBeginsWithTwoEqualSignsForAHeading) {
+TEST(Load, TakesABodyLineThatBeginsWithTwoEqualSignsAsAHeading) {
   const Loaded loaded("==MAPTEXT\nwall\n==door\nroof");
   EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
 }
@@ -388,7 +388,7 @@ TEST(Load, CutsTheSectionWithoutTheBlankLinesBetween) {
   EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"door\nroof"}));
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
+TEST(Load, ProcessesWhatIsBeforeBytesThatCannotBeDecoded) {
   struct Case {
     std::string bytes;
     Texts patterns;
@@ -408,14 +408,14 @@ TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
   }
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfAFailureToReadOn) {
+TEST(Load, ProcessesWhatIsBeforeAReadError) {
   if (!std::ifstream("/proc/self/mem")) GTEST_SKIP() << "no file here fails so";
   Classificator record(L"id");
   EXPECT_EQ(record.Load(L"/proc/self/mem"), 0);
   ExpectNoSections(record);
 }
 
-TEST(Load, LosesAFirstHeadingBehindAByteOrderMarkAndReadsTheRest) {
+TEST(Load, LosesAFirstHeadingAfterAByteOrderMarkAndReadsTheRest) {
   const Loaded lost("\xEF\xBB\xBF==MAPTEXT\n$ Z\nwall\n==PARAM\nA P=1\nB P=2");
   EXPECT_EQ(lost.status, 0);
   EXPECT_EQ(lost.record.mapTextSection.defaultCode, L"");
@@ -438,7 +438,7 @@ TEST(Load, KeepsNulsInTheLines) {
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfTheFirstByte1A) {
+TEST(Load, ProcessesWhatIsBeforeTheFirstByte1A) {
   struct Case {
     std::string bytes;
     Texts patterns;
@@ -476,7 +476,7 @@ TEST(Load, ReadsOverAMillionHeadings) {
   EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
 }
 
-TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
+TEST(Load, Returns3ForAnyExceptionAndKeepsWhatWasReadBefore) {
   const GlobalLocale failing(UpperFails);
   const Loaded loaded(
       "==PARAM\nA P=1\nB P=2\n"
@@ -491,7 +491,7 @@ TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
 }
 
 // They are sorted only once the section is at its end.
-TEST(Load, KeepsThePatternsAheadOfAnExceptionInTheOrderOfTheFile) {
+TEST(Load, KeepsThePatternsBeforeAnExceptionInFileOrder) {
   const GlobalLocale failing(
       [](wchar_t unit) { return unit == L'#' ? UpperFails(unit) : UpperOfLatin(unit); });
   const Loaded loaded("==MAPTEXT\n@A\nbasic wall\nwall\n@B\ndoor#\nroof");

@@ -65,7 +65,7 @@ TEST(ParseColoratSection, ReplacesWhatWasThereAndKeepsTheActiveIdIfNoBlockIsOne)
   EXPECT_EQ(parsed.active, L"third");
 }
 
-TEST(ParseColoratSection, LeavesOutWhatIsNoBlock) {
+TEST(ParseColoratSection, IgnoresWhatIsNoBlock) {
   for (const wchar_t* text : {
            L"", L" \t\n", L"@", L"@@@", L"@;@\n@",
            L"@main Main",                // one line
@@ -104,7 +104,7 @@ TEST(ParseColoratSection, BeginsABlockAtEachAtSign) {
   for (const Case& one : cases) EXPECT_EQ(Parsed(one.text).All(), one.all) << one.text;
 }
 
-TEST(ParseColoratSection, TakesTheTextAheadOfTheFirstBlankOfTheTitleForTheId) {
+TEST(ParseColoratSection, TakesTheTitleUpToItsFirstBlankAsTheId) {
   struct Case {
     std::wstring title;
     std::wstring id;
@@ -127,7 +127,7 @@ TEST(ParseColoratSection, TakesTheTextAheadOfTheFirstBlankOfTheTitleForTheId) {
   }
 }
 
-TEST(ParseColoratSection, CutsEachBlockAtSemicolonsUnlessLineFeedsGiveMoreLines) {
+TEST(ParseColoratSection, SplitsEachBlockAtSemicolonsUnlessLineFeedsYieldMoreLines) {
   const Colors ab = {{L"A", {1, 1, 2, 3, 4}}, {L"B", {2, 5, 6, 7, 8}}};
   struct Case {
     const wchar_t* text;
@@ -235,7 +235,7 @@ TEST(ParseColoratSection, ActivatesTheLastBlockThatIsOneEvenIfItHasNoColours) {
   EXPECT_EQ(Parsed(L"@m M\nA 1 2 3 4\n@n N\n@o\nA 1 2 3 4").active, L"m");
 }
 
-TEST(ParseColoratSection, TellsKeysAndIdsApartUnitByUnit) {
+TEST(ParseColoratSection, DistinguishesKeysAndIdsUnitByUnit) {
   const Parsed parsed(L"@m M\na 1 1 1 1\nA 2 2 2 2\nAA 3 3 3 3\n@M M\na 4 4 4 4");
   EXPECT_EQ(
       parsed.All(),
@@ -244,7 +244,7 @@ TEST(ParseColoratSection, TellsKeysAndIdsApartUnitByUnit) {
           {L"m", {{L"A", {2, 2, 2, 2, 2}}, {L"AA", {3, 3, 3, 3, 3}}, {L"a", {1, 1, 1, 1, 1}}}}}));
 }
 
-TEST(ParseColoratSection, IsDoneWithAMillionSeparatorsAtOnce) {
+TEST(ParseColoratSection, HandlesAMillionSeparatorsQuickly) {
   for (const wchar_t separator : {L'@', L';', L'\n', L' '}) {
     ExpectDoneAtOnce(1'000'000, [separator](std::size_t size) {
       const std::wstring separators(size, separator);
@@ -313,7 +313,7 @@ TEST(ReadLeadingInt, ReadsAnOptionalSignAndDigitsAsFarAsTheyGo) {
   for (const Case& one : cases) EXPECT_EQ(ReadLeadingInt(one.text), one.number) << one.text;
 }
 
-TEST(ReadLeadingInt, GivesTheNearestLimitBeyond32Bits) {
+TEST(ReadLeadingInt, ReturnsTheNearestLimitBeyond32Bits) {
   struct Case {
     std::wstring text;
     int number;
@@ -386,7 +386,7 @@ TEST(ReadLeadingInt, MixesScriptsAndPassesOverDigitsOfOtherKinds) {
   EXPECT_EQ(ReadLeadingInt(L"1\U0001FF15"), 1);
 }
 
-TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
+TEST(ReadLeadingInt, HandlesMillionsOfDigitsQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     EXPECT_EQ(ReadLeadingInt(std::wstring(size, L'9')), greatest);
     EXPECT_EQ(ReadLeadingInt(L"-" + std::wstring(size, L'9')), least);
@@ -394,7 +394,7 @@ TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
   });
 }
 
-TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {
+TEST(ParseColoratSection, KeepsTheKeyTextsWhateverHappensToTheSection) {
   Colorats colorats;
   std::wstring active;
   {
@@ -408,7 +408,7 @@ TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {
   EXPECT_EQ(copy.at(L"main").begin()->first, L"Key-of-many-letters");
 }
 
-TEST(ColorMap, FindsAndListsWhateverWasAddedInBetween) {
+TEST(ColorMap, FindsAndListsWhatWasAddedInBetween) {
   ColorMap colors;
   const auto keys = [&colors] {
     std::wstring all;

@@ -93,15 +93,15 @@ int RunExamples(const std::string& document) {
   return examples;
 }
 
-TEST(Documents, TheExamplesOfTheFormatsGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheFormatsReturnTheirAnswers) {
   EXPECT_GE(RunExamples("docs/formats.md"), 30);
 }
 
-TEST(Documents, TheExamplesOfTheLookupGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheLookupReturnTheirAnswers) {
   EXPECT_GE(RunExamples("docs/lookup.md"), 1);
 }
 
-TEST(Documents, TheExamplesOfTheReadmeGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheReadmeReturnTheirAnswers) {
   EXPECT_GE(RunExamples("README.md"), 1);
 }
 

@@ -18,13 +18,13 @@ std::size_t LastLine(const std::string& text) {
   return text.rfind('\n', text.size() - 2) + 1;
 }
 
-TEST(Readme, TheProgramPrintsWhatStandsBelowIt) {
+TEST(Readme, TheProgramPrintsWhatIsBelowIt) {
   const Outcome outcome = RunProgram(README_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("README.md", "text output"));
 }
 
-TEST(ApiGuide, TheExamplesPrintWhatStandsBelowThem) {
+TEST(ApiGuide, TheExamplesPrintWhatIsBelowThem) {
   const Outcome outcome = RunProgram(API_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("docs/api.md", "text output"));

@@ -90,7 +90,7 @@ TEST_F(CreateDomen, JoinsDataFolderAndNameBySlashWhateverTheyBeginAndEndWith) {
   EXPECT_EQ(slash.CreateDomen(L"domens.txt"), 0);
 }
 
-TEST_F(CreateDomen, SeeksInTheRootFolderIfTheDataFolderIsEmpty) {
+TEST_F(CreateDomen, SearchesTheRootFolderIfTheDataFolderIsEmpty) {
   // The second path is "/" and the name.
   RevitMappingEditorDll rooted(L"", L"");
   const std::wstring path = elsewhere.Write("domens.txt", DomenOf("A", "own"));
@@ -100,7 +100,7 @@ TEST_F(CreateDomen, SeeksInTheRootFolderIfTheDataFolderIsEmpty) {
   EXPECT_EQ(rooted.CreateDomen(path.c_str() + 1), 0);
 }
 
-TEST_F(CreateDomen, GivesMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) {
+TEST_F(CreateDomen, ReturnsMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) {
   EXPECT_EQ(Create(elsewhere.Write("domens.txt", DomenOf("A", "old"))), 0);
   data.Write("file.txt", "");
   for (const wchar_t* file : {L"missing.txt", L"missing/domens.txt", L"file.txt/x.txt",
@@ -112,7 +112,7 @@ TEST_F(CreateDomen, GivesMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) 
   EXPECT_EQ(Active(), L"A");
 }
 
-TEST_F(CreateDomen, GivesMinus1ForAFileOfAnotherExtensionAndDoesNotReadIt) {
+TEST_F(CreateDomen, ReturnsMinus1ForAFileWithAnotherExtensionAndDoesNotReadIt) {
   for (const char* name : {"domens", "domens.cfg", "domens.txt.bak", "domens.TXT", ".txt"}) {
     EXPECT_EQ(Create(elsewhere.Write(name, DomenOf("A", "own"))), -1) << name;
   }
@@ -133,28 +133,28 @@ TEST_F(CreateDomen, DoesNotGoOnToTheDataFolderFromAFileThatItRefuses) {
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives2ForAFolder) {
+TEST_F(CreateDomen, Returns2ForAFolder) {
   fs::create_directory(elsewhere.Path() / "own.txt");
   fs::create_directory(data.Path() / "data.txt");
   EXPECT_EQ(Create(elsewhere.Wide() + L"/own.txt"), 2);
   EXPECT_EQ(Create(L"data.txt"), 2);
 }
 
-TEST_F(CreateDomen, GivesMinus1ForTheEmptyNameWhichIsTheDataFolderItself) {
+TEST_F(CreateDomen, ReturnsMinus1ForTheEmptyNameWhichIsTheDataFolderItself) {
   data.Write("domens.txt", DomenOf("A", "data"));
   EXPECT_EQ(Create(L""), -1);
   EXPECT_EQ(Create(L"."), -1);
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives0ForAFileWithoutADomain) {
+TEST_F(CreateDomen, Returns0ForAFileWithoutADomain) {
   EXPECT_EQ(Create(elsewhere.Write("empty.txt", "")), 0);
   EXPECT_EQ(Create(elsewhere.Write("other.txt", "==NOTES\n@@@ A\n@ P 0 1\n")), 0);
   EXPECT_EQ(Create(elsewhere.Write("small.txt", "==domen\n@@@ A\n@ P 0 1\n")), 0);
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives0ForAFileThatEndsInBytesThatCannotBeDecoded) {
+TEST_F(CreateDomen, Returns0ForAFileThatEndsInBytesThatCannotBeDecoded) {
   EXPECT_EQ(Create(elsewhere.Write("bad.txt", DomenOf("A", "own") + "G str 0 in\xFFt\n")), 0);
   EXPECT_EQ(Mapping(), L"Code W10;P= own in;");
 }
@@ -242,7 +242,7 @@ TEST_F(CreateDomen, FollowsASymbolicLinkToAFile) {
   EXPECT_EQ(Mapping(), L"Code W10;P= own;");
 }
 
-TEST_F(CreateDomen, TakesALinkToNothingForAMissingFile) {
+TEST_F(CreateDomen, TreatsALinkToNothingAsAMissingFile) {
   if (!MakeLink("missing", elsewhere.Path() / "link.txt")) {
     GTEST_SKIP() << "no links can be made here";
   }

@@ -70,7 +70,7 @@ TEST(DomenProperty, AppliesToTheObjectTypesThatItNamesUnitByUnit) {
   }
 }
 
-TEST(DomenProperty, KnowsNoObjectTypeThatStandsForAll) {
+TEST(DomenProperty, HasNoWildcardObjectType) {
   const DomenProperty property = PropertyFor({L"*", L"All"});
   EXPECT_TRUE(property.AppliesToObjectType(L"*"));
   EXPECT_TRUE(property.AppliesToObjectType(L"All"));
@@ -83,7 +83,7 @@ TEST(DomenProperty, AppliesToTheEmptyObjectTypeIfItNamesThat) {
   EXPECT_FALSE(PropertyFor({L""}).AppliesToObjectType(L"Door"));
 }
 
-TEST(AddValueField, AddsAFieldOfEachTypeBehindTheOthers) {
+TEST(AddValueField, AppendsAFieldOfEachType) {
   DomenProperty property = NewProperty();
   EXPECT_EQ(property.AddValueField(L"f", L"First", 5, true, L"a b"), 0);
   EXPECT_EQ(property.AddValueField(L"e", L"Second", 4, false, L"0.9 1"), 0);
@@ -159,7 +159,7 @@ DomenProperty NumberedFields(int count, const std::wstring& text = L"1") {
   return property;
 }
 
-TEST(AddValueField, GoesByTheNamesThatTheFieldsHaveNow) {
+TEST(AddValueField, ComparesTheNamesThatTheFieldsHaveNow) {
   for (const int count : {2, 40, 100}) {
     SCOPED_TRACE(count);
     DomenProperty property = NumberedFields(count);
@@ -211,7 +211,7 @@ TEST(AddValueField, LooksAtTheNameBeforeTheType) {
   EXPECT_EQ(property.AddValueField(L"F", L"", 6, false, L"5"), -1);
 }
 
-TEST(AddValueField, LeavesTheStartingValueIfTheDefaultIsRefused) {
+TEST(AddValueField, LeavesTheInitialValueIfTheDefaultIsRefused) {
   DomenProperty property = NewProperty();
   EXPECT_EQ(property.AddValueField(L"a", L"", 0, false, L"word"), 0);
   EXPECT_EQ(property.AddValueField(L"b", L"", 1, false, L"1,5"), 0);
@@ -294,7 +294,7 @@ TEST(DomenProperty, IsAssignedWithAllItsMembersAndFields) {
   EXPECT_EQ(source.fields[0]->GetValue(), L"-30");
 }
 
-TEST(DomenProperty, StaysAsItIsWhenItIsAssignedToItself) {
+TEST(DomenProperty, IsUnchangedWhenAssignedToItself) {
   DomenProperty property = FullProperty();
   const std::wstring described = Describe(property);
   const DomenProperty& itself = property;

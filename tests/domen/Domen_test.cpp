@@ -134,7 +134,7 @@ TEST(Domen, KnowsTheNamesOfManyFieldsThatAPropertyBroughtWithIt) {
   EXPECT_EQ(domen.properties.at(L"P").fields.size(), 40u);
 }
 
-TEST(Domen, WalksItsPropertiesInTheOrderOfTheKeysUnits) {
+TEST(Domen, IteratesOverItsPropertiesInTheOrderOfTheKeysUnits) {
   const std::vector<std::wstring> ascending = {
       L"",  L"\0"s, L"-", L"1",    L"10",    L"2",  L"A",      L"A B",    L"AA",
       L"C", L"Z",   L"a", L"a\0"s, L"a\0a"s, L"aB", L"aa",     L"b",      L"z",
@@ -149,7 +149,7 @@ TEST(Domen, WalksItsPropertiesInTheOrderOfTheKeysUnits) {
   EXPECT_EQ(walked, ascending);
 }
 
-TEST(Domen, WalksCapitalLettersAheadOfSmallOnes) {
+TEST(Domen, SortsCapitalLettersBeforeSmallOnes) {
   Domen domen(L"D", L"D");
   for (const wchar_t* key : {L"b", L"C", L"а", L"a"}) domen.AddProperty(key, NewProperty(key));
   EXPECT_EQ(Describe(domen.properties),

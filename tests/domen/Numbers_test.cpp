@@ -199,7 +199,7 @@ TEST(ParseNumber, AgreesWithAStreamAtTheLimitsOfTheTypes) {
   EXPECT_TRUE(differences.texts.empty()) << testing::PrintToString(differences.texts);
 }
 
-TEST(ParseInt, TakesDecimalDigitsWithWhiteSpaceASignOrZerosInFront) {
+TEST(ParseInt, TakesDecimalDigitsAfterWhiteSpaceASignOrZeros) {
   struct Case {
     const wchar_t* text;
     int number;
@@ -225,7 +225,7 @@ TEST(ParseInt, TakesThe32BitRangeAndNoMore) {
   EXPECT_EQ(IntOf(L"99999999999999999999"), std::nullopt);
 }
 
-TEST(ParseInt, RefusesWhatIsNoIntegerAlone) {
+TEST(ParseInt, RefusesAnythingButAnInteger) {
   for (const wchar_t* text :
        {L"",      L" ",     L"\t",    L"+",  L"-",     L"+-5",  L"-+5", L"--5", L"- 5",
         L"12abc", L"abc",   L"0x10",  L"x",  L"0b1",   L"2.5",  L"2.",  L".5",  L"1e3",
@@ -234,7 +234,7 @@ TEST(ParseInt, RefusesWhatIsNoIntegerAlone) {
   }
 }
 
-TEST(ParseInt, RefusesWhiteSpaceBehindTheNumber) {
+TEST(ParseInt, RefusesWhiteSpaceAfterTheNumber) {
   for (const wchar_t* text : {L"12 ", L"12\t", L"12\n", L"12\r", L"12\xA0", L" 12 "}) {
     EXPECT_EQ(IntOf(text), std::nullopt) << text;
   }
@@ -259,7 +259,7 @@ TEST(ParseNumber, TakesNoDigitsButTheAsciiOnes) {
   EXPECT_EQ(RealOf(L"1." + unit), std::nullopt);
 }
 
-TEST(ParseNumber, SkipsWhiteSpaceOfAnyScriptInFront) {
+TEST(ParseNumber, SkipsLeadingWhiteSpaceOfAnyScript) {
   EXPECT_EQ(IntOf(L"\x2003-5"), -5);
   EXPECT_EQ(IntOf(L"\x3000\x2003 12"), 12);
   EXPECT_EQ(RealOf(L"\x3000+2.5"), 2.5);
@@ -301,7 +301,7 @@ TEST(ParseReal, KeepsTheSignOfZero) {
   EXPECT_FALSE(std::signbit(*RealOf(L"0")));
 }
 
-TEST(ParseReal, RefusesWhatIsNoRealAlone) {
+TEST(ParseReal, RefusesAnythingButAReal) {
   for (const wchar_t* text :
        {L"",    L" ",    L"+",    L"-",     L".",     L"+.",   L"-.",   L"e",       L"e3",
         L".e3", L"1e",   L"1e+",  L"1e-",   L"1,5",   L"1.5.", L"1..5", L"1.5e2.5", L"1e2e3",
@@ -397,7 +397,7 @@ TEST(FormatReal, PrintsAnExponentOnlyWhereThatIsShorter) {
   EXPECT_EQ(FormatReal(0.00001), L"1e-05");
 }
 
-TEST(FormatReal, PrintsNumbersThatNoTextStandsForByTheirNames) {
+TEST(FormatReal, PrintsInfinitiesAndNanByTheirNames) {
   EXPECT_EQ(FormatReal(std::numeric_limits<double>::infinity()), L"inf");
   EXPECT_EQ(FormatReal(-std::numeric_limits<double>::infinity()), L"-inf");
   EXPECT_EQ(FormatReal(std::numeric_limits<double>::quiet_NaN()), L"nan");

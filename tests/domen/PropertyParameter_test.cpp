@@ -263,7 +263,7 @@ TEST(PropertyStrParameter, TakesUnitsOfAnyKind) {
   EXPECT_EQ(ValueAfter<PropertyStrParameter>(loneSurrogate), loneSurrogate);
 }
 
-TEST(PropertyStrParameter, PrintsTheStoredTextAsItIs) {
+TEST(PropertyStrParameter, PrintsTheStoredTextUnchanged) {
   auto field = New<PropertyStrParameter>();
   field.value = L" \"x\" ";
   EXPECT_EQ(field.GetValue(), L" \"x\" ");
@@ -332,7 +332,7 @@ TEST(PropertyIListParameter, PassesATextWithoutPiecesOnlyInACheck) {
   }
 }
 
-TEST(PropertyIListParameter, TrimsOtherWhiteSpaceThatStandsNextToABlank) {
+TEST(PropertyIListParameter, TrimsOtherWhiteSpaceNextToABlank) {
   auto field = New<PropertyIListParameter>();
   EXPECT_TRUE(field.SetValue(L"1 \t2\t 3\r\n"));
   EXPECT_EQ(field.value, (Ints{1, 2, 3}));
@@ -417,7 +417,7 @@ TEST(PropertySListParameter, RemovesTheQuotationMarksOfItsEntriesWhenItPrintsThe
   EXPECT_EQ(field.GetValue(), L"one two three fo\"ur");
 }
 
-TEST(PropertySListParameter, PutsABlankInFrontOfAnEntryIfAnyTextStandsThereAlready) {
+TEST(PropertySListParameter, PutsABlankBeforeAnEntryIfThereIsTextAlready) {
   struct Case {
     const wchar_t* text;
     const wchar_t* printed;

@@ -171,7 +171,7 @@ TEST(Colors, AreThoseOfTheActiveClassificatorWhichKeepsItsOwnSelection) {
   EXPECT_EQ(KeyTexts(editor), Texts{L"X"});
 }
 
-TEST(Colors, StayTheSelectedOnesWhateverIsLoadedLater) {
+TEST(Colors, StaySelectedWhateverIsLoadedLater) {
   LoadedScheme scheme(twoColorats);
   Editor& editor = scheme.editor;
   ASSERT_EQ(editor.SetActiveColorat(L"main"), 0);
@@ -194,7 +194,7 @@ TEST(Colors, AreCopiedWithTheSelection) {
   EXPECT_EQ(ActiveColors(scheme.editor), secondColors);
 }
 
-TEST(SetActiveColorat, GivesMinusOneForAnUnknownIdAndKeepsTheSelection) {
+TEST(SetActiveColorat, ReturnsMinusOneForAnUnknownIdAndKeepsTheSelection) {
   LoadedScheme scheme(twoColorats);
   ASSERT_EQ(scheme.editor.SetActiveColorat(L"main"), 0);
   for (const wchar_t* id : {L"", L"Main", L"MAIN", L"mai", L"main ", L" main", L"mains", L"@main",
@@ -212,7 +212,7 @@ TEST(SetActiveColorat, CopiesItsArgument) {
   EXPECT_EQ(ActiveColors(scheme.editor), mainColors);
 }
 
-TEST(GetColoratsIds, GivesTheKeyTextsOfTheActiveColoratInTheOrderOfTheirUnits) {
+TEST(GetColoratsIds, ReturnsTheKeyTextsOfTheActiveColoratInTheOrderOfTheirUnits) {
   LoadedScheme scheme(
       "==COLORAT\n@m M\n"
       "Стена 1 1 1 1\nb 1 1 1 1\nAB 1 1 1 1\nC 1 1 1 1\nA 1 1 1 1\na 1 1 1 1\n10 1 1 1 1\n"
@@ -238,7 +238,7 @@ TEST(GetColor, LooksForTheTextExactly) {
   EXPECT_EQ(ColorOf(scheme.editor, L"Key"), (Color{1, 1, 2, 3, 4}));
 }
 
-TEST(GetColor, NeverFindsAKeyWithANulWhichIsHandedOutUpToIt) {
+TEST(GetColor, NeverFindsAKeyWithANulWhichIsReturnedUpToIt) {
   LoadedScheme scheme("==COLORAT\n@m M\na\0b 1 2 3 4\n"sv);
   EXPECT_EQ(KeyTexts(scheme.editor), Texts{L"a"});
   ExpectNoColor(scheme.editor, L"a", badKey);

@@ -102,7 +102,7 @@ TEST(Editor, CopiesTheArgumentsOfItsConstructor) {
   EXPECT_EQ(editor.CreateClassificator(L"id", L"", L"", L"walls.txt"), 0);
 }
 
-TEST(Editor, TakesItsFirstArgumentForTheDataFolder) {
+TEST(Editor, TakesItsFirstArgumentAsTheDataFolder) {
   const TempFolder folder;
   folder.Write("walls.txt", walls);
   Editor crossed(L"config", folder.Wide().c_str());
@@ -111,7 +111,7 @@ TEST(Editor, TakesItsFirstArgumentForTheDataFolder) {
 
 // Marks
 
-TEST(Marks, AreGivenWithABlankThatIsNotStored) {
+TEST(Marks, AreReturnedWithABlankThatIsNotStored) {
   Editor editor(L"", L"");
   editor.SetStartMark(L"AB");
   editor.SetEndMark(L"CD");
@@ -121,7 +121,7 @@ TEST(Marks, AreGivenWithABlankThatIsNotStored) {
   }
 }
 
-TEST(Marks, AreKeptAsTheyAreSet) {
+TEST(Marks, AreStoredUnchanged) {
   Editor editor(L"", L"");
   for (const std::wstring mark : {L"", L" ", L" \tметка\n ", L"{;}", L"\U0001F600", L"x"}) {
     editor.SetStartMark(mark.c_str());
@@ -155,7 +155,7 @@ TEST(Results, AreNewBuffersEachTime) {
   EXPECT_EQ(Take(first), Take(second));
 }
 
-TEST_F(FilledEditor, GivesABufferWithANulForAnEmptyText) {
+TEST_F(FilledEditor, ReturnsABufferWithANulForAnEmptyText) {
   editor->CreateClassificator(L"", L"", L"", L"doors.txt");
   editor->SetActiveClassificator(L"");
   const wchar_t* paramName = editor->GetActiveClassificatorParamName();
@@ -168,7 +168,7 @@ TEST_F(FilledEditor, GivesABufferWithANulForAnEmptyText) {
   delete[] items;
 }
 
-TEST(Results, LeaveTheArraysAsTheyWereWhenTheCountIsZero) {
+TEST(Results, LeaveTheArraysUnchangedWhenTheCountIsZero) {
   Editor editor(L"", L"");
   int count = 17;
   const wchar_t* untouched = L"untouched";
@@ -180,7 +180,7 @@ TEST(Results, LeaveTheArraysAsTheyWereWhenTheCountIsZero) {
   EXPECT_EQ(names, nullptr);
 }
 
-TEST_F(FilledEditor, GivesNewArraysOfNewStringsEachTime) {
+TEST_F(FilledEditor, ReturnsNewArraysOfNewStringsEachTime) {
   editor->CreateClassificator(L"same", L"same", L"", L"doors.txt");
   int count = 0;
   const wchar_t** ids = nullptr;
@@ -201,7 +201,7 @@ TEST_F(FilledEditor, GivesNewArraysOfNewStringsEachTime) {
   EXPECT_EQ(TakeAll(count, firstNames), TakeAll(count, names));
 }
 
-TEST_F(FilledEditor, LeavesItsResultsBehindUnchanged) {
+TEST_F(FilledEditor, DoesNotChangeItsResultsWhenDestroyed) {
   const wchar_t* mark = editor->GetStartMark();
   const wchar_t* paramName = editor->GetActiveClassificatorParamName();
   const wchar_t* mapping = editor->GetMappingStr(L"wall", 1, L"=");
@@ -224,7 +224,7 @@ TEST_F(FilledEditor, LeavesItsResultsBehindUnchanged) {
 
 // Failures
 
-TEST_F(FilledEditor, LetsAnExceptionReachTheCallerAndIsTheSameBehindIt) {
+TEST_F(FilledEditor, LetsAnExceptionReachTheCallerAndIsUnchangedAfterIt) {
   if (!oneRuntime) GTEST_SKIP() << "the tests can't make the library fail";
   const std::vector<std::wstring> before = Answers(*editor);
   EXPECT_EQ(OutOfRangeOf([&] { delete[] editor->GetClaccificatorCode(1); }), badSubscript);
@@ -245,7 +245,7 @@ TEST_F(FilledEditor, HasACopyThatAnswersAlike) {
   EXPECT_EQ(Answers(copyOfCopy), Answers(*editor));
 }
 
-TEST_F(FilledEditor, HasACopyThatSeeksInTheSameDataFolder) {
+TEST_F(FilledEditor, HasACopyThatSearchesTheSameDataFolder) {
   Editor copy(*editor);
   EXPECT_EQ(copy.CreateClassificator(L"more", L"", L"", L"doors.txt"), 0);
 }
@@ -291,7 +291,7 @@ TEST(Editor, CanBeCopiedWhileItIsEmpty) {
 
 // Assignment
 
-TEST_F(FilledEditor, HandsAllItHasToTheEditorThatItIsAssignedTo) {
+TEST_F(FilledEditor, CopiesAllItHasToTheEditorThatItIsAssignedTo) {
   Editor target(L"no such folder", L"");
   EXPECT_EQ(&(target = *editor), &target);
   EXPECT_EQ(Answers(target), Answers(*editor));
@@ -303,7 +303,7 @@ TEST_F(FilledEditor, HandsAllItHasToTheEditorThatItIsAssignedTo) {
   EXPECT_EQ(Answers(target), before);
 }
 
-TEST_F(FilledEditor, LosesAllItHadWhenItIsAssignedTo) {
+TEST_F(FilledEditor, LosesAllItHadWhenAssignedTo) {
   // The same names as in `walls`, with other contents.
   folder.Write("other.txt",
                "==MAPTEXT\n@@ (D)\n@A {P} {Q}\nwall\n"
@@ -319,7 +319,7 @@ TEST_F(FilledEditor, LosesAllItHadWhenItIsAssignedTo) {
   EXPECT_EQ(Take(editor->GetEndMark()), L" ");
 }
 
-TEST(Editor, HandsOnThatNoClassificatorIsSelected) {
+TEST(Editor, PassesOnThatNoClassificatorIsSelected) {
   const TempFolder folder;
   const std::wstring file = folder.Write("colors.txt", "==COLORAT\n@m M\nA 1 2 3 4\n");
   Editor source(L"", L"");
@@ -394,7 +394,7 @@ TEST_F(LayeredValue, PassesThroughItsTextOnceInAnAssignment) {
   EXPECT_EQ(Layers(target), layers - 1);
 }
 
-TEST_F(LayeredValue, StaysAsItIsWhenTheEditorIsAssignedToItself) {
+TEST_F(LayeredValue, IsUnchangedWhenTheEditorIsAssignedToItself) {
   const std::ptrdiff_t layers = Layers(editor);
   const Editor& same = editor;
   editor = same;

@@ -38,7 +38,7 @@ Texts MappingsBy(std::string_view scheme) {
   return MappingsOf(editor);
 }
 
-TEST(TheByte1A, EndsAClassificatorFileWhereverItStands) {
+TEST(TheByte1A, EndsAClassificatorFileWhereverItIs) {
   struct Case {
     const char* scheme;
     Texts mappings;
@@ -79,7 +79,7 @@ FieldRows FieldsBy(std::string_view domens) {
   return Fields(editor, L"A", L"P");
 }
 
-TEST(TheByte1A, EndsATextDomainFileWhereverItStands) {
+TEST(TheByte1A, EndsATextDomainFileWhereverItIs) {
   const FieldRow f = {L"F", L"F", 2, false, L"own"};
   const FieldRow g = {L"G", L"G", 2, false, L"more"};
   struct Case {

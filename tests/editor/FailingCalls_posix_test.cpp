@@ -123,14 +123,14 @@ TEST(ReplaceWholeFile, EndsWithTheFirstErrorWhereNoFilesWithoutANameAreTheReason
   EXPECT_TRUE(replaced.AsBefore());
 }
 
-TEST(ReplaceWholeFile, TriesAgainWhereAnotherProcessTookTheNameOnTheWay) {
+TEST(ReplaceWholeFile, RetriesIfAnotherProcessTookTheTemporaryName) {
   const Replaced replaced(true);
   const Faults taken{.call = "rename", .failIn = 1, .error = ENOENT};
   EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), 0);
   EXPECT_TRUE(replaced.Done());
 }
 
-TEST(ReplaceWholeFile, GivesUpWhereTheNameOnTheWayStaysTaken) {
+TEST(ReplaceWholeFile, FailsIfTheTemporaryNameStaysTaken) {
   const Replaced replaced(true);
   const Faults taken{.call = "linkat", .failIn = 1, .times = 1000, .error = EEXIST};
   EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), EBUSY);
@@ -270,7 +270,7 @@ TEST(ReplaceWholeFile, TakesAnotherNameWhereThatOfItsProcessIsTaken) {
   EXPECT_TRUE(replaced.Done());
 }
 
-TEST(ReplaceWholeFile, GivesUpWhereAllNamesAreTaken) {
+TEST(ReplaceWholeFile, FailsIfAllNamesAreTaken) {
   const Replaced replaced(true);
   const Faults taken{
       .call = "open", .failIn = 1, .times = 1000, .error = EEXIST, .unnamedError = EOPNOTSUPP};
@@ -286,7 +286,7 @@ std::string ReadWith(const std::wstring& file, const Faults& planned) {
   return bytes.value_or("no file");
 }
 
-TEST(ReadFile, GivesWhatWasReadUntilACallFailed) {
+TEST(ReadFile, ReturnsWhatWasReadUntilACallFailed) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", newBytes);
   for (int n = 1; n <= 8; ++n) {
@@ -305,7 +305,7 @@ TEST(ReadFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
 }
 
 // Neither whether the path is a folder, nor how the end of the file went, changes what was read.
-TEST(ReadFile, GivesAllBytesWhereACallBesideTheReadingFails) {
+TEST(ReadFile, ReturnsAllBytesIfACallOtherThanReadFails) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", newBytes);
   for (const char* call : {"stat", "close"}) {
@@ -344,7 +344,7 @@ TEST(ReadWholeFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
   EXPECT_EQ(ErrorOf(interrupted, [&] { EXPECT_TRUE(ReadWholeFile(file) == newBytes); }), 0);
 }
 
-TEST(LoadDomenJson, TakesNoPartOfAConfigurationFileForTheWhole) {
+TEST(LoadDomenJson, DoesNotTakeAPartOfAConfigurationFileForTheWhole) {
   const TempFolder folder;
   const std::wstring file =
       folder.Write("zones.json", "{Domen: {sName: 'Zones', asFuncsNames: ['P']}}");

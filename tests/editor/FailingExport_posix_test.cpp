@@ -195,7 +195,7 @@ TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAndNothingElseWhicheverCallFail
   RecordProperty("calls", most);
 }
 
-TEST_F(FailingExport, LeavesTheOldFileWhateverFailsAheadOfItsEnd) {
+TEST_F(FailingExport, LeavesTheOldFileWhateverFailsBeforeItsEnd) {
   struct Case {
     std::string_view call;
     bool done;

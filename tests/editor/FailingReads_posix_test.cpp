@@ -44,7 +44,7 @@ struct FailingLoad {
   FaultyWork outcome = {};
 };
 
-TEST(FailingReads, LeaveWhatWasReadAheadOfThem) {
+TEST(FailingReads, LeaveWhatWasReadBeforeThem) {
   for (const RichFile& file : textFiles) {
     std::size_t calls = 0;
     bool failed = true;

@@ -673,7 +673,7 @@ TEST_F(Ownership, IsOfArrayBlocksOfTheExactSizeAndOfNothingElse) {
   }
 }
 
-TEST_F(Ownership, IsPaidBackByTheCallerInFull) {
+TEST_F(Ownership, IsReleasedByTheCallerInFull) {
   for (const Call& query : AllQueries()) {
     SCOPED_TRACE(query.name);
     const Heap before = heap;
@@ -686,7 +686,7 @@ TEST_F(Ownership, IsPaidBackByTheCallerInFull) {
   }
 }
 
-TEST_F(Ownership, IsLeftAsItIsByCallsThatChangeNothing) {
+TEST_F(Ownership, IsUnchangedByCallsThatChangeNothing) {
   const std::wstring answers = Answers(*editor);
   for (const Call& change : changes) {
     SCOPED_TRACE(change.name);
@@ -732,7 +732,7 @@ TEST_F(Ownership, IsTheSameForAnEditorAndItsCopies) {
 
 // Buffers
 
-TEST_F(Ownership, IsOfBuffersThatNoOtherCallGives) {
+TEST_F(Ownership, IsOfBuffersThatNoOtherCallReturns) {
   for (const Call& query : AllQueries()) {
     SCOPED_TRACE(query.name);
     Results first;
@@ -780,7 +780,7 @@ TEST_F(Ownership, IsOfANewBufferEvenForAnEmptyText) {
 }
 
 // A NUL in a file ends the text for the caller.
-TEST_F(Ownership, IsOfNoUnitBehindTheFirstNulOfAText) {
+TEST_F(Ownership, IsOfNoUnitAfterTheFirstNulOfAText) {
   const std::wstring file = folder.Write("nul.txt", "==MAPTEXT\n@A1\0B2\nwall\n"s);
   Editor one(L"", L"");
   ASSERT_EQ(one.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str()), 0);
@@ -1130,7 +1130,7 @@ TEST_P(FailedAllocations, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) 
   }
 }
 
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfACallThatChangesNothingFails) {
   const std::wstring answers = AnswersAboutTheFirst(*editor);
   for (const Call& change : changes) {
     SCOPED_TRACE(change.name);
@@ -1164,7 +1164,7 @@ TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFai
   }
 }
 
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfASelectionOrAMarkFails) {
   const Call changing[] = {
       {"SetActiveClassificator",
        [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveClassificator(L""), 0); }},
@@ -1360,7 +1360,7 @@ FieldRow AtItsStart(FieldRow field) {
 
 // The field that came last may have missed its default. A further load finds it there and adds the
 // rest.
-TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
+TEST_P(FailedAllocations, KeepsWhatATextFileHasBeforeAFailedAllocation) {
   std::string text = "==DOMEN\n@@@ First_domain_of_the_file\n";
   for (const char* property : {"P1", "P2", "P3", "P4"}) {
     text += "@ " + std::string(property) + " 0 1\nNumbers ilist 1 12\nWords slist 0 main\n";
@@ -1427,7 +1427,7 @@ int CountRecords(Editor& editor) {
 
 // The later the failure, the more patterns there are. The editor's entry is there before its file
 // is read.
-TEST_P(FailedAllocations, KeepsThePatternsThatWereReadAheadOfIt) {
+TEST_P(FailedAllocations, KeepsThePatternsThatWereReadBeforeIt) {
   constexpr int patterns = 2'000;
   std::string text = "==MAPTEXT\n";
   for (int i = 0; i < patterns; ++i) text += "@C" + std::to_string(i) + "\npattern\n";
@@ -1464,7 +1464,7 @@ TEST_P(FailedAllocations, KeepsThePatternsThatWereReadAheadOfIt) {
 }
 
 // The reader gives status 3 and adds nothing, or the failure leaves the call.
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfAConfigurationFileFails) {
   const std::wstring file = folder.Write("Zones.json", R"({
     // every kind of value, and of way to write one
     "Domen": {"sName": "Zones \u006ff the model", asFuncsNames: ['Property5', "Limits",]},
@@ -1677,7 +1677,7 @@ TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
 }
 
 // A sort that can't have a buffer takes longer and gives the same.
-TEST_F(Ownership, IsTheSameWhereNoBlockIsGivenThatMayBeRefused) {
+TEST_F(Ownership, IsTheSameIfEveryOptionalAllocationFails) {
   folder.Write("rich.txt", RichFile());
   const auto answersOf = [this](bool refuses) {
     heap.refuses = refuses;

@@ -128,7 +128,7 @@ TEST(Surroundings, KeepTheirLocale) {
 }
 
 // In Turkish the capital of "i" has a dot, and that of the other letter has none.
-TEST(Surroundings, GiveCapitalsByTheLocaleOfTheCall) {
+TEST(Surroundings, MakeCapitalsByTheLocaleOfTheCall) {
   if (!oneRuntime) GTEST_SKIP() << "the library has a global locale of its own";
   if (!IsThere("tr_TR.UTF-8")) GTEST_SKIP() << "the system doesn't have the locale tr_TR.UTF-8";
   const LocalesAsTheyWere before;
@@ -150,7 +150,7 @@ TEST(Surroundings, GiveCapitalsByTheLocaleOfTheCall) {
 
 // Where the capitals are those of the C runtime's locale, the answers follow it, and where they
 // aren't, they don't: an editor that was asked before answers as a new one does.
-TEST(Surroundings, GiveCapitalsByTheCRuntimeOfTheCallOrNotAtAll) {
+TEST(Surroundings, MakeCapitalsByTheCRuntimeOfTheCallOrNotAtAll) {
   const LocalesAsTheyWere before;
   const TempFolder folder;
   const std::wstring file = folder.Write("scheme.txt", "==MAPTEXT\nст\n");
@@ -182,7 +182,7 @@ TEST(Surroundings, ChangeNoAnswerByTheCurrentFolder) {
   }
 }
 
-TEST(Surroundings, ChangeNoAnswerByACurrentFolderThatChangesBehindALoad) {
+TEST(Surroundings, ChangeNoAnswerIfTheCurrentFolderChangesAfterALoad) {
   const RichSession session;
   const std::string expected = session.AnswersOfNewEditor();
   const TempFolder elsewhere;

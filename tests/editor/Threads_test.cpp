@@ -72,7 +72,7 @@ TEST(Editors, WorkOnTwoThreadsAtOnceBesideTheirCopies) {
 }
 
 // Results belong to nobody but their caller, whichever thread that is.
-TEST(Editors, HandOutResultsThatAnotherThreadMayRelease) {
+TEST(Editors, ReturnResultsThatAnotherThreadMayRelease) {
   const RichSession session;
   Editor editor(L"", L"");
   session.LoadInto(editor, session.Folder());

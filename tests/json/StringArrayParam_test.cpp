@@ -62,7 +62,7 @@ TEST(MakeWideArray, CopiesAHundredThousandTexts) {
   EXPECT_TRUE(TakeAll(100'000, MakeWideArray(texts)) == texts);
 }
 
-TEST(ReadStringArrayParam, GivesTheStringsOfTheFileInPlaceOfTheDefaults) {
+TEST(ReadStringArrayParam, ReturnsTheStringsOfTheFileInPlaceOfTheDefaults) {
   struct Case {
     const char* elements;
     Texts defaults;
@@ -112,7 +112,7 @@ TEST(ReadStringArrayParam, OverridesOnlyIfToldTo) {
   EXPECT_EQ(values, Texts{L"a"});
 }
 
-TEST(ReadStringArrayParam, GivesCopiesThatOutliveTheSection) {
+TEST(ReadStringArrayParam, ReturnsCopiesThatOutliveTheSection) {
   FileWithArray file("'a\\n', 'b'");
   Texts fromFile, fromDefaults = {L"x", L"y"};
   ReadStringArrayParam(*file.section, L"as", fromFile, L"c");
@@ -142,7 +142,7 @@ TEST(ReadStringArrayParam, ReadsAHundredThousandStrings) {
 
 // The request itself: a caller releases arrays as `ReadStringArrayParam` does.
 
-TEST(ParamStringArray, GivesANewArrayBesideTheDefaultsIfTheKeyIsFound) {
+TEST(ParamStringArray, ReturnsANewArrayBesidesTheDefaultsIfTheKeyIsFound) {
   FileWithArray file("'a', 'b'");
   const Array defaults(MakeWideArray({L"x"}));
   int count = 0;
@@ -154,7 +154,7 @@ TEST(ParamStringArray, GivesANewArrayBesideTheDefaultsIfTheKeyIsFound) {
   EXPECT_EQ(TextsOf(result.get(), count), (Texts{L"a", L"b"}));
 }
 
-TEST(ParamStringArray, GivesNothingToReleaseForAnArrayWithoutStrings) {
+TEST(ParamStringArray, ReturnsNothingToReleaseForAnArrayWithoutStrings) {
   FileWithArray file("1");
   const Array defaults(MakeWideArray({L"x"}));
   int count = -1;
@@ -166,7 +166,7 @@ TEST(ParamStringArray, GivesNothingToReleaseForAnArrayWithoutStrings) {
   EXPECT_EQ(result, nullptr);
 }
 
-TEST(ParamStringArray, GivesTheDefaultsThemselvesIfTheKeyIsNotFound) {
+TEST(ParamStringArray, ReturnsTheDefaultsThemselvesIfTheKeyIsNotFound) {
   FileWithArray file("'a'");
   const Array defaults(MakeWideArray({L"x", L"y"}));
   int count = 0;
@@ -178,7 +178,7 @@ TEST(ParamStringArray, GivesTheDefaultsThemselvesIfTheKeyIsNotFound) {
   EXPECT_EQ(TextsOf(result, count), (Texts{L"x", L"y"}));
 }
 
-TEST(ParamStringArray, GivesTheDefaultsBackOnOverride) {
+TEST(ParamStringArray, ReturnsTheDefaultsOnOverride) {
   FileWithArray file("'a'");
   const Array defaults(MakeWideArray({L"x", L"y"}));
   int count = 0;

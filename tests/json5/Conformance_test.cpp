@@ -99,7 +99,7 @@ std::size_t NumberBehind(const std::string& name, const std::string& text) {
   return match.empty() ? 0 : std::stoul(match[1]);
 }
 
-TEST_F(GatheredDocuments, HaveTheirErrorsOnTheLinesNamedBesideThem) {
+TEST_F(GatheredDocuments, HaveTheirErrorsOnTheLinesOfTheManifest) {
   std::size_t checked = 0;
   for (const Entry& entry : entries) {
     if (entry.errorFile.empty()) continue;

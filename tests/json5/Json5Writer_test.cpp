@@ -121,7 +121,7 @@ TEST(WriteJson5, WritesAnEmptyRecordAsAnEmptyObject) {
   EXPECT_EQ(Requests().Text(), "{}\n");
 }
 
-TEST(WriteJson5, IndentsByTwoAndPutsCommentsBehindTheValues) {
+TEST(WriteJson5, IndentsByTwoAndPutsCommentsAfterTheValues) {
   Requests requests;
   requests.Section(L"Domen").Set(L"sName", L"Zones"s, L"Имя");
   requests.Set(L"asFuncsNames", Texts{L"ZoneKind", L"Limits"}, L"Свойства");
@@ -172,7 +172,7 @@ TEST(WriteJson5, PutsTheKeysOfAnOnlyItemWithoutANameIntoTheSectionItself) {
             "}\n");
 }
 
-TEST(WriteJson5, GivesAnItemWithoutANameAPlaceAmongOthers) {
+TEST(WriteJson5, SortsAnItemWithoutANameAmongOthers) {
   Requests requests;
   requests.Section(L"S", L"first").Set(L"a", 1);
   requests.Section(L"S", L"").Set(L"b", 2, L"own");
@@ -289,7 +289,7 @@ TEST(WriteJson5, EscapesTheLineTerminatorsAboveAscii) {
   EXPECT_EQ(Written(L"a\u2028b\u2029"s), R"("a\u2028b\u2029")");
 }
 
-TEST(WriteJson5, WritesAllOtherCharactersAsTheyAre) {
+TEST(WriteJson5, WritesAllOtherCharactersUnchanged) {
   EXPECT_EQ(Written(L"/\x007F\x0085\u00A0\u2027\u202A\uFEFF\xFFFF"s),
             "\"/\x7F\xC2\x85\xC2\xA0\xE2\x80\xA7\xE2\x80\xAA\xEF\xBB\xBF\xEF\xBF\xBF\"");
   EXPECT_EQ(Written(L"\uD7FF\uE000"s), "\"\xED\x9F\xBF\xEE\x80\x80\"");
@@ -327,7 +327,7 @@ TEST(WriteJson5, WritesAFileThatCanBeReadWhateverNumberAUnitIs) {
 
 // Comments
 
-TEST(WriteJson5, WritesACommentBehindItsValueAndTheComma) {
+TEST(WriteJson5, WritesACommentAfterItsValueAndTheComma) {
   EXPECT_EQ(Written(1, L"Комментарий"), "1 // Комментарий");
   EXPECT_EQ(Written(Texts{L"a", L"b"}, L"c"), R"(["a", "b"] // c)");
   EXPECT_EQ(Written(1, L""), "1");
@@ -442,7 +442,7 @@ std::string RequestsForEach(const std::vector<std::string>& names) {
   return requests.Text();
 }
 
-TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
+TEST(WriteJson5, DistinguishesNamesWithEqualHashes) {
   const std::vector<std::string> names = NamesOfAlikeHashes(500, 12);
   std::string expected;
   for (const std::string& name : names) {
@@ -452,7 +452,7 @@ TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
   EXPECT_EQ(RequestsForEach(names), "{\n  \"S\": {" + expected + "\n  },\n  \"T\": {}\n}\n");
 }
 
-TEST(WriteJson5, TellsKeysAndNamesApartByUnit) {
+TEST(WriteJson5, DistinguishesKeysAndNamesByUnit) {
   Requests requests;
   requests.Section(L"S", L"a").Set(L"k", 1).Set(L"K", 2);
   requests.Section(L"S", L"A").Section(L"s", L"a");
@@ -571,7 +571,7 @@ bool IsJson(std::string_view bytes) {
   return StrictJson(bytes).IsDocument();
 }
 
-TEST(StrictJson, TellsJsonFromJson5) {
+TEST(StrictJson, DistinguishesJsonFromJson5) {
   for (const char* text : {"{}", "[1, -0.5e+10, \"a\\u00e9\\n\"]", "{\"a\": {\"b\": [null]}}\n"}) {
     EXPECT_TRUE(IsJson(text)) << text;
   }
@@ -741,7 +741,7 @@ TEST(WriteJson5, WritesTheSameRequestsAsTheSameBytes) {
 
 // Huge texts
 
-TEST(WriteJson5, IsDoneWithTextsOfFiveMillionUnits) {
+TEST(WriteJson5, HandlesTextsOfFiveMillionUnits) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     EXPECT_EQ(Written(std::wstring(size, L'a')).size(), size + 2);
     EXPECT_EQ(Written(std::wstring(size / 5, L'\n')).size(), 2 * (size / 5) + 2);
@@ -749,12 +749,12 @@ TEST(WriteJson5, IsDoneWithTextsOfFiveMillionUnits) {
   });
 }
 
-TEST(WriteJson5, IsDoneWithAMillionStrings) {
+TEST(WriteJson5, HandlesAMillionStrings) {
   ExpectDoneAtOnce(
       1'000'000, [](std::size_t size) { EXPECT_EQ(Written(Texts(size, L"a")).size(), 5 * size); });
 }
 
-TEST(WriteJson5, GivesALongFileInPieces) {
+TEST(WriteJson5, PassesALongFileOnInPieces) {
   Requests requests;
   for (int i = 0; i < 100'000; ++i) {
     requests.Section(L"S", L"item" + std::to_wstring(i)).Set(L"k", i, L"comment");
@@ -763,7 +763,7 @@ TEST(WriteJson5, GivesALongFileInPieces) {
   EXPECT_LE(requests.LargestPiece(), 65'536u);
 }
 
-TEST(WriteJson5, CutsALongStringIntoPieces) {
+TEST(WriteJson5, SplitsALongStringIntoPieces) {
   Requests requests;
   requests.Section(L"S").Set(L"k", std::wstring(300'000, L'\n'));
   std::string expected = "{\n  \"S\": {\n    \"k\": \"";
@@ -772,7 +772,7 @@ TEST(WriteJson5, CutsALongStringIntoPieces) {
   EXPECT_LE(requests.LargestPiece(), 65'536u);
 }
 
-TEST(WriteJson5, IsDoneWithAHundredThousandItems) {
+TEST(WriteJson5, HandlesAHundredThousandItems) {
   ExpectDoneAtOnce(100'000, [](std::size_t size) {
     Requests requests;
     for (std::size_t i = 0; i < size; ++i) {

@@ -113,7 +113,7 @@ TEST(CodeIndex, FindsTheFirstRecordThatFits) {
 }
 
 // Lines that an interrupted load leaves stand in the order of the file, and records by hand in any.
-TEST(CodeIndex, FindsTheFirstOfRecordsInWhateverOrder) {
+TEST(CodeIndex, FindsTheFirstOfRecordsInAnyOrder) {
   std::vector<MapTextRecord> filled = {RecordOf({L"A", L"B", L"C"}), RecordOf({L"A", L"B"}),
                                        RecordOf({L"A"}), RecordOf({L""}), RecordOf({})};
   const CodeIndex index(filled);
@@ -125,7 +125,7 @@ TEST(CodeIndex, FindsTheFirstOfRecordsInWhateverOrder) {
 }
 
 // So many, which differ after two to five words that they share.
-TEST(CodeIndex, TellsEachOfThousandsOfRecords) {
+TEST(CodeIndex, DistinguishesThousandsOfRecords) {
   std::vector<std::wstring> lines;
   for (int pair = 0; pair < 2000; ++pair) {
     std::wstring line =

@@ -48,7 +48,7 @@ int FirstMatch(const MapTextSection& section, std::wstring_view text) {
   return noCodeId;
 }
 
-TEST(GetClaccificatorCodeId, GivesTheFirstPatternWhoseWordsBeginTheWordsOfTheText) {
+TEST(GetClaccificatorCodeId, ReturnsTheFirstPatternWhoseWordsBeginTheWordsOfTheText) {
   struct Case {
     const wchar_t* text;
     int codeId;
@@ -76,13 +76,13 @@ TEST(GetClaccificatorCodeId, GivesTheFirstPatternWhoseWordsBeginTheWordsOfTheTex
   }
 }
 
-TEST(GetClaccificatorCodeId, GivesTheGeneralPatternAheadOfTheSpecialOne) {
+TEST(GetClaccificatorCodeId, ReturnsTheGeneralPatternBeforeTheSpecialOne) {
   LoadedScheme scheme("==MAPTEXT\n@O\nwall outer\n@W\nwall\n");
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall outer 1"), 0);
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"W");
 }
 
-TEST(GetClaccificatorCodeId, GivesTheFirstInTheFileAmongPatternsOfEqualLength) {
+TEST(GetClaccificatorCodeId, ReturnsTheFirstInTheFileAmongPatternsOfEqualLength) {
   LoadedScheme scheme("==MAPTEXT\n@A\nwall\n@B\nwa\n@C\nwall\n");
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), 0);
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"water"), 1);
@@ -114,7 +114,7 @@ TEST(GetClaccificatorCodeId, SeparatesTheWordsOfTheTextAtBlanksAlone) {
   }
 }
 
-TEST(GetClaccificatorCodeId, TakesALeadingBlankForAnEmptyFirstWordAndATrailingOneForAnEmptyLast) {
+TEST(GetClaccificatorCodeId, TakesALeadingBlankAsAnEmptyFirstWordAndATrailingOneAsAnEmptyLast) {
   struct Case {
     const wchar_t* text;
     int codeId;
@@ -145,7 +145,7 @@ TEST(GetClaccificatorCodeId, KnowsNoWildcards) {
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"WALL*s"), 0);
 }
 
-TEST(GetClaccificatorCodeId, GivesMinusOneWithoutASection) {
+TEST(GetClaccificatorCodeId, ReturnsMinusOneWithoutASection) {
   for (const char* text : {"", "==MAPTEXT\n", "==PARAM\nwall\n"}) {
     LoadedScheme scheme(text);
     EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), -1) << text;
@@ -172,13 +172,13 @@ TEST(GetClaccificatorCodeId, NeverReachesANulInAPattern) {
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"door"), -1);
 }
 
-TEST(GetClaccificatorCode, GivesTheCodeAtAPositionAfterSorting) {
+TEST(GetClaccificatorCode, ReturnsTheCodeAtAPositionAfterSorting) {
   LoadedScheme scheme("==MAPTEXT\n$ Z\n@W\nbasic wall\n@D\ndoor\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"D");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
 }
 
-TEST(GetClaccificatorCode, GivesTheDefaultCodeForMinusOne) {
+TEST(GetClaccificatorCode, ReturnsTheDefaultCodeForMinusOne) {
   LoadedScheme own("==MAPTEXT\n$ Z\n@W\nwall\n");
   EXPECT_EQ(Take(own.editor.GetClaccificatorCode(-1)), L"Z");
   LoadedScheme none("==MAPTEXT\n@W\nwall\n");
@@ -194,13 +194,13 @@ TEST(GetClaccificatorCode, RaisesForAnyOtherNumberOutsideTheRecords) {
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
 }
 
-TEST(GetClaccificatorCode, KnowsOnlyTheEmptyDefaultCodeWithoutASection) {
+TEST(GetClaccificatorCode, AcceptsOnlyMinusOneAndReturnsAnEmptyCodeWithoutASection) {
   LoadedScheme scheme("==PARAM\nW10\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(-1)), L"");
   EXPECT_EQ(OutOfRangeOf([&] { scheme.editor.GetClaccificatorCode(0); }), badSubscript);
 }
 
-TEST(GetClaccificatorCode, GivesAnEmptyCodeAboveAllHeaders) {
+TEST(GetClaccificatorCode, ReturnsAnEmptyCodeAboveAllHeaders) {
   LoadedScheme scheme("==MAPTEXT\nwall\n@D\ndoor\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"");
 }
@@ -274,7 +274,7 @@ TEST(Matches, ComparesNulsLikeAnyUnit) {
   EXPECT_FALSE(Matches(RecordOf({L"A\0B"s}), L"a\0c"s));
 }
 
-TEST(FindCodeId, GivesTheFirstRecordThatMatchesInWhateverOrderTheyStand) {
+TEST(FindCodeId, ReturnsTheFirstRecordThatMatchesInWhateverOrderTheyAre) {
   const MapTextSection section =
       WithRecords({{L"BASIC", L"WALL", L"X"}, {L"wall"}, {L"BASIC", L"WALL"}, {L"BASIC"}, {L"W"}});
   EXPECT_EQ(FindCodeId(section, L"basic wall x"), 0);
@@ -346,7 +346,7 @@ TEST(FindCodeId, FollowsASectionThatIsReadAgain) {
   EXPECT_EQ(FindCodeId(section, L"door"), -1);
 }
 
-TEST(FindCodeId, AnswersAlikeInACopyWhateverBecomesOfItsSource) {
+TEST(FindCodeId, AnswersAlikeInACopyWhateverHappensToItsSource) {
   MapTextSection source = Read(L"door\nwall");
   MapTextSection copy = source;
   source = Read(L"roof");
@@ -388,7 +388,7 @@ TEST(FindCodeId, KeepsTheCapitalsThatAPatternGotWhenItWasRead) {
   EXPECT_EQ(FindCodeId(section, L"СТЕНА"), 0);
 }
 
-TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
+TEST(FindCodeId, MatchesMoreRecordsWhenTheLocaleFoldsMore) {
   MapTextSection section;
   {
     const GlobalLocale latin(UpperOfLatin);
@@ -401,7 +401,7 @@ TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
   EXPECT_EQ(FindCodeId(section, L"Дверь"), 0);
 }
 
-TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
+TEST(FindCodeId, FoldsWhatTheLocaleFolds) {
   const GlobalLocale locale(
       [](wchar_t unit) { return unit == L'ё' || unit == L'е' ? L'*' : unit; });
   EXPECT_EQ(FindCodeId(Read(L"ёлка"), L"елка"), 0);
@@ -409,7 +409,7 @@ TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
   EXPECT_EQ(FindCodeId(Read(L"a"), L"A"), -1);
 }
 
-TEST(FindCodeId, CutsTheTextOnceItIsInCapitals) {
+TEST(FindCodeId, SplitsTheTextAfterItIsConvertedToCapitals) {
   const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
   EXPECT_EQ(FindCodeId(Read(L"basic wall"), L"basic_wall"), 0);
   EXPECT_EQ(FindCodeId(Read(L"basic_wall"), L"basic wall"), 0);
@@ -436,7 +436,7 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePatternInScriptsThatAreRare) {
 }
 
 // A pattern that was read when its units were no white space, and no blanks either.
-TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
+TEST(FindCodeId, AgreesWithALinearScanWhereUnitsOfAPatternBecomeWhiteSpace) {
   const MapTextSection section = Read(L"ax\na_b\na*b\nc\nq ax");
   const UpperFunction uppers[] = {
       [](wchar_t unit) { return unit == L'X' ? L'\t' : UpperOfLatin(unit); },
@@ -463,7 +463,7 @@ TEST(FindCodeId, SetsNoLocale) {
 }
 
 // Texts and patterns of few letters, so that many fit, fit in part, or hold empty words.
-TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
+TEST(FindCodeId, ReturnsWhatALinearScanReturns) {
   std::minstd_rand random(7);
   const auto below = [&random](unsigned bound) { return static_cast<unsigned>(random() % bound); };
   const auto word = [&below](unsigned longest) {
@@ -535,7 +535,7 @@ std::wstring WordOf(std::initializer_list<int> differences, int times) {
 // Beginnings that collide on purpose, within one number of words and across them. An index that
 // trusted a hash, a sum over the units each times a factor of its place, answered wrongly for them.
 
-TEST(FindCodeId, TellsWordsOfOneHashApart) {
+TEST(FindCodeId, DistinguishesWordsWithEqualHashes) {
   const auto word = [](int times) {
     return WordOf({5, -15, -18, -19, 24, -21, -4, 42, -41, 7}, times);
   };
@@ -554,7 +554,7 @@ TEST(FindCodeId, TellsWordsOfOneHashApart) {
 }
 
 // "p" with the first word has the hash that "q" with the second has.
-TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
+TEST(FindCodeId, DistinguishesPrefixesWithEqualHashes) {
   const std::wstring p = L"p " + WordOf({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 1);
   const std::wstring q = L"q " + WordOf({10, -12, -18, -15, 3, -16, 32, -4, 7, 8, -1, -5}, 1);
   const std::vector<Texts> sections = {
@@ -580,7 +580,7 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
 }
 
 // "BGBBBDCHBBEBIBHBBC" has the hash that "q BBGEGBBBCCBGBGBFDB" has.
-TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
+TEST(FindCodeId, DistinguishesPrefixesWithEqualHashesByTheirNumberOfWords) {
   const std::wstring one = L"BGBBBDCHBBEBIBHBBC";
   const std::wstring two = L"q BBGEGBBBCCBGBGBFDB";
   const std::vector<Texts> sections = {
@@ -603,7 +603,7 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
             0);
 }
 
-TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
+TEST(FindCodeId, DistinguishesLongWordsByAnyOfTheirUnits) {
   for (const std::size_t length : {30, 31, 32, 33, 64}) {
     const std::wstring start(length, L'x');
     const MapTextSection section =
@@ -639,7 +639,7 @@ TEST(FindCodeId, TakesAPatternOfAHundredThousandWords) {
   EXPECT_EQ(FindCodeId(section, pattern.substr(2)), -1);
 }
 
-TEST(CodeOf, GivesTheCodeOfARecordOrTheDefaultCode) {
+TEST(CodeOf, ReturnsTheCodeOfARecordOrTheDefaultCode) {
   MapTextSection section;
   section.defaultCode = L"Z";
   std::vector<MapTextRecord> records(2);

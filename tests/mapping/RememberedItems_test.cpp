@@ -78,7 +78,7 @@ TEST(RememberedItems, AreNoneForAnotherListOfDomains) {
   EXPECT_EQ(one.Find(0), L"xx");
 }
 
-TEST(RememberedItems, AreNotThoseOfACopyOrOfWhatIsAssigned) {
+TEST(RememberedItems, AreNotSharedWithACopyOrByAnAssignment) {
   Remembering one;
   one.Keep(0, 1);
   const RememberedItems copy = one.remembered;

@@ -117,7 +117,7 @@ MapTextSection Filled(Random& random) {
   return section;
 }
 
-TEST(FindCodeId, AgreesWithTheWalkUnderLocalesThatRefuseLetters) {
+TEST(FindCodeId, AgreesWithALinearScanUnderLocalesThatRefuseLetters) {
   const unsigned rounds = SLOW_BUILD ? 50 : 500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     Random random(seed);

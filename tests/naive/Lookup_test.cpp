@@ -335,7 +335,7 @@ class Round {
   std::optional<GlobalLocale> locale;
 };
 
-TEST(FindCodeId, AgreesWithTheWalkOverRecordsThatChangeUnderLocalesThatChange) {
+TEST(FindCodeId, AgreesWithALinearScanOfChangingRecordsUnderChangingLocales) {
   const unsigned rounds = SLOW_BUILD ? 300 : 1500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));

@@ -160,7 +160,7 @@ TEST(SplitTrimmed, AgreesWithItsNaiveFormOnWhatIsWhiteSpace) {
   }
 }
 
-TEST(WordReader, GivesTheWordsOfEverySmallText) {
+TEST(WordReader, ReturnsTheWordsOfEverySmallText) {
   ForEachText({{L" ", L"\t", L"\n", L"\x3000", L"a", L"b"}, 6}, [](const std::wstring& text) {
     Naive::Texts words;
     WordReader reader(text);

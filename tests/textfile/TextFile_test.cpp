@@ -65,7 +65,7 @@ TEST(CutTextFile, TrimsEachLineAndDropsTheBlankOnes) {
   for (const Case& one : cases) EXPECT_EQ(LinesOf(one.text), one.lines) << one.text;
 }
 
-TEST(CutTextFile, CutsSectionsFromEachHeadingToTheNext) {
+TEST(CutTextFile, SplitsTheFileIntoSectionsAtTheHeadings) {
   struct Case {
     std::wstring text;
     Sections sections;
@@ -98,7 +98,7 @@ TEST(CutTextFile, KnowsAHeadingOnceItsLineIsTrimmed) {
             (Sections{{L"==A", L"b"}, {L"==B", L""}}));
 }
 
-TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThem) {
+TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineBeforeThem) {
   EXPECT_EQ(CutBytes("==A\nab \xFF"
                      "cd\nef"),
             (Sections{{L"==A", L"ab"}}));
@@ -109,7 +109,7 @@ TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThe
   EXPECT_EQ(CutBytes("\xCF\xF0"), Sections{});  // Cyrillic in one byte each
 }
 
-TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineAheadOfIt) {
+TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineBeforeIt) {
   EXPECT_EQ(CutBytes("==A\nab\n\x1A"), (Sections{{L"==A", L"ab"}}));
   EXPECT_EQ(CutBytes("==A\nab\r\n\x1A\r\n"), (Sections{{L"==A", L"ab"}}));
   EXPECT_EQ(CutBytes("==A\nab \x1A cd\nef"), (Sections{{L"==A", L"ab"}}));
@@ -147,14 +147,14 @@ TEST(CutTextFile, TakesALineOfFiveMillionUnitsAndAMillionLines) {
   EXPECT_EQ(Cut(headings).size(), 1'000'000u);
 }
 
-TEST(ReadTextFile, GivesTheSectionsOfTheFile) {
+TEST(ReadTextFile, ReturnsTheSectionsOfTheFile) {
   const TempFolder folder;
   EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", "  ==Схема \r\n\r\n a\tb\r\n"))),
             (Sections{{L"==Схема", L"a\tb"}}));
   EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", ""))), Sections{});
 }
 
-TEST(ReadTextFile, GivesNothingForWhatCannotBeOpened) {
+TEST(ReadTextFile, ReturnsNothingForWhatCannotBeOpened) {
   const TempFolder folder;
   EXPECT_EQ(ReadTextFile(folder.Wide() + L"/a.txt"), nullptr);
   EXPECT_EQ(ReadTextFile(folder.Wide()), nullptr);
@@ -167,7 +167,7 @@ std::vector<std::wstring_view> EntriesOf(std::wstring_view body, bool keepEmpty)
   return entries;
 }
 
-TEST(CutEntries, CutsAtLineFeedsOnlyIfTheyGiveMorePieces) {
+TEST(CutEntries, SplitsAtLineFeedsOnlyIfTheyYieldMorePieces) {
   using Entries = std::vector<std::wstring_view>;
   struct Case {
     const wchar_t* body;

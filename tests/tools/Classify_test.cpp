@@ -356,7 +356,7 @@ TEST_F(Classify, ListsItsExitStatusesInItsHelp) {
   }
 }
 
-TEST_F(Classify, TellsItsVersionWithoutAnythingToClassify) {
+TEST_F(Classify, PrintsItsVersionWithoutAnythingToClassify) {
   const Outcome outcome = Run("--version");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.output, "classify " CLASSIFY_VERSION "\n");

@@ -123,7 +123,7 @@ TEST(WindowsPaths, OfANetworkThatIsNotThereAreAbsence) {
   EXPECT_EQ(Load(L"", L"\\\\no-such-server\\share\\scheme.txt"), -1);
 }
 
-TEST(WindowsPaths, ThatAreFoldersGiveTwo) {
+TEST(WindowsPaths, ThatAreFoldersReturnTwo) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "scheme.txt");
   EXPECT_EQ(Load(L"", (folder.Path() / L"scheme.txt").wstring()), 2);
@@ -189,7 +189,7 @@ TEST(WindowsSharing, LetsAFileBeReadThatAnotherHasOpenForWriting) {
   CloseHandle(writer);
 }
 
-TEST(WindowsSharing, GivesTwoForAFileThatAnotherClaimsForItself) {
+TEST(WindowsSharing, ReturnsTwoForAFileThatAnotherProcessOpenedExclusively) {
   const SchemeFolder scheme(L"scheme.txt");
   HANDLE owner = CreateFileW(scheme.File().c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                              OPEN_EXISTING, 0, nullptr);

@@ -131,7 +131,7 @@ constexpr const wchar_t* zonesDomen =
 
 // Reading
 
-TEST(Reading, RequestsEachPropertyAndRightBehindItItsFieldsInTheOrderOfTheFile) {
+TEST(Reading, RequestsEachPropertyFollowedByItsFieldsInTheOrderOfTheFile) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -325,7 +325,7 @@ TEST(Reading, RequestsAPropertyOrFieldThatIsNamedTwiceTwice) {
             L"    real F 'F' = 1\n");
 }
 
-TEST(Reading, GoesThroughAllRequestsForADomainThatIsAlreadyThere) {
+TEST(Reading, MakesAllRequestsForADomainThatIsAlreadyThere) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -360,7 +360,7 @@ void ExpectEverythingEnded(const Script& script, const std::wstring& afterwards)
   EXPECT_TRUE(!parserMade || script.requests.back() == L"end of parser") << afterwards;
 }
 
-TEST(Reading, Gives3AndChangesNothingWhicheverRequestFails) {
+TEST(Reading, Returns3AndChangesNothingWhicheverRequestFails) {
   int requests = 0;
   {
     Script whole;
@@ -661,7 +661,7 @@ TEST(Writing, RequestsNothingForAnUnknownDomain) {
   EXPECT_EQ(script.requests, Texts{});
 }
 
-TEST(Writing, LeavesTheStoreAsItIs) {
+TEST(Writing, LeavesTheStoreUnchanged) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -672,7 +672,7 @@ TEST(Writing, LeavesTheStoreAsItIs) {
   EXPECT_EQ(store.activeDomenId, L"other");
 }
 
-TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryGivesThemBackOrCopiesOfThem) {
+TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryReturnsThemOrCopiesOfThem) {
   for (const ArrayResult arrays : {ArrayResult::defaults, ArrayResult::other}) {
     Domen domen(L"a", L"A");
     AddProperty(domen, L"P", {{L"F", L"F", typeInt}});
@@ -690,7 +690,7 @@ TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryGivesThemBackOrCopiesOfThem) {
   }
 }
 
-TEST(Writing, EndsWithoutAWordAndSavesNothingWhicheverRequestFails) {
+TEST(Writing, EndsSilentlyAndSavesNothingWhicheverRequestFails) {
   Domen domen(L"a", L"A");
   AddProperty(domen, L"P", {{L"F", L"F", typeInt}, {L"G", L"G", typeRList}});
   AddProperty(domen, L"Q", {{L"H", L"H", typeStr}});
@@ -754,7 +754,7 @@ TEST(ReadStringArrayParam, ReleasesTheDefaultsOnceIfTheyAreTheResult) {
   }
 }
 
-TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatGivesANewArrayOnOverride) {
+TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatReturnsANewArrayOnOverride) {
   for (const Texts& defaults : {noTexts, twoTexts}) {
     EXPECT_EQ(RequestArray(ArrayResult::other, true, true, defaults), std::pair(false, defaults));
   }
@@ -774,7 +774,7 @@ TEST(ReadStringArrayParam, ReleasesNoMoreOnOverrideIfTheLibrarySaysThatItFoundTh
   }
 }
 
-TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatGivesNoArray) {
+TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatReturnsNoArray) {
   for (const Texts& defaults : {noTexts, twoTexts}) {
     EXPECT_EQ(RequestArray(ArrayResult::null, false, false, defaults), std::pair(false, noTexts));
   }
@@ -816,7 +816,7 @@ TEST(ReadStringArrayParam, KeepsTheValuesIfTheLibraryRaisesAnException) {
 
 // The editor's configuration text.
 
-TEST(ConfigText, IsHandedOnAsItStandsByAnEditorAndByItsCopies) {
+TEST(ConfigText, IsPassedOnUnchangedByAnEditorAndByItsCopies) {
   const TempFolder folder;
   const std::wstring file = folder.Write("zones.json", "");
   for (const std::wstring text : {L"the text", L" \tthe text\n;{ ", L""}) {
@@ -833,7 +833,7 @@ TEST(ConfigText, IsHandedOnAsItStandsByAnEditorAndByItsCopies) {
   }
 }
 
-TEST(ConfigText, IsHandedOnForAClassificatorFileToo) {
+TEST(ConfigText, IsPassedOnForAClassificatorFileToo) {
   Script script;
   const TempFolder folder;
   const std::wstring file = folder.Write("zones.json", "");
