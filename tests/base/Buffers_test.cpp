@@ -49,7 +49,7 @@ TEST(NewString, HoldsFiveMillionUnits) {
   EXPECT_TRUE(Take(NewString(text)) == text);
 }
 
-// What `NewJoined` makes of these pieces.
+// Returns what `NewJoined` makes of these pieces.
 std::wstring Joined(const std::vector<std::wstring>& pieces) {
   return Take(NewJoined([&pieces](const auto& put) {
     for (const std::wstring& piece : pieces) put(piece);
@@ -69,7 +69,7 @@ TEST(NewJoined, EndsAtTheFirstNulOfAnyPiece) {
   EXPECT_EQ(Joined({L"a", L"b\0"s}), L"ab");
 }
 
-// A result of a query, as far as these tests go.
+// A row of a query's results.
 struct Result {
   std::wstring name;
   int number;

@@ -24,7 +24,7 @@ using namespace std::string_literals;
 
 const std::wstring loneSurrogate(1, wchar_t{0xD83D});
 
-// Takes all rights away from a file or folder for as long as it lives.
+// Removes all permissions of a file or folder for its lifetime.
 class Refused {
  public:
   explicit Refused(fs::path refused) : path(std::move(refused)) {
@@ -239,7 +239,7 @@ TEST(ReadFile, ReturnsNothingForAFileThatTheUserMayNotRead) {
   EXPECT_EQ(ReadFile(file), std::nullopt);
 }
 
-// A fact of Windows alone: elsewhere an open file is closed to nobody, and this could not fail.
+// This can fail on Windows only, where an open file may be locked.
 TEST(ReadFile, ReadsAFileThatIsOpenForWritingElsewhere) {
   if (fs::path::preferred_separator == '/') GTEST_SKIP() << "an open file is closed to nobody here";
   const TempFolder folder;

@@ -1,4 +1,4 @@
-// `ReplaceWholeFile`, where it is the same on every platform.
+// Tests of `ReplaceWholeFile` for every platform.
 
 #include <gtest/gtest.h>
 

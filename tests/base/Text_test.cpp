@@ -17,7 +17,7 @@ using namespace std::string_literals;
 
 using Pieces = std::vector<std::wstring>;
 
-// All white space there is.
+// All white space.
 constexpr std::wstring_view whiteSpace =
     L"\t\n\v\f\r \x0085\x00A0\x1680\x2000\x2001\x2002\x2003\x2004\x2005\x2006\x2007\x2008\x2009"
     L"\x200A\x2028\x2029\x202F\x205F\x3000";
@@ -57,7 +57,7 @@ TEST(Trim, RemovesWhiteSpaceAtBothEndsOnly) {
       {std::wstring(whiteSpace) + L"Стена" + std::wstring(whiteSpace), L"Стена"},
       {L" \xFEFF ", L"\xFEFF"},
       {L" \U0001F600 ", L"\U0001F600"},
-      // White space in their low 16 bits alone.
+      // Only their low 16 bits are white space.
       {L"\U00012000\U00013000", L"\U00012000\U00013000"},
       {L" \0 a \0 "s, L"\0 a \0"s},  // a NUL is no white space
   };
@@ -106,7 +106,7 @@ TEST(TrimChars, RemovesTheUnitsOfTheSetAtBothEndsOnly) {
       {L"}{{A}{B}}{", L"{}", L"A}{B"},
       {L"\"\"a \"b\"\"", L"\"", L"a \"b"},
       {L"\" a \"", L"\"", L" a "},  // white space stays
-      {L" ;a; ", L";", L" ;a; "},   // and shields what stands behind it
+      {L" ;a; ", L";", L" ;a; "},   // and protects what is after it
       {L"{}{}", L"{}", L""},
       {L";", L";", L""},
       {L"", L";", L""},
@@ -129,7 +129,7 @@ TEST(TrimChars, HandlesFiveMillionUnitsOfTheSetQuickly) {
   });
 }
 
-// All texts of the letters a and b that have this length.
+// Returns all texts of this length over the letters a and b.
 std::vector<std::wstring> TextsOfTwoLetters(std::size_t length) {
   std::vector<std::wstring> texts = {L""};
   for (std::size_t i = 0; i < length; ++i) {
@@ -182,7 +182,7 @@ TEST(StartsWith, ComparesUnitByUnitAndNeverMatchesAnEmptyPrefix) {
       {L"Стена", L"Ст", true},
       {L"Стена", L"ст", false},
       {L"\x0439", L"\x0438\x0306", false},  // one letter, composed and decomposed
-      {L"\x0438\x0306", L"\x0438", true},   // a base letter begins the letter made of it
+      {L"\x0438\x0306", L"\x0438", true},   // a base letter is a prefix of its decomposed form
       {L"\0ab"s, L"\0a"s, true},
       {L"\0ab"s, L"\0b"s, false},
   };

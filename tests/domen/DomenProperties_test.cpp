@@ -126,7 +126,7 @@ TEST(IndexedProperties, ReturnWhatALinearScanReturns) {
 
 // Values
 
-// A property with a field of each type that was given this text, and fields as no text makes them.
+// Returns a property with a field of each type set to this text, and fields that no text can make.
 DomenProperty PropertyWith(const std::wstring& text) {
   using namespace Properties;
   DomenProperty property = PropertyFor(L"P", {L"Door"});

@@ -28,7 +28,7 @@ DomenProperty NewProperty() {
   return PropertyFor({});
 }
 
-// The value of the first field, as it is stored.
+// Returns the stored value of the first field.
 std::wstring& StoredString(const DomenProperty& property) {
   return dynamic_cast<PropertyStrParameter&>(*property.fields.at(0)).value;
 }
@@ -152,7 +152,7 @@ TEST(AddValueField, KnowsTheNamesOfManyFields) {
   EXPECT_EQ(moved.fields.size(), std::size_t{many} + 1);
 }
 
-// A property of so many fields that are named by their numbers.
+// Returns a property with `count` fields, named by their numbers.
 DomenProperty NumberedFields(int count, const std::wstring& text = L"1") {
   DomenProperty property = NewProperty();
   for (int i = 0; i < count; ++i) property.AddValueField(std::to_wstring(i), L"", 2, false, text);
@@ -186,8 +186,7 @@ TEST(AddValueField, TakesTheNameOfAFieldThatIsGone) {
   }
 }
 
-// The names of another property's fields are not its own, also where these are where the other's
-// were.
+// Names of another property's fields don't count, even if the fields are at the same addresses.
 TEST(AddValueField, ForgetsTheNamesOfFieldsThatWereAssignedOver) {
   DomenProperty property = NewProperty();
   for (int i = 0; i < 100; ++i) property.AddValueField(std::to_wstring(i), L"", 0, false, L"1");
@@ -229,7 +228,7 @@ TEST(AddValueField, LeavesTheInitialValueIfTheDefaultIsRefused) {
             L"    slist f '' = \n");
 }
 
-// A property that differs from a new one in all it has.
+// Returns a property that differs from a new one in every member.
 DomenProperty FullProperty() {
   DomenProperty property(L"Rating", L"Класс", {L"Room", L"Door"}, true, -10);
   property.AddValueField(L"Minutes", L"Time", 0, true, L"-30");

@@ -1,4 +1,4 @@
-// The queries over domains, through the exports wherever they can show it.
+// Tests of the queries over domains, through the exports where possible.
 
 #include <gtest/gtest.h>
 
@@ -27,11 +27,11 @@ using namespace std::string_view_literals;
 using Editor = RevitMappingEditorDll;
 using Texts = std::vector<std::wstring>;
 
-// Ids, whether unique, field counts, whether lists.
+// Id, uniqueness, number of fields, and whether it is a list.
 using CheckRows = std::vector<std::tuple<std::wstring, bool, int, bool>>;
 using SortRows = std::vector<std::pair<std::wstring, int>>;
 
-// An editor with the domains of one file.
+// An editor that has loaded the domains of one file.
 struct LoadedDomens {
   explicit LoadedDomens(std::string_view section) : editor(L"", L"") {
     const std::wstring file = folder.Write("domens.txt", "==DOMEN\n" + std::string(section));
@@ -146,8 +146,8 @@ TEST(GetDomens, ReturnATextUpToItsFirstNul) {
   EXPECT_EQ(loaded.editor.SetActiveDomenByName(L"A"), -1);
 }
 
-// Domains whose names are not their ids, as only a ".json" file can have it: a and c of one name, b
-// with the id of another for a name, and d without one.
+// Domains whose names differ from their ids, which only a ".json" file can express: a and c share a
+// name, the name of b is the id of another, and d has none.
 struct NamedDomens {
   NamedDomens() : editor(L"", L"") {
     Load("c.json", R"({"Domen": {"sName": "Same"}})");
@@ -328,7 +328,7 @@ TEST(GetDomenPropertysByObjType, ReturnsThePropertiesThatNameTheTypeAndThoseThat
       {L"Door", {L"All", L"Both", L"Doors", L"Three"}},
       {L"Room", {L"All", L"Both", L"Rooms", L"Three"}},
       {L"Stair", {L"All", L"Three"}},
-      {L"Roof", {L"All"}},  // no property names it
+      {L"Roof", {L"All"}},  // no property lists it
       // Types are compared unit by unit.
       {L"", {L"All"}},
       {L"door", {L"All"}},
@@ -449,8 +449,8 @@ TEST(GetDomenPropertyFieldsValues, RaisesForAnUnknownPropertyAndWritesNothing) {
   EXPECT_EQ(Fields(loaded.editor, L"D", L"P"), (FieldRows{{L"F", L"F", 0, false, L"5"}}));
 }
 
-// Each text form takes one layer of quotation marks and one of blanks: the first when the value is
-// read, the second when the property enters its domain, the third on the way out.
+// Each pass through the text form removes a layer of quotation marks and one of blanks: when the
+// value is read, when the property is added to its domain, and when it is returned.
 TEST(GetDomenPropertyFieldsValues, PassesTheValuesThroughTheirTextFormOnceMore) {
   const TempFolder folder;
   Editor editor(L"", L"");
@@ -525,7 +525,7 @@ TEST(GetDomenPropertiesCheckInfo, RaisesForOnePropertyWithoutFieldsAndReturnsNoP
         << section;
     EXPECT_EQ(count, 0);
     EXPECT_FALSE(ids.Written() || unique.Written() || fieldCounts.Written() || lists.Written());
-    EXPECT_NE(SortIndexes(loaded.editor, L"D"), SortRows{});  // the other queries go on
+    EXPECT_NE(SortIndexes(loaded.editor, L"D"), SortRows{});  // the other queries still work
   }
 }
 
@@ -536,7 +536,7 @@ TEST(GetDomenPropertiesCheckInfo, IsNotHurtByAPropertyWithoutFieldsInAnotherDoma
 
 // Keys and ids
 
-// A property under a key that is not its id, as no file can have it.
+// Returns a property under a key that is not its id, which no file can express.
 DomenStore StoreWithKeyAndId() {
   DomenStore store;
   Domen domen(L"D", L"D");
@@ -561,7 +561,7 @@ TEST(CheckInfos, ReturnsTheKeyAndNotTheId) {
   EXPECT_EQ(infos[0].fieldCount, 1);
 }
 
-// The number of a type may be any, as no file can have it.
+// A field's type can be any number, though not in a file.
 TEST(CheckInfos, TakesTheNumbersFrom3To5ForLists) {
   DomenStore store = StoreWithKeyAndId();
   const auto& fields = store.domens.at(L"D").properties.at(L"key").fields;

@@ -21,7 +21,7 @@ void Parse(DomenStore& store, std::wstring_view body) {
   ParseDomenSection(store, fields, body);
 }
 
-// What the body of a section makes of an empty store.
+// Returns the domains after parsing the body of a section into an empty store.
 std::wstring Parsed(std::wstring_view body) {
   DomenStore store;
   Parse(store, body);
@@ -35,14 +35,14 @@ std::wstring ActiveAfter(std::wstring_view body) {
   return store.activeDomenId;
 }
 
-// What one entry makes of the domain D, in which nothing stands yet.
+// Returns the empty domain D after parsing one entry.
 std::wstring ParsedInDomain(const std::wstring& entry) {
   DomenStore store;
   Parse(store, L"@@@ D\n" + entry);
   return Describe(store.domens.at(L"D").properties);
 }
 
-// What one entry makes of the property P, which has no fields yet.
+// Returns the property P without fields after parsing one entry.
 std::wstring ParsedInProperty(const std::wstring& entry) {
   DomenStore store;
   Parse(store, L"@@@ D\n@ P 0 1\n" + entry);
@@ -103,7 +103,7 @@ TEST(TextDomainFile, CanBeOneLineSplitAtSemicolons) {
   EXPECT_EQ(store.activeDomenId, L"Simple");
 }
 
-// Cutting into entries
+// Splitting into entries
 
 TEST(ParseDomenSection, DoesNothingWithAnEmptyBody) {
   for (const wchar_t* body : {L"", L" ", L"\n", L";", L" ; \n ; "}) {
@@ -113,7 +113,7 @@ TEST(ParseDomenSection, DoesNothingWithAnEmptyBody) {
 }
 
 TEST(ParseDomenSection, SplitsAtLineFeedsIfTheyYieldMorePieces) {
-  // Three lines, two pieces at the semicolon, which stays in its line.
+  // Three lines but two pieces at semicolons: the semicolon stays in its line.
   EXPECT_EQ(Parsed(L"@@@ D\n@ P 0 1 one;two\nF int 0 5"),
             L"domain D 'D'\n"
             L"  property P 'one;two' 1 []\n"
@@ -128,10 +128,10 @@ TEST(ParseDomenSection, SplitsAtSemicolonsIfTheyYieldMorePieces) {
 }
 
 TEST(ParseDomenSection, SplitsAtSemicolonsOnATie) {
-  // Two semicolons in the comment make three pieces of three lines, and all of it is one comment
-  // and two entries that say nothing.
+  // Two semicolons in the comment split the three lines into three pieces: a comment and two
+  // entries without meaning.
   EXPECT_EQ(Parsed(L"/ walls; roofs; stairs\n@@@ D\n@ P 0 1"), L"");
-  // The line ends stay in the entries, as white space that separates no pieces.
+  // The line ends stay in the entries as white space, which separates no pieces.
   EXPECT_EQ(Parsed(L"@@@ D\nx;@ P 0 1"), L"domain D\nx 'D\nx'\n  property P 'P' 1 []\n");
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1 one\ntwo"), L"domain D 'D'\n  property P 'one\ntwo' 1 []\n");
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1\nF int 0 5"), L"domain D 'D'\n");
@@ -144,7 +144,7 @@ TEST(ParseDomenSection, SplitsABodyOfOneLineAtSemicolons) {
 }
 
 TEST(ParseDomenSection, DoesNotCountEmptyPieces) {
-  // Two lines that say something, and no more than one piece at the many semicolons.
+  // Two lines, and only one piece at the many semicolons.
   EXPECT_EQ(Parsed(L"@@@ D\n@ P 0 1;;;; ; ;;"), L"domain D 'D'\n");
   EXPECT_EQ(Parsed(L"@@@ D;\n\n\n \n@ P 0 1;\nF int 0 5;G int 0 6"),
             L"domain D 'D'\n"
@@ -543,7 +543,7 @@ TEST(ParseDomenSection, ForgetsTheCurrentPropertyAtAPropertyWithoutADomain) {
             L"  property P 'P' 1 []\n");
 }
 
-// One section and the next
+// Several sections
 
 TEST(ParseDomenSection, StartsWithoutADomainWithoutObjectTypesAndWithoutAProperty) {
   DomenStore store;
@@ -556,7 +556,7 @@ TEST(ParseDomenSection, StartsWithoutADomainWithoutObjectTypesAndWithoutAPropert
             L"  property R 'R' 1 []\n");
 }
 
-// Texts of any length and of any units
+// Long texts and all units
 
 TEST(ParseDomenSection, TakesUnitsOfAnyKind) {
   EXPECT_EQ(Parsed(L"@@@ A\0B\n@@ \U0001F6AA\n@ P\0 0 1 \0\nF str 0 \0"s),

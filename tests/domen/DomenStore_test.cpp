@@ -99,7 +99,7 @@ TEST(DomenStore, IteratesOverItsDomainsInTheOrderOfTheKeysUnits) {
   EXPECT_EQ(keys, (std::vector<std::wstring>{L"", L"A", L"B", L"a", L"a1", L"Б", L"б", L"\xFFFD"}));
 }
 
-// Where a character above U+FFFF has two units, they come ahead of the last ones below it.
+// Where a character above U+FFFF has two units, it sorts before the last characters below it.
 TEST(DomenStore, IteratesOverKeysAboveFFFFInTheOrderOfTheirUnitsToo) {
   DomenStore store;
   for (const wchar_t* key : {L"\xFFFD", L"\U0001F6AA"}) store.AddDomen(key, Domen(key, key));
@@ -119,7 +119,7 @@ TEST(DomenStore, SharesNothingWithItsCopy) {
   EXPECT_EQ(Describe(store), L"domain D 'Name'\n  property P 'Name.P' 0 []\n");
 }
 
-// Whether it has changed
+// State
 
 TEST(DomenStore, StaysInItsStateThroughQueriesAndSelections) {
   DomenStore store;
@@ -181,7 +181,7 @@ TEST(DomenStore, IsInAnotherStateAfterAnyChangeOfItsDomains) {
   }
 }
 
-// The next question must not find the state of before the failure.
+// The next query must not find the state before the failure.
 TEST(DomenStore, IsInAnotherStateAfterAChangeThatFails) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
@@ -214,7 +214,7 @@ TEST(DomenStore, IsEmptyAfterAMoveAndLosesItsContentsByAnAssignment) {
   EXPECT_EQ(Describe(assigned), described);
 }
 
-// Nothing is copied, and so no value passes through its text form.
+// Nothing is copied, so no value passes through its text form.
 TEST(DomenStore, IsUnchangedWhenAssignedToItself) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
@@ -228,16 +228,16 @@ TEST(DomenStore, IsUnchangedWhenAssignedToItself) {
   EXPECT_EQ(store.domens.at(L"D").properties.at(L"P").fields[0]->GetValue(), L"x\" \" ");
 }
 
-// The last that an editor does that is assigned to, when nothing may fail any more.
+// The last step of an editor's assignment, which must not fail.
 static_assert(std::is_nothrow_move_assignable_v<DomenStore>);
 
-// It is what its members are.
+// The store has no members but these.
 static_assert(sizeof(DomenStore) ==
               sizeof(std::wstring) + sizeof(Domens::Map) + sizeof(std::shared_ptr<const char>));
 
 // Collecting
 
-// Domains A and B, which both hold Both, and each of which holds one property alone.
+// Returns domains A and B, which share the property Both and have one more each.
 DomenStore TwoDomens() {
   DomenStore store;
   store.AddDomen(L"A", NewDomen(L"a", {L"Both", L"OnlyA"}));
@@ -247,7 +247,7 @@ DomenStore TwoDomens() {
 
 using Texts = std::vector<std::wstring>;
 
-// The names of the collected properties, which tell their domains.
+// Returns the names of the collected properties, which identify their domains.
 Texts Collected(const DomenStore& store, const Texts& domenIds, const Texts& keys) {
   Texts names;
   for (const auto& [key, property] : store.CollectProperties(domenIds, keys)) {
@@ -369,7 +369,7 @@ TEST(LoadDomen, LooksForTheExtensionInTheLastPartOfThePath) {
                               L"no:stream.txt", L".txt:stream", L"no/..", L"no.cfg"}) {
     EXPECT_EQ(store.LoadDomen(path, L""), -1) << path;
   }
-  // These go to the reader of text files, which finds none.
+  // The reader of text files gets these paths, and there are no such files.
   for (const wchar_t* path : {L"no.txt", L"no.cfg/no.txt", L"no.cfg\\no.txt", L"no.txt:stream",
                               L"no/a.b.txt", L"no/..txt", L"no/домен.txt"}) {
     EXPECT_EQ(store.LoadDomen(path, L""), 2) << path;
@@ -386,7 +386,7 @@ TEST(LoadDomen, IgnoresTheConfigurationForATextFile) {
 
 // Loading a text file
 
-// What a file of these bytes makes of an empty store. The status is expected to be 0.
+// Loads a file of these bytes into an empty store and expects the status 0.
 DomenStore Load(std::string_view bytes) {
   const TempFolder folder;
   DomenStore store;

@@ -42,7 +42,7 @@ bool IsFound(CfgParser& parser, const wchar_t* name, const wchar_t* item = L"") 
   return found;
 }
 
-// A parser over a file of these bytes.
+// A parser of a file with these bytes.
 struct ParsedFile {
   explicit ParsedFile(std::string_view bytes)
       : path(folder.Write("a.json", bytes)), parser(path.c_str(), L"", L"RU") {}
@@ -52,7 +52,7 @@ struct ParsedFile {
   CfgParser parser;
 };
 
-// What the requests find, and nothing where they give the default.
+// What the requests find, or nothing where they return the default.
 
 std::optional<std::wstring> FindString(JSON5Section& section, const wchar_t* key) {
   bool found = false;
@@ -85,7 +85,7 @@ std::optional<Texts> FindStrings(JSON5Section& section, const wchar_t* key) {
   return std::nullopt;
 }
 
-// Of a file with the section S, the string s in it: what a request finds.
+// Returns what a request finds for the string s in section S of a file of these bytes.
 std::optional<std::wstring> FindStringIn(std::string_view bytes) {
   ParsedFile file(bytes);
   return FindString(*Open(file.parser, L"S"), L"s");
@@ -130,7 +130,7 @@ TEST(Requests, TakeEachTypeOfValueOrCountItAsAbsent) {
       {"500e-2", noString, 5, 5.0, noStrings},
       {"0.5", noString, noInt, 0.5, noStrings},
       {".5", noString, noInt, 0.5, noStrings},
-      {"0.1", noString, noInt, 0.1, noStrings},  // which the narrower type rounds otherwise
+      {"0.1", noString, noInt, 0.1, noStrings},  // which a float rounds differently
       {"-1e-1", noString, noInt, -0.1, noStrings},
       {"2147483647", noString, 2147483647, 2147483647.0, noStrings},
       {"2147483648", noString, noInt, 2147483648.0, noStrings},
@@ -634,7 +634,7 @@ TEST(Save, WritesTheRequestsAndNotTheFileThatWasRead) {
             "}\n");
 }
 
-// Requests of each type, all with one comment, and the file that is saved behind them.
+// Returns the file that is saved after requests of each type, all with one comment.
 std::string SavedRequests(std::string_view bytes, bool overriding) {
   ParsedFile file(bytes);
   {
@@ -818,7 +818,7 @@ TEST(SavedFiles, AreNotBrokenByAnyComment) {
   }
 }
 
-// What stands behind a line terminator would be a key of the file.
+// Text after a line terminator would be a key of the file.
 TEST(SavedFiles, KeepACommentOnItsLineWhicheverTerminatorItHas) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";

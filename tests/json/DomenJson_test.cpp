@@ -1,4 +1,4 @@
-// Domains in JSON5 files, read and exported through the exports.
+// Tests of reading and exporting domains as JSON5 files, through the exports.
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ Texts Names(Editor& editor) {
   return TakeAll(count, names);
 }
 
-// Whether each property is unique, in the order of the keys. Each must have a field.
+// Returns whether each property is unique, in key order. REQUIRES: each has a field.
 std::vector<bool> UniqueFlags(Editor& editor, const wchar_t* domenId) {
   int count = -1;
   Output<const wchar_t*> ids;
@@ -73,7 +73,7 @@ std::vector<bool> UniqueFlags(Editor& editor, const wchar_t* domenId) {
   return unique.Take(count);
 }
 
-// An editor, and a folder for its files.
+// An editor and a folder for its files.
 class JsonDomen : public testing::Test {
  protected:
   JsonDomen() : editor(L"", L"") {}
@@ -83,13 +83,13 @@ class JsonDomen : public testing::Test {
     return Create(editor, folder.Write(name, bytes));
   }
 
-  // Exports a domain into a file of the folder and gives its text.
+  // Exports a domain into a file of the folder and returns its text.
   std::string Exported(const wchar_t* domenId) {
     Export(editor, domenId, folder.Wide() + L"/exported.json");
     return ReadBytes(folder.Path() / "exported.json");
   }
 
-  // The fields of property P of a domain whose file has this element for the field F of it.
+  // Returns the fields of property P of a domain whose file has this element for its field F.
   FieldRows FieldsOf(const std::string& element) {
     Editor fresh(L"", L"");
     const std::wstring file =
@@ -172,7 +172,7 @@ TEST_F(JsonReading, TakesTheIdFromTheStemOfTheFileName) {
       {"a zone .json", L"a zone "},
   };
   for (const Case& one : cases) {
-    const TempFolder own;  // as some systems tell no small letters from capital ones
+    const TempFolder own;  // because some file systems ignore case
     EXPECT_EQ(Create(editor, own.Write(one.file, "{}")), 0) << one.file;
     EXPECT_EQ(Active(editor), one.id) << one.file;
   }
@@ -414,7 +414,7 @@ TEST_F(JsonReading, MakesEachFieldByItsTypeAndTheOneDefaultOfIt) {
     const wchar_t* value;
   };
   const Case cases[] = {
-      // what is missing
+      // missing values
       {"5", L"F", typeReal, false, L"1"},
       {"{}", L"F", typeReal, false, L"1"},
       {"{sName: 'Title'}", L"Title", typeReal, false, L"1"},
@@ -427,7 +427,7 @@ TEST_F(JsonReading, MakesEachFieldByItsTypeAndTheOneDefaultOfIt) {
       {"{sType: 'ai'}", L"F", typeIList, false, L"1"},
       {"{sType: 'ar'}", L"F", typeRList, false, L"1"},
       {"{sType: 'as'}", L"F", typeSList, false, L"1.0"},
-      // each type, beside the defaults of the others
+      // each type, with defaults of other types too
       {"{sType: 'i', iDefault: 42, rDefault: 7, sDefault: 'x'}", L"F", typeInt, true, L"42"},
       {"{sType: 'r', iDefault: 7, rDefault: 0.5, sDefault: 'x'}", L"F", typeReal, true, L"0.5"},
       {"{sType: 's', iDefault: 7, rDefault: 7, sDefault: 'A B'}", L"F", typeStr, true, L"A B"},
@@ -793,8 +793,8 @@ TEST_F(JsonExport, WritesTheKeyOfAPropertyForItsId) {
   EXPECT_NE(text.find("      \"sId\": \"key\", // Имя (код) свойства\n"), text.npos);
 }
 
-// A list of strings loses its quotation marks when it is asked for its value, which is all that the
-// export has of it.
+// A list of strings loses its quotation marks when its value is read, and the export reads only
+// that.
 TEST_F(JsonExport, ReadsTheValueOfEachField) {
   DomenStore store;
   Domen domen(L"a", L"A");
@@ -808,7 +808,7 @@ TEST_F(JsonExport, ReadsTheValueOfEachField) {
   EXPECT_EQ(field.value, (std::vector<std::wstring>{L"a", L"b"}));
 }
 
-// A number beyond those of the fields, as no file can have it.
+// A type number that no file can have.
 TEST_F(JsonExport, KnowsASeventhTypeAndNoOther) {
   const std::pair<int, std::string> cases[] = {
       {-1, ""},

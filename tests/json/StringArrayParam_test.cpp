@@ -1,5 +1,5 @@
-// Arrays and strings that change hands are judged by the leak sanitizer as well: a leak, or a
-// second release, ends these tests where it is on.
+// Tests of the ownership of arrays and strings. With the address sanitizer, a leak or a double
+// release ends them too.
 
 #include "json/StringArrayParam.h"
 
@@ -23,14 +23,14 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-// An array that a caller owns.
+// An array owned by the caller.
 using Array = std::unique_ptr<const wchar_t*[]>;
 
 Texts TextsOf(const wchar_t* const* array, int count) {
   return {array, array + count};
 }
 
-// An open section of a file, which has the array `as` with these elements.
+// An open section with the array `as` of these elements.
 struct FileWithArray {
   explicit FileWithArray(std::string_view elements)
       : path(folder.Write("a.json", "{S: {as: [" + std::string(elements) + "]}}")),
@@ -140,7 +140,7 @@ TEST(ReadStringArrayParam, ReadsAHundredThousandStrings) {
   EXPECT_TRUE(values == Texts(100'000, L"a"));
 }
 
-// The request itself: a caller releases arrays as `ReadStringArrayParam` does.
+// The request itself. The tests release arrays as `ReadStringArrayParam` does.
 
 TEST(ParamStringArray, ReturnsANewArrayBesidesTheDefaultsIfTheKeyIsFound) {
   FileWithArray file("'a', 'b'");
@@ -191,7 +191,7 @@ TEST(ParamStringArray, ReturnsTheDefaultsOnOverride) {
 
 TEST(ParamStringArray, DoesNotLookAtDefaultsOfWhichThereAreNone) {
   FileWithArray file("");
-  // No place that can be read.
+  // An address that can't be read.
   const auto nowhere = reinterpret_cast<const wchar_t**>(std::uintptr_t{64});
   for (const wchar_t* key : {L"as", L"missing"}) {
     for (const bool overriding : {true, false}) {

@@ -28,7 +28,7 @@ using Kind = Json5Value::Kind;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// A text, what was read of it, and the error if it is malformed.
+// A text, its tree, and the error if it is malformed.
 struct Document {
   explicit Document(std::wstring_view wide)
       : text(ToJson5Text(wide)), error(ParseJson5(text, tree)) {}
@@ -49,7 +49,7 @@ std::wstring ShowNumber(double number) {
   return std::wstring(std::begin(chars), std::begin(chars) + (end - chars.data()));
 }
 
-// A value on one line: `[1 'text' {key:true}]`.
+// Returns a value as one line: `[1 'text' {key:true}]`.
 std::wstring Show(const Json5Tree& tree, const Json5Value& value) {
   if (value.kind == Kind::null) return L"null";
   if (value.kind == Kind::boolean) return value.boolean ? L"true" : L"false";
@@ -78,20 +78,20 @@ void ExpectMalformed(const std::vector<std::wstring>& texts) {
   for (const std::wstring& text : texts) EXPECT_EQ(Parsed(text), L"malformed") << text;
 }
 
-// Line and column of the error, or zeros for a text without one.
+// Returns line and column of the error, or zeros if there is none.
 std::pair<std::size_t, std::size_t> ErrorPlace(std::wstring_view text) {
   const std::optional<Json5Error> error = Document(text).error;
   if (!error) return {0, 0};
   return {error->line, error->column};
 }
 
-// "" for a text without an error.
+// Returns "" if there is no error.
 std::string ErrorMessage(std::wstring_view text) {
   const std::optional<Json5Error> error = Document(text).error;
   return error ? error->message : "";
 }
 
-// NaN unless the text is a number.
+// Returns NaN unless the text is a number.
 double NumberOf(std::wstring_view text) {
   const Document document(text);
   const Json5Value& root = document.tree.root;
@@ -132,7 +132,7 @@ TEST(ParseJson5, TakesNoOtherUnitAsWhiteSpace) {
   for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
     const auto wide = static_cast<wchar_t>(unit);
     const bool space = whiteSpace.find(wide) != whiteSpace.npos;
-    // A sign in front belongs to the number, as digits and the point do.
+    // A leading sign is part of the number, as digits and the point are.
     if (std::wstring_view(L"+-.123456789").find(wide) != std::wstring_view::npos) continue;
     ASSERT_EQ(IsWellFormed({std::array{wide, L'1'}.data(), 2}), space) << unit;
   }
@@ -172,7 +172,7 @@ TEST(ParseJson5, EndsALineCommentAtNothingElse) {
     EXPECT_EQ(Parsed(L"1 //" + std::wstring(inside) + L"2"), L"1") << inside;
   }
   EXPECT_EQ(Parsed(L"1 //\0 2"s), L"1");
-  EXPECT_EQ(Parsed(L"//\\\n1"), L"1");  // a backslash continues no comment
+  EXPECT_EQ(Parsed(L"//\\\n1"), L"1");  // a backslash doesn't continue a comment
 }
 
 TEST(ParseJson5, PassesOverCommentsBetweenAnyTwoTokens) {
@@ -180,7 +180,7 @@ TEST(ParseJson5, PassesOverCommentsBetweenAnyTwoTokens) {
       {L"/**/1", L"1"},
       {L"/***/1/****/", L"1"},
       {L"/* * / ** // /* */1", L"1"},
-      {L"/*/*/1", L"1"},  // the stroke of the opening is not that of the end
+      {L"/*/*/1", L"1"},  // the slash of the opening doesn't end the comment
       {L"/*\n\r\u2028\u2029*/1", L"1"},
       {L"/*a*//*b*/ /*c*/1", L"1"},
       {L"1/*//*/", L"1"},
@@ -384,7 +384,7 @@ TEST(ParseJson5, TakesStringsAsKeys) {
               {L"'№'", L"№"}});
 }
 
-// How many code points below U+10000 there are of a kind, how many others, and the sum of them all.
+// The numbers of code points of a kind below U+10000 and from there on, and the sum of them all.
 struct Tally {
   explicit Tally(bool (*isOfKind)(std::uint32_t)) {
     for (std::uint32_t code = 0; code <= 0x10FFFF; ++code) {
@@ -431,7 +431,7 @@ TEST(IsIdentifierPart, IsFalseForSurrogatesAndNumbersThatAreNoCodePoints) {
 
 // Strings
 
-// The string that the text is, or nothing.
+// Returns the string, or nothing if the text is none.
 std::optional<std::wstring> StringOf(std::wstring_view text) {
   const Document document(text);
   if (document.error || document.tree.root.kind != Kind::string) return std::nullopt;
@@ -673,7 +673,7 @@ struct NumberCase {
   double number;
 };
 
-// With each sign, and without.
+// Checks the numbers with each sign and without.
 void ExpectNumbers(const std::vector<NumberCase>& cases) {
   for (const NumberCase& one : cases) {
     const double plain = NumberOf(one.text);
@@ -770,7 +770,7 @@ TEST(ParseJson5, ReturnsTheDoubleNearestToAHexadecimalNumber) {
   const std::wstring ones = L"0xFFFFFFFFFFFFF8";  // as many as a double has digits
   ExpectNumbers(
       {{L"0x1FFFFFFFFFFFFF", 9007199254740991.0},
-       {L"0x20000000000001", 9007199254740992.0},  // a tie goes to the even one
+       {L"0x20000000000001", 9007199254740992.0},  // a tie rounds to even
        {L"0x20000000000003", 9007199254740996.0},
        {L"0x20000000000001" + Zeros(16), std::ldexp(9007199254740992.0, 64)},
        {L"0x20000000000001" + Zeros(15) + L"1", std::ldexp(9007199254740994.0, 64)},
@@ -784,7 +784,7 @@ TEST(ParseJson5, ReturnsTheDoubleNearestToAHexadecimalNumber) {
 }
 
 TEST(ParseJson5, MakesNumbersBeyondTheRangeOfADoubleInfinite) {
-  // Halfway between the greatest double and what would be the next.
+  // Halfway between the greatest double and the next one, if there were one.
   const std::wstring halfway =
       L"17976931348623158079372897140530341507993413271003782693617377898044496829276475094664901"
       L"79775872070963302864166928879109465555478519404026306574886715058206819089020007083836762"
@@ -1021,7 +1021,7 @@ TEST(ParseJson5, KeepsTheLastValueOfAKey) {
       {L"{a:1,A:2}", L"{A:2 a:1}"},
       {L"{й:1,и\u0306:2}", L"{и\u0306:2 й:1}"},  // one letter, composed and decomposed
       {L"{a:1,a:null}", L"{a:null}"},
-      {L"{a:{b:1,c:2},a:{b:3}}", L"{a:{b:3}}"},  // nothing of the first is left
+      {L"{a:{b:1,c:2},a:{b:3}}", L"{a:{b:3}}"},  // the first is replaced as a whole
       {L"{a:[1,2],a:[3]}", L"{a:[3]}"},
       {L"{a:{a:1,a:2},a:{a:3,a:4}}", L"{a:{a:4}}"},
       {L"[{a:1,a:2},{a:3}]", L"[{a:2} {a:3}]"},
@@ -1074,7 +1074,7 @@ TEST(Json5TreeFind, ReturnsNothingInWhatIsNoObject) {
   const Document document(L"[null,true,1,'a',['a',{a:1}],{}]");
   ASSERT_FALSE(document.error);
   const Json5Tree& tree = document.tree;
-  EXPECT_EQ(document.Find(tree.root, L""), nullptr);  // not even the key that elements have
+  EXPECT_EQ(document.Find(tree.root, L""), nullptr);  // not even the empty key of elements
   for (const Json5Member& element : tree.Members(tree.root)) {
     EXPECT_EQ(document.Find(element.value, L""), nullptr);
     EXPECT_EQ(document.Find(element.value, L"a"), nullptr);
@@ -1222,7 +1222,7 @@ TEST(ParseJson5Error, SaysWhatIsWrong) {
   EXPECT_EQ(ErrorMessage(std::wstring(1001, L'[')), "arrays and objects too deep in each other");
 }
 
-// Huge texts: each takes a time that grows with its length only.
+// Huge texts take linear time.
 
 TEST(ParseJson5, HandlesStringsOfFiveMillionUnits) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
@@ -1296,7 +1296,7 @@ TEST(ParseJson5, HandlesAMillionArraysAtAnyDepth) {
   });
 }
 
-// All keys differ, and their order is not that of the text.
+// The keys differ, and the text doesn't have them in order.
 TEST(ParseJson5, HandlesAMillionMembers) {
   ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
     std::wstring text = L"{";

@@ -37,7 +37,7 @@ using Value = std::variant<std::wstring, int, double, Texts>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// A record and its making: each request as a line.
+// Fills a record by requests, one per line.
 class Requests {
  public:
   Requests& Section(std::wstring_view section, std::wstring_view item = L"") {
@@ -45,7 +45,7 @@ class Requests {
     return *this;
   }
 
-  // The place of the item that was opened last, and the way back to one.
+  // The position of the last opened item, and a way to return to one.
   std::size_t Place() const { return current; }
 
   Requests& Back(std::size_t place) {
@@ -66,7 +66,7 @@ class Requests {
     return text;
   }
 
-  // The size of the largest piece that the text is given in.
+  // Returns the size of the largest piece that is passed on.
   std::size_t LargestPiece() const {
     std::size_t largest = 0;
     WriteJson5(record, [&](std::string_view piece) { largest = std::max(largest, piece.size()); });
@@ -97,7 +97,7 @@ class Requests {
   std::size_t current = 0;
 };
 
-// What is written for one value of one key.
+// Returns the text of a file with one value of one key.
 std::string Written(const Value& value, std::wstring_view comment = L"") {
   Requests requests;
   const std::string text = requests.Section(L"S").Set(L"k", value, comment).Text();
@@ -107,7 +107,7 @@ std::string Written(const Value& value, std::wstring_view comment = L"") {
   return text.substr(head.size(), text.size() - head.size() - tail.size());
 }
 
-// A string as the reader gives it back.
+// Returns the string after a round trip.
 std::wstring ReadBack(const std::wstring& value) {
   const std::string text = Written(value);
   Json5Tree tree;
@@ -431,7 +431,7 @@ TEST(WriteJson5, PutsRequestsThatTakeTurnsIntoTheItemsThatTheyWereMadeOf) {
             "}\n");
 }
 
-// The keys of two requests for each of the names, the second in the opposite order.
+// Returns the keys of two requests for each of the names, the second in reverse order.
 std::string RequestsForEach(const std::vector<std::string>& names) {
   Requests requests;
   for (const std::string& name : names) requests.Section(L"S", ToWideText(name)).Set(L"a", 1);
@@ -483,7 +483,7 @@ TEST(WriteJson5, ChangesNothingInTheRecord) {
 
 // Random records
 
-// JSON as its own grammar has it, with nothing of JSON5.
+// Parses JSON without the extensions of JSON5.
 class StrictJson {
  public:
   explicit StrictJson(std::string_view bytes) : rest(bytes) {}
@@ -583,7 +583,7 @@ TEST(StrictJson, DistinguishesJsonFromJson5) {
   }
 }
 
-// The text without its `//` comments.
+// Returns the text without its `//` comments.
 std::string WithoutComments(const std::string& text) {
   std::string stripped;
   bool inString = false;
@@ -596,7 +596,7 @@ std::string WithoutComments(const std::string& text) {
   return stripped;
 }
 
-// Section, item and key, in the order of the units; and what stands there.
+// Section, item and key, in the order of the units, and the value.
 using Path = std::tuple<std::wstring, std::wstring, std::wstring>;
 
 struct RandomRecord {
@@ -608,10 +608,10 @@ class Dice {
  public:
   explicit Dice(unsigned seed) : engine(seed) {}
 
-  // The same on every platform, which a standard distribution is not.
+  // The same on every platform, unlike a standard distribution.
   std::size_t Below(std::size_t bound) { return engine() % bound; }
 
-  // Characters that one may trip over, lone surrogates among them. No two make a pair.
+  // Returns a text of special characters. There are lone surrogates, but no pairs.
   std::wstring Text() {
     const Texts pieces = {L"a",       L"Ж",      L" ",      L"\"",     L"'",      L"\\",
                           L"\n",      L"\r",     L"\t",     L"\v",     L"\x0001", L"\0"s,
@@ -648,12 +648,12 @@ class Dice {
   std::mt19937 engine;
 };
 
-// As the requests take names and keys.
+// Returns the text as requests take names and keys.
 std::wstring UpToNul(const std::wstring& text) {
   return text.c_str();
 }
 
-// Item names begin with a letter that no key begins with, so that neither hides the other.
+// Item names and keys begin with different letters, so that they don't collide.
 std::unique_ptr<RandomRecord> MakeRandomRecord(unsigned seed) {
   auto made = std::make_unique<RandomRecord>();
   Dice dice(seed);
@@ -694,12 +694,12 @@ const Json5Value* FindPath(const Json5Tree& tree, const Path& path) {
   const Json5Value* found = tree.Find(tree.root, ToJson5Text(section));
   if (found == nullptr) return nullptr;
   const Json5Value* named = tree.Find(*found, ToJson5Text(item));
-  // The item without a name is the section itself if it stands alone.
+  // The item without a name is the section itself if it is the only one.
   const bool alone = item.empty() && (!named || named->kind != Json5Value::Kind::object);
   return tree.Find(alone ? *found : *named, ToJson5Text(key));
 }
 
-// How many values there are that are no objects.
+// Returns the number of values that are not objects.
 std::size_t CountValues(const Json5Tree& tree, const Json5Value& value) {
   if (value.kind != Kind::object) return 1;
   std::size_t count = 0;

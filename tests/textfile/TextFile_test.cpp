@@ -33,7 +33,7 @@ Sections CutBytes(std::string_view bytes) {
   return SectionsOf(CutTextFile(bytes));
 }
 
-// The lines of a text as they stand in a section.
+// Returns the lines of a text as a section has them.
 std::wstring LinesOf(std::wstring_view text) {
   const Sections sections = Cut(L"==A\n" + std::wstring(text));
   return sections.at(0).second;
@@ -57,7 +57,7 @@ TEST(CutTextFile, TrimsEachLineAndDropsTheBlankOnes) {
       // Only a line feed ends a line.
       {L"a\rb", L"a\rb"},
       {L"a\x0085 b\x2028 c\x2029 d\v\fe", L"a\x0085 b\x2028 c\x2029 d\v\fe"},
-      // A NUL and a byte order mark are no white space.
+      // A NUL and a byte order mark are not white space.
       {L" \0 \n a\0b \n"s, L"\0\na\0b"s},
       {L"\xFEFF== A\n \xFEFF \n", L"\xFEFF== A\n\xFEFF"},
       {L" Стена \n \U0001F600 ", L"Стена\n\U0001F600"},
@@ -78,7 +78,7 @@ TEST(CutTextFile, SplitsTheFileIntoSectionsAtTheHeadings) {
       {L"==A\na\nb\nc", {{L"==A", L"a\nb\nc"}}},
       {L"ahead\nof\n==A\na", {{L"==A", L"a"}}},
       {L"==A\na\n==B\nb\nc", {{L"==A", L"a"}, {L"==B", L"b\nc"}}},
-      // An empty body: a heading in front of a heading, or on the last line.
+      // An empty body: a heading before a heading, or on the last line.
       {L"==A\n==B\nb\n==C", {{L"==A", L""}, {L"==B", L"b"}, {L"==C", L""}}},
       {L"==A\na\n==A\nb", {{L"==A", L"a"}, {L"==A", L"b"}}},
       // Any line that begins with "==" is a heading, and no other line.
@@ -118,9 +118,9 @@ TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineBeforeIt) {
   EXPECT_EQ(CutBytes("==A\n=\x1A=B\nab"), (Sections{{L"==A", L"="}}));
   EXPECT_EQ(CutBytes("\x1A==A\nab"), Sections{});
   EXPECT_EQ(CutBytes("\x1A"), Sections{});
-  // It leaves a letter of two bytes without its second.
+  // It cuts a letter of two bytes.
   EXPECT_EQ(CutBytes("==A\nab\xD1\x1A\x8F"), (Sections{{L"==A", L"ab"}}));
-  // Other characters have these bits too, but not in a byte of their own.
+  // Other characters contain these bits, but not as a byte.
   EXPECT_EQ(Cut(L"==A\na\x1A00\x011A\x9A\U0001F61A"),
             (Sections{{L"==A", L"a\x1A00\x011A\x9A\U0001F61A"}}));
 }
@@ -183,7 +183,7 @@ TEST(CutEntries, SplitsAtLineFeedsOnlyIfTheyYieldMorePieces) {
       {L"a;b\nc\nd", {L"a;b", L"c", L"d"}, {L"a;b", L"c", L"d"}},
       {L"a;\nb;\nc;", {L"a", L"b", L"c", L""}, {L"a", L"b", L"c"}},
       {L"a;\nb", {L"a", L"b"}, {L"a", L"b"}},
-      {L"a\nb;", {L"a\nb", L""}, {L"a", L"b;"}},  // an empty piece may decide it
+      {L"a\nb;", {L"a\nb", L""}, {L"a", L"b;"}},  // an empty piece may decide
       {L"a;;b", {L"a", L"", L"b"}, {L"a", L"b"}},
   };
   for (const Case& one : cases) {

@@ -1,6 +1,6 @@
-// The reading and the export of a domain are sequences of requests to the configuration library,
-// and their order and arguments are part of the format. Here a double of the library writes them
-// down.
+// Tests of the requests to the configuration library. Reading and exporting a domain are sequences
+// of requests, whose order and arguments are part of the format. A double of the library records
+// them.
 
 #include <CfgParser.h>
 #include <JSON5Section.h>
@@ -26,7 +26,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// The comments, letter by letter.
+// The exact comments.
 const std::wstring ofDomenName = L" // Имя домена свойств для интерфейса";
 const std::wstring ofDomenKeys = L" // Список свойств принадлежащих домену";
 const std::wstring ofTypes =
@@ -43,14 +43,14 @@ const std::wstring ofFieldName = L" // название поля списка з
 const std::wstring ofType = L" // тип значения (целое, действительное)";
 const std::wstring ofDefault = L" // значение по умолчанию";
 
-// One sequence of several.
+// Concatenates sequences.
 Texts Join(std::initializer_list<Texts> sequences) {
   Texts joined;
   for (const Texts& one : sequences) joined.insert(joined.end(), one.begin(), one.end());
   return joined;
 }
 
-// Sequences that come again and again. They differ between properties in the names alone.
+// Repeated sequences, which differ between properties only in names.
 
 Texts OpenDomen(const std::wstring& path, const std::wstring& configText) {
   return {
@@ -80,7 +80,7 @@ Texts CloseProperty(const std::wstring& key) {
   return {L"end of Properties '" + key + L"'"};
 }
 
-// `defaultRequest` is "int iDefault 1", for instance, or nothing.
+// `defaultRequest` is empty or, for example, "int iDefault 1".
 Texts Field(const std::wstring& name, const std::wstring& place,
             const std::wstring& defaultRequest) {
   const std::wstring item = L"ArrayValueFields " + name + L": ";
@@ -94,7 +94,7 @@ Texts Field(const std::wstring& name, const std::wstring& place,
   return requests;
 }
 
-// The zones of a building: the file's order is not that of the keys.
+// The zones of a building. The file is not in key order.
 void AnswerZones(Script& script) {
   script.Answer(L"Domen", L"", L"sName", L"Zones");
   script.Answer(L"Domen", L"", L"asFuncsNames", Texts{L"ZoneKind", L"Limits"});
@@ -339,7 +339,7 @@ TEST(Reading, MakesAllRequestsForADomainThatIsAlreadyThere) {
   EXPECT_EQ(store.activeDomenId, L"zones");
 }
 
-// What a library may raise.
+// An exception that a library may throw.
 void RaiseError() {
   throw std::runtime_error("the library failed");
 }
@@ -350,7 +350,7 @@ void RaiseNumber() {
   throw 5;
 }
 
-// Of a sequence up to its failing request, the ends of what is open then.
+// Expects that all that is open at the failing request is ended after it.
 void ExpectEverythingEnded(const Script& script, const std::wstring& afterwards) {
   EXPECT_EQ(script.openSections, 0) << afterwards;
   const bool parserMade = script.made > 1;
@@ -394,7 +394,7 @@ struct ExportedField {
   int type;
 };
 
-// A property whose fields have values that are no defaults.
+// Adds a property whose fields have values other than the defaults.
 void AddProperty(Domen& domen, const wchar_t* key, std::initializer_list<ExportedField> fields) {
   DomenProperty property(key, std::wstring(L"Name of ") + key, {}, false, 0);
   for (const ExportedField& field : fields) {
@@ -439,7 +439,7 @@ Texts WriteProperty(const std::wstring& key, const std::wstring& place,
   };
 }
 
-// A field of type 0, which has no further request.
+// The requests of a field of type 0, which has no default.
 Texts WriteIntField(const std::wstring& name, const std::wstring& place,
                     const std::wstring& title) {
   return {
@@ -717,9 +717,9 @@ TEST(Writing, EndsSilentlyAndSavesNothingWhicheverRequestFails) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path())) << "only the library writes files";
 }
 
-// Arrays of strings. What is released twice, or never, is told by the sanitizers.
+// Arrays of strings. The sanitizers report double releases and leaks.
 
-// What a request gives, and what it makes of the defaults.
+// Returns what a request finds and what it makes of the defaults.
 std::pair<bool, Texts> RequestArray(ArrayResult arrays, bool inFile, bool overriding,
                                     Texts values) {
   Script script;
