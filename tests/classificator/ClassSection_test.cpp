@@ -33,17 +33,17 @@ void PrintTo(const Declared& declared, std::ostream* out) {
        << testing::PrintToString(declared.secondWord);
 }
 
-// What the members hold ahead of each parse, so that it shows which of them stay.
+// The members before each parse, so that it shows which of them are unchanged.
 const Declared before = {L"title before", L"first before", L"second before"};
 
-// What the members hold behind it.
+// Returns the members after parsing the text.
 Declared Parse(std::wstring_view text) {
   Declared declared = before;
   EXPECT_EQ(ParseClassSection(declared.title, declared.firstWord, declared.secondWord, text), 0);
   return declared;
 }
 
-// What a file of these bytes declares.
+// Returns what a file of these bytes declares.
 Declared Load(std::string_view bytes) {
   const TempFolder folder;
   Classificator record(L"id");
@@ -117,7 +117,7 @@ TEST(ParseClassSection, PassesOverEntriesThatDoNotBeginWithThreeAtSigns) {
 TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
   struct Case {
     std::wstring entry;
-    std::optional<std::wstring> firstWord;  // none: it stays as it was
+    std::optional<std::wstring> firstWord;  // none if it is unchanged
     std::optional<std::wstring> secondWord;
   };
   const Case cases[] = {
@@ -133,7 +133,7 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
       {L"@@@ T (A )", L"A", L""},
       {L"@@@ T ( )", L"", L""},
       {L"@@@ T ( A B)", L"", L"A"},
-      // Only the blank separates words, but all white space at their ends is removed.
+      // Only blanks separate words, but all white space at their ends is removed.
       {L"@@@ T (A\tB)", L"A\tB", {}},
       {L"@@@ T (A\x00A0"
        L"B)",
@@ -160,7 +160,7 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
       {L"@@@ T )A B(", {}, {}},
       {L"@@@ T ))((", {}, {}},
       {L"@@@ T [A B] {C D} （E F）", {}, {}},
-      // Any other unit may stand in the brackets.
+      // The brackets may contain any other unit.
       {L"@@@ T (Стена \U0001F600)", L"Стена", L"\U0001F600"},
       {L"@@@ T (A\0b \0c)"s, L"A\0b"s, L"\0c"s},
       {L"@@@ T (.* \\))", L".*", L"\\)"},
@@ -180,11 +180,11 @@ TEST(ParseClassSection, SplitsAtSemicolonsUnlessLineFeedsYieldMoreEntries) {
     Declared declared;
   };
   const Case cases[] = {
-      // One line with a semicolon behind it: two pieces against one.
+      // One line with a semicolon at its end: two pieces against one.
       {L"@@@ T (A B);", {L"T (A B)", L"A", L"B"}},
       {L"@@@ T; (A B)", {L"T", before.firstWord, before.secondWord}},
       {L"remark; @@@ T (A B); remark", {L"T (A B)", L"A", L"B"}},
-      // A tie goes to the semicolons.
+      // On a tie semicolons win.
       {L"@@@ T; remark\n@@@ U (A B)", {L"T", before.firstWord, before.secondWord}},
       {L"@@@ T\nmore (A B); remark", {L"T\nmore (A B)", L"A", L"B"}},
       // Line feeds win, and the semicolons stay.
@@ -238,8 +238,8 @@ TEST(ParseClassSection, TakesNoOtherUnitAsALineEnd) {
   }
 }
 
-// Without line terminators, with which not all libraries agree, brackets are what the regular
-// expression finds.
+// The brackets are what the regular expression finds. Line terminators are left out, because
+// libraries differ on them.
 TEST(ParseClassSection, FindsTheBracketsOfTheRegularExpression) {
   const std::wregex expression(L"\\((.*)\\)");
   constexpr std::wstring_view alphabet = L"()a @";

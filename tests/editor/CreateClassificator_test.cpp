@@ -1,4 +1,4 @@
-// The loading of classificator files by the exported class, their list and the choice among them.
+// Tests of loading, listing and selecting classificator files through the exported class.
 
 #include <gtest/gtest.h>
 
@@ -32,12 +32,12 @@ int Create(Editor& editor, const std::wstring& file) {
   return editor.CreateClassificator(L"id", L"name", L"Param", file.c_str());
 }
 
-// A classificator file that is known by its default code.
+// Returns a classificator file, identified by its default code.
 std::string Scheme(std::string_view code) {
   return "==MAPTEXT\n$ " + std::string(code) + "\n";
 }
 
-// The default code of a Classificator, which is left the active one.
+// Selects a Classificator and returns its default code.
 std::wstring CodeOfScheme(Editor& editor, const wchar_t* id = L"id") {
   EXPECT_EQ(editor.SetActiveClassificator(id), 0);
   return Take(editor.GetDefaultClaccificatorCode());
@@ -45,7 +45,7 @@ std::wstring CodeOfScheme(Editor& editor, const wchar_t* id = L"id") {
 
 constexpr const char* colors = "==COLORAT\n@m M\nA 1 2 3 4\n";
 
-// A selected Classificator without the key A raises something else.
+// A selected Classificator without the key A throws another exception.
 bool NoneIsSelected(Editor& editor) {
   return OutOfRangeOf([&editor] { editor.GetColorNum(L"A"); }) == badSubscript;
 }
@@ -170,7 +170,7 @@ TEST(CreateClassificator, ReturnsTwoForAFolderAndStoresAnEntryOfTheArgumentsAlon
   const TempFolder folder;
   fs::create_directory(folder.Path() / "folder.txt");
   fs::create_directory(folder.Path() / "folder");
-  // The empty name finds the data folder itself.
+  // The empty name is that of the data folder itself.
   for (const wchar_t* name : {L"folder.txt", L"folder", L""}) {
     Editor editor(folder.Wide().c_str(), L"");
     EXPECT_EQ(Create(editor, name), 2) << name;
@@ -207,7 +207,7 @@ TEST(CreateClassificator, ReturnsThreeForAnExceptionAndStoresWhatWasRead) {
   EXPECT_EQ(ListClassificators(editor), (Names{{L"id", L"name"}}));
   EXPECT_EQ(CodeOfScheme(editor), L"Z");
 
-  // The editor works on, and the failed file has brought no domains.
+  // The editor still works, and the failed file has added no domains.
   EXPECT_EQ(editor.CreateClassificator(L"good", L"", L"Param", good.c_str()), 0);
   EXPECT_EQ(editor.SetActiveClassificator(L"good"), 0);
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L"Param A;");
@@ -215,7 +215,7 @@ TEST(CreateClassificator, ReturnsThreeForAnExceptionAndStoresWhatWasRead) {
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L"Param A;P= 7;");
 }
 
-// The two halves
+// Domains of classificator files
 
 TEST(CreateClassificator, LoadsTheDomainsThatTheFileHolds) {
   const TempFolder folder;

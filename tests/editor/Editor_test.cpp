@@ -1,4 +1,4 @@
-// The exported class as an object, and what its results are.
+// Tests of the exported class as an object, and of its results.
 
 #include <gtest/gtest.h>
 
@@ -26,12 +26,12 @@ namespace {
 using Editor = RevitMappingEditorDll;
 using Names = ClassificatorNames;
 
-// A classificator and the domain that it draws on, in one file.
+// A classificator and its domain in one file.
 constexpr const char* walls =
     "==MAPTEXT\n@@ (D)\n@A {P=8} {Q}\nwall\n"
     "==DOMEN\n@@@ D\n@P 0 0\nF int 0 7\n@Q 0 0\nF str 0 q\n";
 
-// What `walls` gives for a wall.
+// The items of a wall by `walls`.
 constexpr const wchar_t* wallItems = L"A;P= 8;Q= q;";
 
 constexpr const char* doors = "==MAPTEXT\n@B\ndoor\n";
@@ -43,7 +43,7 @@ std::wstring Map(Editor& editor, const wchar_t* text = L"wall") {
   return Take(editor.GetMappingStr(text, 1, L"="));
 }
 
-// Everything that an editor with an active Classificator says about itself.
+// Returns the answers of an editor with an active Classificator.
 std::vector<std::wstring> Answers(Editor& editor) {
   std::vector<std::wstring> answers = {Take(editor.GetStartMark()),
                                        Take(editor.GetEndMark()),
@@ -59,7 +59,7 @@ std::vector<std::wstring> Answers(Editor& editor) {
   return answers;
 }
 
-// An editor with both files loaded and all selections and marks set.
+// An editor that has loaded both files, with all selections and marks set.
 class FilledEditor : public testing::Test {
  protected:
   FilledEditor() : editor(std::make_unique<Editor>(folder.Wide().c_str(), L"")) {
@@ -304,7 +304,7 @@ TEST_F(FilledEditor, CopiesAllItHasToTheEditorThatItIsAssignedTo) {
 }
 
 TEST_F(FilledEditor, LosesAllItHadWhenAssignedTo) {
-  // The same names as in `walls`, with other contents.
+  // The names of `walls` with other contents.
   folder.Write("other.txt",
                "==MAPTEXT\n@@ (D)\n@A {P} {Q}\nwall\n"
                "==DOMEN\n@@@ D\n@P 0 0\nF int 0 1\n");
@@ -340,7 +340,7 @@ TEST_F(FilledEditor, IsEmptyWhenAnEmptyEditorIsAssignedToIt) {
   *editor = Editor(folder.Wide().c_str(), L"");
   EXPECT_EQ(ListClassificators(*editor), Names{});
   EXPECT_EQ(editor->SetActiveClassificator(L"walls"), 1);
-  // Of the domains nothing is left either.
+  // The domains are gone too.
   folder.Write("later.txt", "==MAPTEXT\n@@ (D)\n@A {P}\nwall");
   editor->CreateClassificator(L"later", L"", L"Code", L"later.txt");
   editor->SetActiveClassificator(L"later");
@@ -354,8 +354,8 @@ TEST_F(FilledEditor, KeepsEverythingWhenItIsAssignedToItself) {
   EXPECT_EQ(Answers(*editor), before);
 }
 
-// A value field is made anew from its text by each copy. A text with several pairs of quotation
-// marks, each with tabs inside, loses one pair and one pair of tabs each time, and so counts.
+// Each copy makes a value field anew from its text. A text with several pairs of quotation marks
+// and tabs loses one pair of each every time, so it counts the copies.
 class LayeredValue : public testing::Test {
  protected:
   LayeredValue() : editor(folder.Wide().c_str(), L"") {
@@ -367,7 +367,7 @@ class LayeredValue : public testing::Test {
     editor.SetActiveClassificator(L"id");
   }
 
-  // How many pairs of quotation marks the value still has when it is written.
+  // Returns the number of pairs of quotation marks that the value has left when it is written.
   static std::ptrdiff_t Layers(Editor& one) {
     const std::wstring text = Map(one);
     return std::count(text.begin(), text.end(), L'"') / 2;

@@ -23,14 +23,14 @@ using namespace std::string_literals;
 
 using Texts = std::vector<std::wstring>;
 
-// A section that was read from this text.
+// Returns the section of this text.
 MapTextSection Read(std::wstring_view text) {
   MapTextSection section;
   ParseMapTextSection(section, text);
   return section;
 }
 
-// A section whose records were put together by hand, in this order.
+// Returns a section with these records, in this order.
 MapTextSection WithRecords(const std::vector<Texts>& records) {
   MapTextSection section;
   std::vector<MapTextRecord> filled;
@@ -329,7 +329,7 @@ TEST(FindCodeId, FollowsRecordsThatChangeAfterTheReading) {
   EXPECT_EQ(FindCodeId(section, L"window"), -1);
 }
 
-// What stands in an index is compared with the text of records that nothing can change behind it.
+// Records can't be changed in place, so an index never disagrees with their texts.
 TEST(FindCodeId, FollowsRecordsThatAreAssigned) {
   MapTextSection section = Read(L"door\nwall");
   EXPECT_EQ(FindCodeId(section, L"wall"), 1);
@@ -415,8 +415,8 @@ TEST(FindCodeId, SplitsTheTextAfterItIsConvertedToCapitals) {
   EXPECT_EQ(FindCodeId(Read(L"basic_wall"), L"basic wall"), 0);
 }
 
-// Both sides are folded twice, the pattern when it is read and again at the lookup: it shows when
-// the capital of a letter has a capital of its own.
+// Both sides are folded twice, the pattern when it is read and again at the lookup. This shows if
+// the capital of a letter has another capital.
 TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
   const GlobalLocale locale([](wchar_t unit) {
     return unit >= L'a' && unit < L'z' ? static_cast<wchar_t>(unit + 1) : unit;
@@ -435,7 +435,7 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePatternInScriptsThatAreRare) {
   EXPECT_EQ(FindCodeId(section, L"\x4E01\x4E02\x4E03"), -1);
 }
 
-// A pattern that was read when its units were no white space, and no blanks either.
+// The pattern was read under a locale in which its units were not white space.
 TEST(FindCodeId, AgreesWithALinearScanWhereUnitsOfAPatternBecomeWhiteSpace) {
   const MapTextSection section = Read(L"ax\na_b\na*b\nc\nq ax");
   const UpperFunction uppers[] = {
@@ -462,7 +462,7 @@ TEST(FindCodeId, SetsNoLocale) {
   EXPECT_TRUE(std::locale() == before);
 }
 
-// Texts and patterns of few letters, so that many fit, fit in part, or hold empty words.
+// Texts and patterns of few letters, so that many match, match in part, or have empty words.
 TEST(FindCodeId, ReturnsWhatALinearScanReturns) {
   std::minstd_rand random(7);
   const auto below = [&random](unsigned bound) { return static_cast<unsigned>(random() % bound); };
@@ -495,8 +495,7 @@ TEST(FindCodeId, ReturnsWhatALinearScanReturns) {
   }
 }
 
-// Words of any number of beginnings, each of which goes on in as many ways: more than are followed
-// at once.
+// Words with many prefixes, each with as many continuations: more than are tracked at once.
 TEST(FindCodeId, FindsAMatchAmongHoweverManyBeginningsThatFit) {
   std::wstring text = L"@C\n";
   for (std::size_t i = 1; i <= 12; ++i) {
@@ -523,7 +522,7 @@ TEST(FindCodeId, NeverReachesAPatternThatBeginsWithAnEarlierOne) {
   EXPECT_EQ(FindCodeId(section, L"wall inner"), -1);
 }
 
-// The texts of a word's units, which have no case, are these plus `times` these differences.
+// Returns a word of caseless units: a base text plus `times` these differences.
 std::wstring WordOf(std::initializer_list<int> differences, int times) {
   std::wstring word;
   for (const int difference : differences) {
@@ -532,8 +531,8 @@ std::wstring WordOf(std::initializer_list<int> differences, int times) {
   return word;
 }
 
-// Beginnings that collide on purpose, within one number of words and across them. An index that
-// trusted a hash, a sum over the units each times a factor of its place, answered wrongly for them.
+// Prefixes with equal hashes, for one number of words and for several. An index that relied on a
+// polynomial hash alone would answer wrongly.
 
 TEST(FindCodeId, DistinguishesWordsWithEqualHashes) {
   const auto word = [](int times) {
@@ -553,7 +552,7 @@ TEST(FindCodeId, DistinguishesWordsWithEqualHashes) {
   }
 }
 
-// "p" with the first word has the hash that "q" with the second has.
+// "p" and the first word have the same hash as "q" and the second.
 TEST(FindCodeId, DistinguishesPrefixesWithEqualHashes) {
   const std::wstring p = L"p " + WordOf({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 1);
   const std::wstring q = L"q " + WordOf({10, -12, -18, -15, 3, -16, 32, -4, 7, 8, -1, -5}, 1);
@@ -579,7 +578,7 @@ TEST(FindCodeId, DistinguishesPrefixesWithEqualHashes) {
   }
 }
 
-// "BGBBBDCHBBEBIBHBBC" has the hash that "q BBGEGBBBCCBGBGBFDB" has.
+// "BGBBBDCHBBEBIBHBBC" has the same hash as "q BBGEGBBBCCBGBGBFDB".
 TEST(FindCodeId, DistinguishesPrefixesWithEqualHashesByTheirNumberOfWords) {
   const std::wstring one = L"BGBBBDCHBBEBIBHBBC";
   const std::wstring two = L"q BBGEGBBBCCBGBGBFDB";

@@ -37,7 +37,7 @@ DomenProperty PropertyOf(const std::vector<FieldOf>& fields) {
   return property;
 }
 
-// The properties P, with these fields, and Q, with one.
+// Returns the properties P, with these fields, and Q, with one.
 DomenProperties PropertiesOf(const std::vector<FieldOf>& fields) {
   DomenProperties properties;
   properties.emplace(L"P", PropertyOf(fields));
@@ -45,13 +45,13 @@ DomenProperties PropertiesOf(const std::vector<FieldOf>& fields) {
   return properties;
 }
 
-// Three fields with values that no test sets.
+// Returns P with three fields whose values no test sets.
 DomenProperties ThreeFields() {
   return PropertiesOf({{L"a", typeInt, L"5"}, {L"b", typeStr, L"K"}, {L"c", typeRList, L"1 2"}});
 }
 
-// One ==PARAM record, of the code W10 of the one ==MAPTEXT record. What is composed of items
-// doesn't depend on the section that they are from.
+// Returns a classificator with one ==MAPTEXT record of code W10, and one ==PARAM record for it. The
+// composition of items doesn't depend on their section.
 Classificator WithItems(std::vector<ParamItemList> lists) {
   Classificator classificator(L"S");
   std::vector<MapTextRecord> records(1);
@@ -61,8 +61,8 @@ Classificator WithItems(std::vector<ParamItemList> lists) {
   return classificator;
 }
 
-// One record each in ==MAPTEXT and ==PARAM for the codes A and B, and one in ==PARAM for the
-// default code.
+// Returns a classificator with records in ==MAPTEXT and ==PARAM for the codes A and B, and one in
+// ==PARAM for the default code.
 Classificator WithBothSections() {
   Classificator classificator(L"S");
   MapTextSection& mapText = classificator.mapTextSection;
@@ -81,7 +81,7 @@ Classificator WithBothSections() {
   return classificator;
 }
 
-// What P prints once this value text has filled its fields.
+// Returns what P prints after this value text has filled its fields.
 std::wstring Filled(const std::wstring& valueText, const DomenProperties& properties) {
   return ComposeCodeParams(SectionsOf(WithItems({{{valueText, L"P"}}})), 0, sourceParam, L"=",
                            properties);
@@ -400,8 +400,8 @@ TEST(ComposeCodeParams, RemovesQuotationMarksFromTheEndsOfAValue) {
                                {L"60 \"\tA\t\"", L"P= 60 \tA\t 1 2;"}});
 }
 
-// A copy takes blanks and then quotation marks off the ends of a string, so that a layer of both is
-// gone with each copy: here with the one that an item fills.
+// Each copy removes a layer of blanks and quotation marks from the ends of a string. Here it is the
+// copy that an item fills.
 TEST(ComposeCodeParams, PassesValuesOfTheDomainThroughTheirTextOnce) {
   const DomenProperties properties = PropertiesOf({{L"a", typeStr, L"\" \" \" K \" \" \""}});
   EXPECT_EQ(properties.at(L"P").fields[0]->GetValue(), L" \" \" K \" \" ");

@@ -33,12 +33,12 @@ Texts PatternsOf(const MapTextSection& section) {
   return patterns;
 }
 
-// Lines enough to have a section cut at them, in spite of the semicolons of a few.
+// Adds lines, so that a section is split at lines in spite of a few semicolons.
 std::wstring CutAtLines(std::wstring_view text) {
   return std::wstring(text) + L"\n!\n!\n!\n!\n!\n!";
 }
 
-// What a header gives to the pattern line under it.
+// Checks what the pattern line under a header gets from it.
 void ExpectHeader(std::wstring_view lines, const std::wstring& code, const Lists& lists) {
   const MapTextSection section = Parsed(CutAtLines(std::wstring(lines) + L"\nwall"));
   ASSERT_FALSE(section.records.empty()) << std::wstring(lines);
@@ -491,7 +491,7 @@ TEST(MapTextRecord, HasNoItemsWithoutAHeader) {
   EXPECT_TRUE(ReadItemLists(MapTextRecord()).empty());
 }
 
-// The file may be nearly all patterns, which then keep it, or hold much else.
+// If the file is nearly all patterns, they keep it; otherwise it has much else.
 TEST(MapTextRecord, OutlivesTheClassificatorOfItsFile) {
   const TempFolder folder;
   const std::string section = "==MAPTEXT\n@W10 {A=1}\nbasic wall\n";
@@ -507,7 +507,7 @@ TEST(MapTextRecord, OutlivesTheClassificatorOfItsFile) {
   }
 }
 
-// Otherwise a small file of many items and many patterns would need their product in memory.
+// Otherwise a small file of many items and patterns would take memory for their product.
 TEST(ParseMapTextSection, SharesTheItemsOfAHeaderAmongItsPatterns) {
   std::wstring text = L"@A {";
   for (int i = 0; i < 20'000; ++i) text += L"P=1 ";

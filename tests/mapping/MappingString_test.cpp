@@ -1,4 +1,4 @@
-// The composing of mapping strings, from files on disk to what the add-in gets.
+// Tests of mapping strings, from files on disk to the exports.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ constexpr std::string_view worked =
 
 constexpr int sourcesOfNothing[] = {0, 3, -1, INT_MAX, INT_MIN};
 
-// The mapping string of "wall" with the items of one header, ahead of the domain A, which holds the
+// Returns the mapping string of "wall" with the items of one header. The domain A has the
 // properties GRADE and LEN of the worked file, EMPTY without fields, and LIST.
 std::wstring WallOf(std::string_view header) {
   LoadedScheme scheme(std::string("==MAPTEXT\n@@ (A)\n")
@@ -252,9 +252,9 @@ TEST(GetMappingStr, ReadsNoOlderStringOutOfTheText) {
             L"[[ClassCode D20;]]");
 }
 
-// A word of a domain file holds no blank, so that tabs have to stand for the blanks that a copy
-// trims. The reading takes off the outer marks, the collecting of the properties one layer of tabs
-// and marks, and the copy that the item fills another.
+// A word of a domain file has no blanks, so tabs are used as the white space that a copy trims.
+// Reading removes the outer marks, collecting the properties removes one layer of tabs and marks,
+// and the copy that the item fills another.
 TEST(GetMappingStr, PassesDomainValuesThroughTheirTextTwice) {
   struct Case {
     const char* type;

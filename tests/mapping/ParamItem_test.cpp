@@ -20,7 +20,7 @@ struct Case {
   ItemTexts items;
 };
 
-// What is parsed out of tokens in which braces are ordinary characters.
+// Parses tokens in which braces are ordinary characters.
 void ExpectItems(const std::vector<Case>& cases) {
   for (const Case& one : cases) {
     Tokens tokens = one.tokens;
@@ -29,7 +29,7 @@ void ExpectItems(const std::vector<Case>& cases) {
   }
 }
 
-// The same, with the braces at the ends of each token removed.
+// The same, with the braces at the ends of tokens removed.
 void ExpectItemsWithoutBraces(const std::vector<Case>& cases) {
   for (const Case& one : cases) {
     Tokens tokens = one.tokens;

@@ -33,7 +33,7 @@ Texts CodesOf(const ParamSection& section) {
   return codes;
 }
 
-// The one record that a statement makes.
+// Expects that the statement makes one record.
 void ExpectRecord(std::wstring_view statement, const std::wstring& code, const ItemTexts& items) {
   const ParamSection section = Parsed(statement);
   ASSERT_EQ(section.records.size(), 1u) << std::wstring(statement);
