@@ -449,7 +449,7 @@ constexpr const char* firstFile =
     "==CLASS\n@@@ A scheme of walls (Walls Openings)\n"
     "==MAPTEXT\n"
     "@@ (Structures Openings)\n"
-    "unclassified thing\n"  // ahead of any code, and so with an empty one
+    "unclassified thing\n"  // before any code, so with an empty one
     "$ Z99-everything-else\n"
     "@B2010-exterior-walls {EveryType=5,2.5,text,6,7.5,word} {Rating:Class=K60} {Absent=1}"
     " {Fieldless=1} {Rating:Class=}\n"

@@ -3,7 +3,7 @@
 //
 //   reader, input, size, seconds at half the size, seconds, bytes of the file, peak bytes of
 //   memory at half the size, peak bytes, bytes of stack at half the size, bytes of stack, the
-//   factor by which the cost may grow for twice the size, the rule behind it
+//   factor by which the cost may grow for twice the size, and its reason
 //
 //   hostile_sizes [TEXT]   only the cases whose reader or input contains the text
 
