@@ -1,5 +1,5 @@
-# Where a package is missing, configuring ends with a sentence that names it, the command that
-# installs it, and the options that do without.
+# Tests that configuring without a required package fails with a sentence that names the package,
+# the command that installs it, and the options that make it unnecessary.
 #
 #   cmake -D SOURCE_FOLDER=FOLDER -D WORK=FOLDER -D GENERATOR=NAME -D COMPILER=PROGRAM
 #         -P Missing.cmake
