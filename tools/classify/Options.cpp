@@ -24,7 +24,8 @@ constexpr const char* description =
     "  --list domens      id, name, \"active\" for the active domain\n"
     "  --list properties  domain, id, name, sort index, number of fields\n"
     "  --list fields      domain, property, name, title, type, flag, value\n"
-    "With `export DOMEN-ID TARGET` it writes a domain as a JSON5 file.";
+    "With `export DOMEN-ID TARGET` it writes a domain as a JSON5 file.\n"
+    "With `check` it says what the lines of the files come to: see classify check --help.";
 
 constexpr const char* exitStatuses =
     "Exit status:\n"
