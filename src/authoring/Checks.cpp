@@ -180,6 +180,11 @@ constexpr std::array checks = {
            "all of the item is left out; write name=value.",
            "Среди именованных значений свойства {0} есть слово без «=», которое называет поле, "
            "поэтому свойство не выводится целиком; напишите имя=значение."}},
+    Check{307, "values-lost", warning,
+          {"\"{0}\" has more than one separator, so that its values are lost; write one \"=\", "
+           "or one colon before the names, and separate values by commas.",
+           "В «{0}» больше одного разделителя, поэтому его значения пропадают; оставьте один "
+           "знак «=» или одно двоеточие перед именами, а значения разделяйте запятыми."}},
     Check{308, "domain-not-loaded", warning,
           {"The domain {0} of the list is in none of the files; load its file, or correct the "
            "id.",

@@ -99,6 +99,7 @@ class ItemChecker {
       AddFinding(report_, 208, places_.Of(blocks.open), Fate::used, {header.closeMark});
     }
     if (blocks.closed.empty()) return;
+    TellLostValues(header, codeId);
     if (section_.domenIds.empty()) {
       if (!toldOfNoList_) {
         AddFinding(report_, 302, places_.Of(blocks.closed.front()), Fate::used);
@@ -115,6 +116,14 @@ class ItemChecker {
     for (const ItemEntry& entry : account) {
       uses_.insert(entry.propertyId);
       Tell(entry, places_.Of(blocks.closed[entry.list]));
+    }
+  }
+
+  void TellLostValues(const CodeHeader& header, int codeId) {
+    std::vector<std::wstring> lost;
+    ReadItemLists(section_.records[static_cast<std::size_t>(codeId)], &lost);
+    for (const std::wstring& token : lost) {
+      AddFinding(report_, 307, places_.Of(header.blocks), Fate::used, {token});
     }
   }
 
