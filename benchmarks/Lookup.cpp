@@ -41,34 +41,34 @@ constexpr std::size_t mostForHyperscan = 10'000;
 
 class Editor {
  public:
-  explicit Editor(const std::wstring& file) : editor(L"", L"") {
-    Require(editor.CreateClassificator(L"S", L"", L"", file.c_str()) == 0, "the scheme's load");
-    editor.SetActiveClassificator(L"S");
+  explicit Editor(const std::wstring& file) : editor_(L"", L"") {
+    Require(editor_.CreateClassificator(L"S", L"", L"", file.c_str()) == 0, "the scheme's load");
+    editor_.SetActiveClassificator(L"S");
     // The first lookup builds the index.
-    editor.GetClaccificatorCodeId(L"");
+    editor_.GetClaccificatorCodeId(L"");
   }
 
-  int Find(const std::wstring& text) { return editor.GetClaccificatorCodeId(text.c_str()); }
+  int Find(const std::wstring& text) { return editor_.GetClaccificatorCodeId(text.c_str()); }
 
  private:
-  library::RevitMappingEditorDll editor;
+  library::RevitMappingEditorDll editor_;
 };
 
 class Walker {
  public:
-  explicit Walker(const std::vector<Tokens>& newRecords) : records(newRecords) {}
-  int Find(const std::wstring& text) { return Walk(records, text); }
+  explicit Walker(const std::vector<Tokens>& newRecords) : records_(newRecords) {}
+  int Find(const std::wstring& text) { return Walk(records_, text); }
 
  private:
-  const std::vector<Tokens>& records;
+  const std::vector<Tokens>& records_;
 };
 
 class Floor {
  public:
-  std::size_t Find(const std::wstring& text) { return words.Cut(text).size(); }
+  std::size_t Find(const std::wstring& text) { return words_.Cut(text).size(); }
 
  private:
-  UpperWords words;
+  UpperWords words_;
 };
 
 // The data that the cases of one scheme share.

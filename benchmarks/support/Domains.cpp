@@ -111,41 +111,41 @@ class Lines {
  public:
   void Open(const std::string& key) {
     Begin();
-    text += json(key).dump() + ": {";
-    depth += 2;
-    first = true;
+    text_ += json(key).dump() + ": {";
+    depth_ += 2;
+    first_ = true;
   }
 
   void Add(const schema::SchemaKey& key, const json& value) {
     Begin();
-    text += json(ToUtf8(key.name)).dump() + ": " + value.dump();
-    comment = " // " + ToUtf8(key.comment);
-    first = false;
+    text_ += json(ToUtf8(key.name)).dump() + ": " + value.dump();
+    comment_ = " // " + ToUtf8(key.comment);
+    first_ = false;
   }
 
   void Close() {
-    text += std::exchange(comment, "") + "\n";
-    depth -= 2;
-    text.append(depth, ' ').append("}");
-    first = false;
+    text_ += std::exchange(comment_, "") + "\n";
+    depth_ -= 2;
+    text_.append(depth_, ' ').append("}");
+    first_ = false;
   }
 
   std::string Finish() {
     Close();
-    return text + "\n";
+    return text_ + "\n";
   }
 
  private:
   void Begin() {
-    if (!first) text += ",";
-    text += std::exchange(comment, "") + "\n";
-    text.append(depth, ' ');
+    if (!first_) text_ += ",";
+    text_ += std::exchange(comment_, "") + "\n";
+    text_.append(depth_, ' ');
   }
 
-  std::string text = "{";
-  std::string comment;
-  std::size_t depth = 2;
-  bool first = true;
+  std::string text_ = "{";
+  std::string comment_;
+  std::size_t depth_ = 2;
+  bool first_ = true;
 };
 
 void AddProperty(Lines& lines, const PropertyData& property) {

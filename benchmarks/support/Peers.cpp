@@ -85,26 +85,26 @@ std::string MakeSubject(std::wstring_view text) {
 }
 
 Re2Peer::Re2Peer(const std::vector<std::string>& expressions)
-    : set(Re2Options(), RE2::ANCHOR_START) {
+    : set_(Re2Options(), RE2::ANCHOR_START) {
   for (const std::string& expression : expressions) {
-    if (set.Add(expression, nullptr) < 0) throw std::runtime_error("RE2 refuses " + expression);
+    if (set_.Add(expression, nullptr) < 0) throw std::runtime_error("RE2 refuses " + expression);
   }
-  if (!set.Compile()) throw std::runtime_error("RE2 runs out of memory");
+  if (!set_.Compile()) throw std::runtime_error("RE2 runs out of memory");
 }
 
 int Re2Peer::Find(const std::string& subject) {
-  if (!set.Match(subject, &matches)) return -1;
-  return *std::min_element(matches.begin(), matches.end());
+  if (!set_.Match(subject, &matches_)) return -1;
+  return *std::min_element(matches_.begin(), matches_.end());
 }
 
 HyperscanPeer::HyperscanPeer(const std::vector<std::string>& expressions)
-    : database(Compile(expressions), hs_free_database),
-      scratch(MakeScratch(database.get()), hs_free_scratch) {}
+    : database_(Compile(expressions), hs_free_database),
+      scratch_(MakeScratch(database_.get()), hs_free_scratch) {}
 
 int HyperscanPeer::Find(const std::string& subject) const {
   constexpr unsigned none = std::numeric_limits<unsigned>::max();
   unsigned least = none;
-  Require(hs_scan(database.get(), subject.data(), static_cast<unsigned>(subject.size()), 0,
-                  scratch.get(), KeepLeast, &least));
+  Require(hs_scan(database_.get(), subject.data(), static_cast<unsigned>(subject.size()), 0,
+                  scratch_.get(), KeepLeast, &least));
   return least == none ? -1 : static_cast<int>(least);
 }

@@ -27,8 +27,8 @@ class Re2Peer {
   int Find(const std::string& subject);
 
  private:
-  RE2::Set set;
-  std::vector<int> matches;
+  RE2::Set set_;
+  std::vector<int> matches_;
 };
 
 // Copies share the compiled database, which a search doesn't change, so a copy is as good as new.
@@ -40,6 +40,6 @@ class HyperscanPeer {
   int Find(const std::string& subject) const;
 
  private:
-  std::shared_ptr<hs_database_t> database;
-  std::shared_ptr<hs_scratch_t> scratch;
+  std::shared_ptr<hs_database_t> database_;
+  std::shared_ptr<hs_scratch_t> scratch_;
 };

@@ -28,17 +28,17 @@ Vocabulary::Vocabulary() {
   Random random(1);
   std::unordered_set<std::wstring> known;
   std::uint64_t sum = 0;
-  while (words.size() < wordCount) {
+  while (words_.size() < wordCount) {
     std::wstring word = MakeWord(random);
     if (!known.insert(word).second) continue;
-    words.push_back(std::move(word));
-    sum += (std::uint64_t{1} << 32) / words.size();
-    weightSums.push_back(sum);
+    words_.push_back(std::move(word));
+    sum += (std::uint64_t{1} << 32) / words_.size();
+    weightSums_.push_back(sum);
   }
 }
 
 const std::wstring& Vocabulary::Frequent(Random& random) const {
-  const std::uint64_t drawn = random.Below(weightSums.back());
-  const auto found = std::upper_bound(weightSums.begin(), weightSums.end(), drawn);
-  return words[static_cast<std::size_t>(found - weightSums.begin())];
+  const std::uint64_t drawn = random.Below(weightSums_.back());
+  const auto found = std::upper_bound(weightSums_.begin(), weightSums_.end(), drawn);
+  return words_[static_cast<std::size_t>(found - weightSums_.begin())];
 }

@@ -17,9 +17,9 @@ class Vocabulary {
   const std::wstring& Frequent(Random& random) const;
 
   // Returns a word; all are equally likely.
-  const std::wstring& Any(Random& random) const { return words[random.Below(words.size())]; }
+  const std::wstring& Any(Random& random) const { return words_[random.Below(words_.size())]; }
 
  private:
-  std::vector<std::wstring> words;
-  std::vector<std::uint64_t> weightSums;  // of each word and all before it
+  std::vector<std::wstring> words_;
+  std::vector<std::uint64_t> weightSums_;  // of each word and all before it
 };

@@ -11,16 +11,16 @@ using TolvenLibs::RevitMappingEditorDll::Trimmed;
 const std::vector<std::wstring_view>& UpperWords::Cut(std::wstring_view text) {
   const std::locale global;
   const auto& facet = std::use_facet<std::ctype<wchar_t>>(global);
-  upper = text;
-  facet.toupper(upper.data(), upper.data() + upper.size());
-  words.clear();
-  std::wstring_view rest = upper;
+  upper_ = text;
+  facet.toupper(upper_.data(), upper_.data() + upper_.size());
+  words_.clear();
+  std::wstring_view rest = upper_;
   for (std::size_t blank = rest.find(L' '); blank != rest.npos; blank = rest.find(L' ')) {
-    words.push_back(rest.substr(0, blank));
+    words_.push_back(rest.substr(0, blank));
     rest.remove_prefix(blank + 1);
   }
-  words.push_back(rest);
-  return words;
+  words_.push_back(rest);
+  return words_;
 }
 
 Tokens MakeTokens(std::wstring_view pattern) {

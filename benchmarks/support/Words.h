@@ -14,8 +14,8 @@ class UpperWords {
   const std::vector<std::wstring_view>& Cut(std::wstring_view text);
 
  private:
-  std::wstring upper;
-  std::vector<std::wstring_view> words;
+  std::wstring upper_;
+  std::vector<std::wstring_view> words_;
 };
 
 using Tokens = std::vector<std::wstring>;  // the words of a pattern, in capitals

@@ -205,13 +205,13 @@ std::string Printable(const std::wstring& text) {
 // Prints results, and the expected ones where they differ.
 class Report {
  public:
-  bool Good() const { return good; }
+  bool Good() const { return good_; }
 
   void Check(const char* what, const std::string& got, const std::string& expected) {
     std::cout << (got == expected ? "ok     " : "WRONG  ") << what << ": " << got << "\n";
     if (got == expected) return;
     std::cout << "       expected: " << expected << "\n";
-    good = false;
+    good_ = false;
   }
 
   void Check(const char* what, const std::wstring& got, const std::wstring& expected) {
@@ -219,7 +219,7 @@ class Report {
   }
 
  private:
-  bool good = true;
+  bool good_ = true;
 };
 
 // Returns a column of a table as a line.

@@ -27,15 +27,15 @@ const std::wstring loneSurrogate(1, wchar_t{0xD83D});
 // Removes all permissions of a file or folder for its lifetime.
 class Refused {
  public:
-  explicit Refused(fs::path refused) : path(std::move(refused)) {
-    fs::permissions(path, fs::perms::none);
+  explicit Refused(fs::path refused) : path_(std::move(refused)) {
+    fs::permissions(path_, fs::perms::none);
   }
   Refused(const Refused&) = delete;
   Refused& operator=(const Refused&) = delete;
-  ~Refused() { fs::permissions(path, fs::perms::owner_all); }
+  ~Refused() { fs::permissions(path_, fs::perms::owner_all); }
 
  private:
-  fs::path path;
+  fs::path path_;
 };
 
 TEST(Exists, IsTrueForAFileAndForAFolder) {

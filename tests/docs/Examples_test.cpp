@@ -24,35 +24,35 @@ namespace {
 class Example {
  public:
   void LoadClassificator(const std::string& text) {
-    ++classificators;
-    const std::wstring file = folder.Write("classificator.txt", text);
-    EXPECT_EQ(editor.CreateClassificator(L"c", L"c", L"Code", file.c_str()), 0);
-    EXPECT_EQ(editor.SetActiveClassificator(L"c"), 0);
+    ++classificators_;
+    const std::wstring file = folder_.Write("classificator.txt", text);
+    EXPECT_EQ(editor_.CreateClassificator(L"c", L"c", L"Code", file.c_str()), 0);
+    EXPECT_EQ(editor_.SetActiveClassificator(L"c"), 0);
   }
 
   void LoadDomen(std::string_view name, const std::string& text) {
-    const std::wstring file = folder.Write(name, text);
-    EXPECT_EQ(editor.CreateDomen(file.c_str()), 0);
+    const std::wstring file = folder_.Write(name, text);
+    EXPECT_EQ(editor_.CreateDomen(file.c_str()), 0);
   }
 
   void CheckAnswers(const std::string& answers) {
-    ASSERT_EQ(classificators, 1);
+    ASSERT_EQ(classificators_, 1);
     ASSERT_FALSE(answers.empty());
     for (const std::string& answer : Lines(answers)) {
       const std::size_t arrow = answer.find(" -> ");
       ASSERT_NE(arrow, std::string::npos) << answer;
       const std::wstring description = DecodeUtf8(answer.substr(0, arrow));
-      const std::wstring mapping = Take(editor.GetMappingStr(description.c_str(), 1, L"="));
+      const std::wstring mapping = Take(editor_.GetMappingStr(description.c_str(), 1, L"="));
       EXPECT_EQ(EncodeUtf8(mapping), answer.substr(arrow + 4)) << answer;
     }
   }
 
   void CheckColors(const std::string& colors) {
-    ASSERT_EQ(classificators, 1);
+    ASSERT_EQ(classificators_, 1);
     ASSERT_FALSE(colors.empty());
     int count = 0;
     const wchar_t** keys = nullptr;
-    editor.GetColoratsIds(count, keys);
+    editor_.GetColoratsIds(count, keys);
     std::string all;
     for (const std::wstring& key : TakeAll(count, keys)) all += ColorLine(key);
     EXPECT_EQ(all, colors);
@@ -62,15 +62,15 @@ class Example {
   std::string ColorLine(const std::wstring& key) {
     std::array<int, 5> values{};
     auto& [number, channel1, channel2, channel3, percent] = values;
-    editor.GetColor(key.c_str(), number, channel1, channel2, channel3, percent);
+    editor_.GetColor(key.c_str(), number, channel1, channel2, channel3, percent);
     std::string line = EncodeUtf8(key).value() + " ->";
     for (const int value : values) line += " " + std::to_string(value);
     return line + "\n";
   }
 
-  TempFolder folder;
-  RevitMappingEditorDll editor{L"", L""};
-  int classificators = 0;
+  TempFolder folder_;
+  RevitMappingEditorDll editor_{L"", L""};
+  int classificators_ = 0;
 };
 
 int RunExamples(const std::string& document) {

@@ -58,15 +58,15 @@ bool Same(std::optional<double> one, std::optional<double> other) {
 class NumberStream {
  public:
   NumberStream() {
-    stream.imbue(std::locale::classic());
-    readsHexadecimalReals = Read<double>(L"0x1").has_value();
+    stream_.imbue(std::locale::classic());
+    readsHexadecimalReals_ = Read<double>(L"0x1").has_value();
   }
 
   std::optional<int> IntOf(const std::wstring& text) { return Read<int>(text); }
 
   std::optional<double> RealOf(const std::wstring& text) {
     // Some streams accept hexadecimal reals; the readers don't.
-    if (readsHexadecimalReals && text.find_first_of(L"xX") != text.npos) return std::nullopt;
+    if (readsHexadecimalReals_ && text.find_first_of(L"xX") != text.npos) return std::nullopt;
     const std::optional<double> number = Read<double>(text);
     // Some streams return 0 for a number that underflows; the readers refuse it.
     if (number == 0 && HasDigitAbove0(text.substr(0, text.find_first_of(L"eE")))) {
@@ -78,11 +78,11 @@ class NumberStream {
  private:
   template <class Number>
   std::optional<Number> Read(const std::wstring& text) {
-    stream.clear();
-    stream.str(text);
+    stream_.clear();
+    stream_.str(text);
     Number number{};
-    stream >> number;
-    if (stream.rdstate() != std::ios_base::eofbit) return std::nullopt;
+    stream_ >> number;
+    if (stream_.rdstate() != std::ios_base::eofbit) return std::nullopt;
     return number;
   }
 
@@ -90,8 +90,8 @@ class NumberStream {
     return text.find_first_of(L"123456789") != text.npos;
   }
 
-  std::wistringstream stream;
-  bool readsHexadecimalReals;
+  std::wistringstream stream_;
+  bool readsHexadecimalReals_;
 };
 
 // Collects the first few texts on which a reader and the stream differ.
@@ -99,14 +99,14 @@ class Differences {
  public:
   void Compare(const std::wstring& text) {
     if (texts.size() == 5) return;
-    if (!Same(IntOf(text), stream.IntOf(text))) texts.push_back(L"int '" + text + L"'");
-    if (!Same(RealOf(text), stream.RealOf(text))) texts.push_back(L"real '" + text + L"'");
+    if (!Same(IntOf(text), stream_.IntOf(text))) texts.push_back(L"int '" + text + L"'");
+    if (!Same(RealOf(text), stream_.RealOf(text))) texts.push_back(L"real '" + text + L"'");
   }
 
   std::vector<std::wstring> texts;
 
  private:
-  NumberStream stream;
+  NumberStream stream_;
 };
 
 constexpr std::wstring_view numberUnits = L"0123456789+-.eExX ,\t";
@@ -430,13 +430,13 @@ TEST(FormatReal, ReadsBackAsTheSameNumber) {
 // Replaces the global locale for its lifetime.
 class GlobalNumberLocale {
  public:
-  explicit GlobalNumberLocale(const std::locale& locale) : previous(std::locale::global(locale)) {}
+  explicit GlobalNumberLocale(const std::locale& locale) : previous_(std::locale::global(locale)) {}
   GlobalNumberLocale(const GlobalNumberLocale&) = delete;
   GlobalNumberLocale& operator=(const GlobalNumberLocale&) = delete;
-  ~GlobalNumberLocale() { std::locale::global(previous); }
+  ~GlobalNumberLocale() { std::locale::global(previous_); }
 
  private:
-  std::locale previous;
+  std::locale previous_;
 };
 
 // Numbers as in 1.234.567,5.

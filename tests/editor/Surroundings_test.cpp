@@ -39,13 +39,13 @@ class LocalesAsTheyWere {
   ~LocalesAsTheyWere() { Restore(); }
 
   void Restore() const {
-    std::locale::global(cpp);
-    std::setlocale(LC_ALL, c.c_str());
+    std::locale::global(cpp_);
+    std::setlocale(LC_ALL, c_.c_str());
   }
 
  private:
-  std::locale cpp;
-  std::string c = std::setlocale(LC_ALL, nullptr);
+  std::locale cpp_;
+  std::string c_ = std::setlocale(LC_ALL, nullptr);
 };
 
 bool IsThere(const char* name) {

@@ -59,7 +59,7 @@ template <class Element>
 class Output {
  public:
   std::wstring Take(int count) {
-    Check((array == &untouched) == (count == 0), "an array is written if there are results");
+    Check((array == &untouched_) == (count == 0), "an array is written if there are results");
     std::wstring taken;
     for (int i = 0; i < count; ++i) {
       if constexpr (std::is_same_v<Element, const wchar_t*>) {
@@ -73,10 +73,10 @@ class Output {
   }
 
  private:
-  Element untouched{};
+  Element untouched_{};
 
  public:
-  Element* array = &untouched;
+  Element* array = &untouched_;
 };
 
 // Returns the result of a call, or the message of its exception.

@@ -10,11 +10,11 @@
 
 class Input {
  public:
-  Input(const std::uint8_t* bytes, std::size_t size) : next(bytes), end(bytes + size) {}
+  Input(const std::uint8_t* bytes, std::size_t size) : next_(bytes), end_(bytes + size) {}
 
-  bool AtEnd() const { return next == end; }
+  bool AtEnd() const { return next_ == end_; }
 
-  std::uint8_t Byte() { return AtEnd() ? std::uint8_t{0} : *next++; }
+  std::uint8_t Byte() { return AtEnd() ? std::uint8_t{0} : *next_++; }
 
   template <class Number>
   Number Whole() {
@@ -38,6 +38,6 @@ class Input {
   }
 
  private:
-  const std::uint8_t* next;
-  const std::uint8_t* end;
+  const std::uint8_t* next_;
+  const std::uint8_t* end_;
 };

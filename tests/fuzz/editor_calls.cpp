@@ -130,25 +130,25 @@ std::wstring OnLines(const KeptTexts& kept) {
 class Machine {
  public:
   Machine(Input& programInput, const std::vector<std::string>& blocks, const TempFolder& work)
-      : program(programInput),
-        arguments(ArgumentsOf(blocks)),
-        folder(work),
-        questions(QuestionsOfAll(blocks)) {
-    for (Pair& pair : pairs) Renew(pair);
+      : program_(programInput),
+        arguments_(ArgumentsOf(blocks)),
+        folder_(work),
+        questions_(QuestionsOfAll(blocks)) {
+    for (Pair& pair : pairs_) Renew(pair);
   }
 
   void Run() {
-    for (int steps = 0; steps < 48 && !program.AtEnd(); ++steps) {
-      const Operation operation = operations[program.Byte() % std::size(operations)];
-      (this->*operation)(pairs[program.Byte() % pairs.size()]);
+    for (int steps = 0; steps < 48 && !program_.AtEnd(); ++steps) {
+      const Operation operation = operations[program_.Byte() % std::size(operations)];
+      (this->*operation)(pairs_[program_.Byte() % pairs_.size()]);
     }
-    for (Pair& pair : pairs) CheckAll(pair);
-    for (Pair& pair : pairs) pair.editor.reset();
-    for (const KeptText& kept : keptTexts) {
+    for (Pair& pair : pairs_) CheckAll(pair);
+    for (Pair& pair : pairs_) pair.editor.reset();
+    for (const KeptText& kept : keptTexts_) {
       CheckSame("a result after the end of its editor", kept.text, kept.expected);
       delete[] kept.text;
     }
-    for (const KeptTexts& kept : keptLists) {
+    for (const KeptTexts& kept : keptLists_) {
       CheckSame("an array after the end of its editor", OnLines(kept), kept.expected);
       for (int i = 0; i < kept.count; ++i) delete[] kept.texts[i];
       delete[] kept.texts;
@@ -158,32 +158,32 @@ class Machine {
  private:
   using Operation = void (Machine::*)(Pair&);
 
-  const std::wstring& Argument() { return arguments[program.Byte() % arguments.size()]; }
+  const std::wstring& Argument() { return arguments_[program_.Byte() % arguments_.size()]; }
 
   // Half of the names are relative to the data folder, which is that of the files.
   FileName File() {
-    const std::size_t byte = program.Byte();
+    const std::size_t byte = program_.Byte();
     const std::size_t index = byte % (std::size(names) + 1);
     const std::string name = index < std::size(names) ? names[index] : "missing/x.txt";
     const std::wstring wide(name.begin(), name.end());
-    const std::wstring path = folder.Wide() + L"/" + wide;
+    const std::wstring path = folder_.Wide() + L"/" + wide;
     return {byte < 128 ? path : wide, path};
   }
 
   void Keep(const wchar_t* text, std::wstring expected) {
     expected = expected.substr(0, expected.find(L'\0'));
     CheckSame("a result", text, expected);
-    keptTexts.push_back({text, std::move(expected)});
+    keptTexts_.push_back({text, std::move(expected)});
   }
 
   void KeepAll(int count, const wchar_t** texts, const Texts& expected) {
-    keptLists.push_back({count, texts, OnLines(expected)});
-    CheckSame("an array", OnLines(keptLists.back()), keptLists.back().expected);
+    keptLists_.push_back({count, texts, OnLines(expected)});
+    CheckSame("an array", OnLines(keptLists_.back()), keptLists_.back().expected);
   }
 
   void CheckAll(Pair& pair) {
-    CheckSame("all answers", AnswersOf(*pair.editor, pair.naive, questions),
-              AnswersOf(pair.naive, questions));
+    CheckSame("all answers", AnswersOf(*pair.editor, pair.naive, questions_),
+              AnswersOf(pair.naive, questions_));
   }
 
   // The operations
@@ -196,7 +196,7 @@ class Machine {
               pair.naive.CreateClassificator(id, name, paramName, file.path),
           "the status of CreateClassificator");
     // Most loads are followed by a selection.
-    if (program.Byte() % 4 != 0) SelectClassificatorOf(pair, id);
+    if (program_.Byte() % 4 != 0) SelectClassificatorOf(pair, id);
   }
 
   void LoadDomen(Pair& pair) {
@@ -253,7 +253,7 @@ class Machine {
   void AskMapping(Pair& pair) {
     if (pair.naive.active < 0) return;
     const std::wstring &text = Argument(), &suffix = Argument();
-    const int kind = program.Byte() % 4;
+    const int kind = program_.Byte() % 4;
     Keep(pair.editor->GetMappingStr(text.c_str(), kind, suffix.c_str()),
          pair.naive.GetMappingStr(text, kind, suffix));
     const int codeId = Naive::FindCodeId(pair.naive.Active().classificator.mapTextSection, text);
@@ -265,7 +265,7 @@ class Machine {
   void AskAll(Pair& pair) { CheckAll(pair); }
 
   void Copy(Pair& pair) {
-    const Pair& source = pairs[program.Byte() % pairs.size()];
+    const Pair& source = pairs_[program_.Byte() % pairs_.size()];
     auto copy = std::make_unique<Editor>(*source.editor);
     Naive::Editor naiveCopy = source.naive;
     pair.editor = std::move(copy);
@@ -273,13 +273,13 @@ class Machine {
   }
 
   void Assign(Pair& pair) {
-    const Pair& source = pairs[program.Byte() % pairs.size()];
+    const Pair& source = pairs_[program_.Byte() % pairs_.size()];
     Check(&(*pair.editor = *source.editor) == pair.editor.get(), "the result of an assignment");
     pair.naive = source.naive;
   }
 
   void Renew(Pair& pair) {
-    pair.editor = std::make_unique<Editor>(folder.Wide().c_str(), L"");
+    pair.editor = std::make_unique<Editor>(folder_.Wide().c_str(), L"");
     pair.naive = Naive::Editor();
   }
 
@@ -300,12 +300,12 @@ class Machine {
       Check(fs::is_regular_file(target) == wasFile, "a target that isn't written stays what it is");
       Check(!wasFile || ReadBytes(target) == before, "a target that isn't written stays whole");
     }
-    Check(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()) <=
+    Check(std::distance(fs::directory_iterator(folder_.Path()), fs::directory_iterator()) <=
               static_cast<std::ptrdiff_t>(std::size(names)),
           "an export leaves nothing beside its target");
   }
 
-  void ChangeLocale(Pair& /*pair*/) { SetLocale(program.Byte()); }
+  void ChangeLocale(Pair& /*pair*/) { SetLocale(program_.Byte()); }
 
   static constexpr Operation operations[] = {&Machine::LoadClassificator,
                                              &Machine::LoadDomen,
@@ -322,13 +322,13 @@ class Machine {
                                              &Machine::Export,
                                              &Machine::ChangeLocale};
 
-  Input& program;
-  Texts arguments;
-  const TempFolder& folder;
-  Questions questions;
-  std::array<Pair, 3> pairs;
-  std::vector<KeptText> keptTexts;
-  std::vector<KeptTexts> keptLists;
+  Input& program_;
+  Texts arguments_;
+  const TempFolder& folder_;
+  Questions questions_;
+  std::array<Pair, 3> pairs_;
+  std::vector<KeptText> keptTexts_;
+  std::vector<KeptTexts> keptLists_;
 };
 
 }  // namespace

@@ -56,20 +56,21 @@ std::wstring TextOf(Input& input) {
 class Request {
  public:
   Request(JSON5Section& target, std::wstring requestedKey, std::wstring requestedComment)
-      : section(target), key(std::move(requestedKey)), comment(std::move(requestedComment)) {}
+      : section_(target), key_(std::move(requestedKey)), comment_(std::move(requestedComment)) {}
 
   void operator()(const std::wstring& text) {
-    Check(section.ParamString(key.c_str(), text.c_str(), found, comment.c_str(), true) == text,
+    Check(section_.ParamString(key_.c_str(), text.c_str(), found_, comment_.c_str(), true) == text,
           "a string that overrides is the result");
   }
 
   void operator()(int number) {
-    Check(section.ParamInt(key.c_str(), number, found, comment.c_str(), true) == number,
+    Check(section_.ParamInt(key_.c_str(), number, found_, comment_.c_str(), true) == number,
           "an integer that overrides is the result");
   }
 
   void operator()(double number) {
-    const double result = section.ParamDouble(key.c_str(), number, found, comment.c_str(), true);
+    const double result =
+        section_.ParamDouble(key_.c_str(), number, found_, comment_.c_str(), true);
     Check(result == number || (std::isnan(result) && std::isnan(number)),
           "a real that overrides is the result");
   }
@@ -79,16 +80,16 @@ class Request {
     std::vector<const wchar_t*> array;
     for (const std::wstring& text : texts) array.push_back(NewString(text));
     int count = -1;
-    section.ParamStringArray(key.c_str(), count, array.data(), static_cast<int>(array.size()),
-                             found, comment.c_str(), true);
+    section_.ParamStringArray(key_.c_str(), count, array.data(), static_cast<int>(array.size()),
+                              found_, comment_.c_str(), true);
     Check(count == static_cast<int>(texts.size()), "strings that override are the result");
   }
 
  private:
-  JSON5Section& section;
-  std::wstring key;
-  std::wstring comment;
-  bool found = true;
+  JSON5Section& section_;
+  std::wstring key_;
+  std::wstring comment_;
+  bool found_ = true;
 };
 
 Value ValueOf(Input& input) {

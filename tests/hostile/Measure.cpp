@@ -35,8 +35,8 @@ void Load(Subject& subject, const std::wstring& file) {
 }  // namespace
 
 PreparedCase::PreparedCase(const HostileCase& hostileCase, std::size_t caseSize)
-    : theCase(hostileCase), size(caseSize) {
-  if (theCase.bytes) file = folder.Write(theCase.fileName, theCase.bytes(size));
+    : theCase_(hostileCase), size_(caseSize) {
+  if (theCase_.bytes) file_ = folder_.Write(theCase_.fileName, theCase_.bytes(size_));
 }
 
 Cost PreparedCase::Measure() const {
@@ -56,12 +56,12 @@ Cost PreparedCase::Measure() const {
 }
 
 std::size_t PreparedCase::FileSize() const {
-  return file.empty() ? 0 : std::filesystem::file_size(folder.Path() / theCase.fileName);
+  return file_.empty() ? 0 : std::filesystem::file_size(folder_.Path() / theCase_.fileName);
 }
 
 void PreparedCase::Run() const {
-  Subject subject(size);
-  subject.folder = folder.Wide() + L"/";
-  if (!file.empty()) Load(subject, file);
-  theCase.ask(subject);
+  Subject subject(size_);
+  subject.folder = folder_.Wide() + L"/";
+  if (!file_.empty()) Load(subject, file_);
+  theCase_.ask(subject);
 }

@@ -29,8 +29,8 @@ class PreparedCase {
  private:
   void Run() const;
 
-  const HostileCase& theCase;
-  std::size_t size;
-  TempFolder folder;
-  std::wstring file;  // none if empty
+  const HostileCase& theCase_;
+  std::size_t size_;
+  TempFolder folder_;
+  std::wstring file_;  // none if empty
 };

@@ -24,18 +24,18 @@ void CheckCall(int error, const char* what) {
 class Stack {
  public:
   Stack()
-      : memory(
+      : memory_(
             static_cast<unsigned char*>(mmap(nullptr, guardSize + stackSize, PROT_READ | PROT_WRITE,
                                              MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
-    CheckCall(memory == MAP_FAILED ? errno : 0, "mmap");
+    CheckCall(memory_ == MAP_FAILED ? errno : 0, "mmap");
     std::memset(Begin(), paint, stackSize);
-    CheckCall(mprotect(memory, guardSize, PROT_NONE) != 0 ? errno : 0, "mprotect");
+    CheckCall(mprotect(memory_, guardSize, PROT_NONE) != 0 ? errno : 0, "mprotect");
   }
   Stack(const Stack&) = delete;
   Stack& operator=(const Stack&) = delete;
-  ~Stack() { munmap(memory, guardSize + stackSize); }
+  ~Stack() { munmap(memory_, guardSize + stackSize); }
 
-  unsigned char* Begin() const { return memory + guardSize; }
+  unsigned char* Begin() const { return memory_ + guardSize; }
 
   std::size_t Used() const {
     const unsigned char* const end = Begin() + stackSize;
@@ -45,7 +45,7 @@ class Stack {
   }
 
  private:
-  unsigned char* memory;
+  unsigned char* memory_;
 };
 
 struct Job {

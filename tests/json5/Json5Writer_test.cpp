@@ -41,35 +41,35 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 class Requests {
  public:
   Requests& Section(std::wstring_view section, std::wstring_view item = L"") {
-    current = record.Open(std::wstring(section).c_str(), item);
+    current_ = record_.Open(std::wstring(section).c_str(), item);
     return *this;
   }
 
   // The position of the last opened item, and a way to return to one.
-  std::size_t Place() const { return current; }
+  std::size_t Place() const { return current_; }
 
   Requests& Back(std::size_t place) {
-    current = place;
+    current_ = place;
     return *this;
   }
 
   Requests& Set(std::wstring_view key, const Value& value, std::wstring_view comment = L"") {
-    const std::uint32_t keyPlace = record.repeated.PlaceOf(std::wstring(key).c_str());
-    const std::uint32_t commentPlace = record.repeated.PlaceOf(std::wstring(comment).c_str());
-    std::visit(Setter{record, current, keyPlace, commentPlace}, value);
+    const std::uint32_t keyPlace = record_.repeated.PlaceOf(std::wstring(key).c_str());
+    const std::uint32_t commentPlace = record_.repeated.PlaceOf(std::wstring(comment).c_str());
+    std::visit(Setter{record_, current_, keyPlace, commentPlace}, value);
     return *this;
   }
 
   std::string Text() const {
     std::string text;
-    WriteJson5(record, [&text](std::string_view piece) { text += piece; });
+    WriteJson5(record_, [&text](std::string_view piece) { text += piece; });
     return text;
   }
 
   // Returns the size of the largest piece that is passed on.
   std::size_t LargestPiece() const {
     std::size_t largest = 0;
-    WriteJson5(record, [&](std::string_view piece) { largest = std::max(largest, piece.size()); });
+    WriteJson5(record_, [&](std::string_view piece) { largest = std::max(largest, piece.size()); });
     return largest;
   }
 
@@ -93,8 +93,8 @@ class Requests {
     std::uint32_t comment;
   };
 
-  Json5Record record;
-  std::size_t current = 0;
+  Json5Record record_;
+  std::size_t current_ = 0;
 };
 
 // Returns the text of a file with one value of one key.
@@ -486,24 +486,24 @@ TEST(WriteJson5, ChangesNothingInTheRecord) {
 // Parses JSON without the extensions of JSON5.
 class StrictJson {
  public:
-  explicit StrictJson(std::string_view bytes) : rest(bytes) {}
+  explicit StrictJson(std::string_view bytes) : rest_(bytes) {}
 
-  bool IsDocument() { return Value() && (Space(), rest.empty()); }
+  bool IsDocument() { return Value() && (Space(), rest_.empty()); }
 
  private:
   void Space() {
-    while (!rest.empty() && (rest[0] == ' ' || rest[0] == '\n')) rest.remove_prefix(1);
+    while (!rest_.empty() && (rest_[0] == ' ' || rest_[0] == '\n')) rest_.remove_prefix(1);
   }
 
   bool Skip(std::string_view word) {
-    const bool there = rest.starts_with(word);
-    if (there) rest.remove_prefix(word.size());
+    const bool there = rest_.starts_with(word);
+    if (there) rest_.remove_prefix(word.size());
     return there;
   }
 
   bool SkipAnyOf(std::string_view set) {
-    const bool there = !rest.empty() && set.find(rest[0]) != set.npos;
-    if (there) rest.remove_prefix(1);
+    const bool there = !rest_.empty() && set.find(rest_[0]) != set.npos;
+    if (there) rest_.remove_prefix(1);
     return there;
   }
 
@@ -533,11 +533,11 @@ class StrictJson {
   bool String() {
     if (!Skip("\"")) return false;
     while (!Skip("\"")) {
-      if (rest.empty() || static_cast<unsigned char>(rest[0]) < 0x20) return false;
+      if (rest_.empty() || static_cast<unsigned char>(rest_[0]) < 0x20) return false;
       if (Skip("\\")) {
         if (!Escape()) return false;
       } else {
-        rest.remove_prefix(1);
+        rest_.remove_prefix(1);
       }
     }
     return true;
@@ -560,11 +560,11 @@ class StrictJson {
     Space();
     if (Skip("{")) return List(&StrictJson::Member, "}");
     if (Skip("[")) return List(&StrictJson::Value, "]");
-    if (rest.starts_with('"')) return String();
+    if (rest_.starts_with('"')) return String();
     return Skip("null") || Skip("true") || Skip("false") || Number();
   }
 
-  std::string_view rest;
+  std::string_view rest_;
 };
 
 bool IsJson(std::string_view bytes) {
@@ -606,10 +606,10 @@ struct RandomRecord {
 
 class Dice {
  public:
-  explicit Dice(unsigned seed) : engine(seed) {}
+  explicit Dice(unsigned seed) : engine_(seed) {}
 
   // The same on every platform, unlike a standard distribution.
-  std::size_t Below(std::size_t bound) { return engine() % bound; }
+  std::size_t Below(std::size_t bound) { return engine_() % bound; }
 
   // Returns a text of special characters. There are lone surrogates, but no pairs.
   std::wstring Text() {
@@ -626,7 +626,7 @@ class Dice {
   double Real() {
     const double reals[] = {0.0, -0.0, 1.0, 0.1, -2.5, 1e5, 1e300, -5e-324, infinity, -infinity};
     if (Below(2) == 0) return reals[Below(std::size(reals))];
-    return std::ldexp(static_cast<double>(engine()), static_cast<int>(Below(2000)) - 1000);
+    return std::ldexp(static_cast<double>(engine_()), static_cast<int>(Below(2000)) - 1000);
   }
 
   Value AnyValue() {
@@ -634,7 +634,7 @@ class Dice {
       case 0:
         return Text();
       case 1:
-        return static_cast<int>(engine() - 0x80000000u);
+        return static_cast<int>(engine_() - 0x80000000u);
       case 2:
         return Real();
       default:
@@ -645,7 +645,7 @@ class Dice {
   }
 
  private:
-  std::mt19937 engine;
+  std::mt19937 engine_;
 };
 
 // Returns the text as requests take names and keys.

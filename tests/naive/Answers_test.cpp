@@ -131,66 +131,66 @@ constexpr UpperFunction uppers[] = {UpperOfNothing, UpperOfLatin, UpperOfLatinAn
 
 class Round {
  public:
-  explicit Round(unsigned seed) : random(seed), editors(3) {
+  explicit Round(unsigned seed) : random_(seed), editors_(3) {
     for (int i = 0; i < 5; ++i) WriteFiles(std::to_string(i));
     for (const char* name : {"J.json", "K.json", "D.json"}) {
-      domenFiles.push_back(folder.Write(name, JsonDomen()));
+      domenFiles_.push_back(folder_.Write(name, JsonDomen()));
     }
-    for (Twins& twins : editors) {
-      twins.CreateClassificator(L"S0", random.OneOf(classificatorFiles));
+    for (Twins& twins : editors_) {
+      twins.CreateClassificator(L"S0", random_.OneOf(classificatorFiles_));
       twins.SetActiveClassificator(L"S0");
-      twins.CreateDomen(random.OneOf(domenFiles));
+      twins.CreateDomen(random_.OneOf(domenFiles_));
     }
   }
 
   void Run() {
     for (int step = 0; step < 30 && !testing::Test::HasFailure(); ++step) {
-      Change(random.OneOf(editors));
-      for (Twins& twins : editors) Compare(twins);
+      Change(random_.OneOf(editors_));
+      for (Twins& twins : editors_) Compare(twins);
     }
   }
 
  private:
   void WriteFiles(const std::string& name) {
-    const std::string domen = random.OneIn(2) ? "" : "==DOMEN\n" + TextDomen();
+    const std::string domen = random_.OneIn(2) ? "" : "==DOMEN\n" + TextDomen();
     const std::string text = "==MAPTEXT\n" + MapText() + "==PARAM\n" + Param() + domen;
-    classificatorFiles.push_back(folder.Write("scheme" + name + ".txt", text));
-    domenFiles.push_back(folder.Write("domen" + name + ".txt", "==DOMEN\n" + TextDomen()));
+    classificatorFiles_.push_back(folder_.Write("scheme" + name + ".txt", text));
+    domenFiles_.push_back(folder_.Write("domen" + name + ".txt", "==DOMEN\n" + TextDomen()));
   }
 
   std::string Value() {
-    std::string value = random.OneOf(words);
-    if (random.OneIn(6)) value += "=" + random.OneOf(words);
+    std::string value = random_.OneOf(words);
+    if (random_.OneIn(6)) value += "=" + random_.OneOf(words);
     return value;
   }
 
   // Returns "name=value", and sometimes only a part of it.
   std::string Named() {
-    std::string name = random.OneOf(fieldNames);
-    if (random.OneIn(3)) name += random.OneOf(fieldNames);
-    if (random.OneIn(8)) return name;
+    std::string name = random_.OneOf(fieldNames);
+    if (random_.OneIn(3)) name += random_.OneOf(fieldNames);
+    if (random_.OneIn(8)) return name;
     name += "=";
-    return name + random.OneOf(words);
+    return name + random_.OneOf(words);
   }
 
   std::string Item() {
-    std::string item = random.OneOf(propertyIds);
-    const bool isNamed = random.OneIn(2);
-    const bool isOneToken = random.OneIn(2);
+    std::string item = random_.OneOf(propertyIds);
+    const bool isNamed = random_.OneIn(2);
+    const bool isOneToken = random_.OneIn(2);
     if (isOneToken) item += isNamed ? ":" : "=";
-    for (std::size_t count = random.Below(5); count > 0; --count) {
+    for (std::size_t count = random_.Below(5); count > 0; --count) {
       if (!isOneToken) item += " ";
       item += isNamed ? Named() : Value();
       if (isOneToken && count > 1) item += ",";
     }
-    return item + (random.OneIn(3) ? "; " : " ");
+    return item + (random_.OneIn(3) ? "; " : " ");
   }
 
   std::string Header() {
-    std::string header = "@C" + std::to_string(random.Below(4));
-    for (std::size_t count = random.OneIn(5) ? 0 : 1 + random.Below(2); count > 0; --count) {
+    std::string header = "@C" + std::to_string(random_.Below(4));
+    for (std::size_t count = random_.OneIn(5) ? 0 : 1 + random_.Below(2); count > 0; --count) {
       header += " {" + Item();
-      if (random.OneIn(2)) header += Item();
+      if (random_.OneIn(2)) header += Item();
       header += "}";
     }
     return header + "\n";
@@ -198,15 +198,15 @@ class Round {
 
   std::string MapText() {
     std::string text = "@@ (";
-    for (std::size_t count = random.OneIn(8) ? 0 : 1 + random.Below(4); count > 0; --count) {
-      text += random.OneOf(domenIds);
+    for (std::size_t count = random_.OneIn(8) ? 0 : 1 + random_.Below(4); count > 0; --count) {
+      text += random_.OneOf(domenIds);
       text += " ";
     }
     text += ")\n";
-    if (random.OneIn(2)) text += "$ C0\n";
-    for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
+    if (random_.OneIn(2)) text += "$ C0\n";
+    for (std::size_t count = 1 + random_.Below(4); count > 0; --count) {
       text += Header();
-      text += random.OneOf(patterns) + "\n";
+      text += random_.OneOf(patterns) + "\n";
     }
     // Comments, so that most sections have more line ends than semicolons.
     for (int i = 0; i < 20; ++i) text += "!\n";
@@ -215,8 +215,8 @@ class Round {
 
   std::string Param() {
     std::string text;
-    for (std::size_t count = random.Below(3); count > 0; --count) {
-      text += "C" + std::to_string(random.Below(4)) + " ";
+    for (std::size_t count = random_.Below(3); count > 0; --count) {
+      text += "C" + std::to_string(random_.Below(4)) + " ";
       text += Item() + "\n";
     }
     return text;
@@ -224,11 +224,11 @@ class Round {
 
   std::string TextDomen() {
     std::string text;
-    for (std::size_t domens = 1 + random.Below(2); domens > 0; --domens) {
-      text += "@@@ " + random.OneOf(domenIds) + "\n";
-      for (std::size_t properties = 1 + random.Below(3); properties > 0; --properties) {
-        text += "@ " + random.OneOf(propertyIds) + " 0 1\n";
-        for (std::size_t fields = random.Below(5); fields > 0; --fields) text += TextField();
+    for (std::size_t domens = 1 + random_.Below(2); domens > 0; --domens) {
+      text += "@@@ " + random_.OneOf(domenIds) + "\n";
+      for (std::size_t properties = 1 + random_.Below(3); properties > 0; --properties) {
+        text += "@ " + random_.OneOf(propertyIds) + " 0 1\n";
+        for (std::size_t fields = random_.Below(5); fields > 0; --fields) text += TextField();
       }
     }
     for (int i = 0; i < 20; ++i) text += "!\n";
@@ -236,15 +236,15 @@ class Round {
   }
 
   std::string TextField() {
-    std::string field = random.OneOf(fieldNames);
-    field += " " + random.OneOf(textTypes);
-    return field + " 0 " + random.OneOf(words) + "\n";
+    std::string field = random_.OneOf(fieldNames);
+    field += " " + random_.OneOf(textTypes);
+    return field + " 0 " + random_.OneOf(words) + "\n";
   }
 
   std::string JsonNames(const Lines& names) {
     std::string list;
-    for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
-      list += "'" + random.OneOf(names) + "',";
+    for (std::size_t count = 1 + random_.Below(4); count > 0; --count) {
+      list += "'" + random_.OneOf(names) + "',";
     }
     return "asFuncsNames: [" + list + "]";
   }
@@ -257,55 +257,55 @@ class Round {
     }
     text += "},\nArrayValueFields: {\n";
     for (const std::string& name : fieldNames) {
-      text += name + ": {sType: '" + random.OneOf(jsonTypes) + "', iDefault: 5, rDefault: 0.5, ";
-      text += "sDefault: '" + random.OneOf(jsonTexts) + "'},\n";
+      text += name + ": {sType: '" + random_.OneOf(jsonTypes) + "', iDefault: 5, rDefault: 0.5, ";
+      text += "sDefault: '" + random_.OneOf(jsonTexts) + "'},\n";
     }
     return text + "}}\n";
   }
 
   void Change(Twins& twins) {
-    switch (random.Below(8)) {
+    switch (random_.Below(8)) {
       case 0:
       case 1:
-        return twins.CreateDomen(random.OneOf(domenFiles));
+        return twins.CreateDomen(random_.OneOf(domenFiles_));
       case 2:
-        return twins.CreateClassificator(SomeId(), random.OneOf(classificatorFiles));
+        return twins.CreateClassificator(SomeId(), random_.OneOf(classificatorFiles_));
       case 3:
         return twins.SetActiveClassificator(SomeId());
       case 4: {
-        const Twins& other = random.OneOf(editors);
+        const Twins& other = random_.OneOf(editors_);
         twins = other;
         return;
       }
       case 5: {
         const Twins copy(twins);
-        random.OneOf(editors) = copy;
+        random_.OneOf(editors_) = copy;
         return;
       }
       case 6:
         // A library with its own runtime doesn't see the locale.
-        if (oneRuntime) locale.emplace(random.OneOf(uppers));
+        if (oneRuntime) locale_.emplace(random_.OneOf(uppers));
         return;
       default:
-        twins.SetMarks(random.OneOf(suffixes), random.OneOf(suffixes));
+        twins.SetMarks(random_.OneOf(suffixes), random_.OneOf(suffixes));
     }
   }
 
-  std::wstring SomeId() { return L"S" + std::to_wstring(random.Below(4)); }
+  std::wstring SomeId() { return L"S" + std::to_wstring(random_.Below(4)); }
 
   void Compare(Twins& twins) {
     for (const std::wstring& text : texts) CompareText(twins, text);
     const int count = static_cast<int>(twins.Active().mapTextSection.records.size());
     for (int codeId = -2; codeId <= count; ++codeId) {
       CompareCode(twins, codeId, 1);
-      CompareCode(twins, codeId, random.Between(0, 3));
+      CompareCode(twins, codeId, random_.Between(0, 3));
     }
-    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random.Between(0, 3));
+    for (const int codeId : {INT_MIN, INT_MAX}) CompareCode(twins, codeId, random_.Between(0, 3));
   }
 
   void CompareText(Twins& twins, const std::wstring& text) {
-    const int sourceKind = random.OneIn(4) ? random.Between(-1, 3) : 1;
-    const std::wstring& suffix = random.OneOf(suffixes);
+    const int sourceKind = random_.OneIn(4) ? random_.Between(-1, 3) : 1;
+    const std::wstring& suffix = random_.OneOf(suffixes);
     EXPECT_EQ(Take(twins.editor.GetMappingStr(text.c_str(), sourceKind, suffix.c_str())),
               Naive::GetMappingStr(twins.Active(), twins.store, twins.startMark, twins.endMark,
                                    text, sourceKind, suffix))
@@ -315,7 +315,7 @@ class Round {
   }
 
   void CompareCode(Twins& twins, int codeId, int sourceKind) {
-    const std::wstring& suffix = random.OneOf(suffixes);
+    const std::wstring& suffix = random_.OneOf(suffixes);
     std::wstring params;
     std::wstring naive;
     EXPECT_EQ(OutOfRangeOf([&] {
@@ -330,12 +330,12 @@ class Round {
     EXPECT_EQ(params, naive) << codeId << ", " << sourceKind;
   }
 
-  Random random;
-  TempFolder folder;
-  std::vector<std::wstring> classificatorFiles;
-  std::vector<std::wstring> domenFiles;
-  std::vector<Twins> editors;
-  std::optional<GlobalLocale> locale;
+  Random random_;
+  TempFolder folder_;
+  std::vector<std::wstring> classificatorFiles_;
+  std::vector<std::wstring> domenFiles_;
+  std::vector<Twins> editors_;
+  std::optional<GlobalLocale> locale_;
 };
 
 TEST(Editor, AnswersAsTheNaiveFormsDoWhileAllThatItHoldsChanges) {

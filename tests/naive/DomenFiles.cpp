@@ -99,7 +99,7 @@ class Element {
   Element(const Json5& root, std::wstring section, std::wstring item) {
     const Json5* outer = Object(root, section);
     const Json5* inner = outer ? Object(*outer, item) : nullptr;
-    element = !inner && item.empty() ? outer : inner;
+    element_ = !inner && item.empty() ? outer : inner;
   }
 
   std::wstring String(std::wstring key, std::wstring defaultValue) {
@@ -141,11 +141,11 @@ class Element {
   }
 
   const Json5* Find(std::wstring key) const {
-    if (!element || element->members.count(key) == 0) return nullptr;
-    return &element->members.at(key);
+    if (!element_ || element_->members.count(key) == 0) return nullptr;
+    return &element_->members.at(key);
   }
 
-  const Json5* element;
+  const Json5* element_;
 };
 
 void ReadField(const Json5& root, DomenProperty& property, std::wstring name) {

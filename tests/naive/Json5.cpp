@@ -32,23 +32,23 @@ bool IsBlank(wchar_t unit) {
 
 class Reader {
  public:
-  explicit Reader(std::wstring whole) : text(whole) {}
+  explicit Reader(std::wstring whole) : text_(whole) {}
 
   Json5 Document() {
     Json5 value = Value(0);
     Space();
-    if (at != text.size()) throw Malformed();
+    if (at_ != text_.size()) throw Malformed();
     return value;
   }
 
  private:
-  bool Ends() const { return at == text.size(); }
+  bool Ends() const { return at_ == text_.size(); }
 
-  bool Comes(const std::wstring& word) const { return text.compare(at, word.size(), word) == 0; }
+  bool Comes(const std::wstring& word) const { return text_.compare(at_, word.size(), word) == 0; }
 
   bool Take(const std::wstring& word) {
     if (!Comes(word)) return false;
-    at += word.size();
+    at_ += word.size();
     return true;
   }
 
@@ -58,10 +58,10 @@ class Reader {
 
   wchar_t Any() {
     if (Ends()) throw Malformed();
-    return text[at++];
+    return text_[at_++];
   }
 
-  bool ComesOneOf(const std::wstring& units) const { return !Ends() && IsOneOf(text[at], units); }
+  bool ComesOneOf(const std::wstring& units) const { return !Ends() && IsOneOf(text_[at_], units); }
 
   bool ComesDigit() const { return ComesOneOf(L"0123456789"); }
 
@@ -70,11 +70,11 @@ class Reader {
   void Space() {
     for (;;) {
       if (Take(L"//")) {
-        while (!Ends() && !EndsLine(text[at])) ++at;
+        while (!Ends() && !EndsLine(text_[at_])) ++at_;
       } else if (Take(L"/*")) {
         while (!Take(L"*/")) Any();
-      } else if (!Ends() && IsBlank(text[at])) {
-        ++at;
+      } else if (!Ends() && IsBlank(text_[at_])) {
+        ++at_;
       } else {
         return;
       }
@@ -141,7 +141,7 @@ class Reader {
   std::wstring Identifier() {
     std::wstring identifier;
     for (;;) {
-      const std::size_t start = at;
+      const std::size_t start = at_;
       std::uint32_t code = 0;
       if (Take(L"\\u")) {
         code = HexDigits(4);
@@ -149,28 +149,28 @@ class Reader {
         code = CodePoint();
       }
       if (!(identifier.empty() ? IsIdentifierStart(code) : IsIdentifierPart(code))) {
-        if (text.compare(start, 1, L"\\") == 0 || identifier.empty()) throw Malformed();
-        at = start;
+        if (text_.compare(start, 1, L"\\") == 0 || identifier.empty()) throw Malformed();
+        at_ = start;
         return identifier;
       }
-      identifier += text[start] == L'\\' ? std::wstring(1, static_cast<wchar_t>(code))
-                                         : text.substr(start, at - start);
+      identifier += text_[start] == L'\\' ? std::wstring(1, static_cast<wchar_t>(code))
+                                          : text_.substr(start, at_ - start);
     }
   }
 
   std::uint32_t CodePoint() {
     const auto high = static_cast<std::uint32_t>(Any());
     if (high < 0xD800 || high > 0xDBFF || Ends()) return high;
-    const auto low = static_cast<std::uint32_t>(text[at]);
+    const auto low = static_cast<std::uint32_t>(text_[at_]);
     if (low < 0xDC00 || low > 0xDFFF) return high;
-    ++at;
+    ++at_;
     return 0x10000 + (high - 0xD800) * 0x400 + (low - 0xDC00);
   }
 
   std::wstring String() {
     const std::wstring mark(1, Any());
     std::wstring string;
-    afterHigh = false;
+    afterHigh_ = false;
     while (!Take(mark)) {
       const wchar_t unit = Any();
       if (unit == L'\n' || unit == L'\r') throw Malformed();
@@ -178,7 +178,7 @@ class Reader {
         Escape(string);
       } else {
         string.push_back(unit);
-        afterHigh = false;
+        afterHigh_ = false;
       }
     }
     return string;
@@ -201,14 +201,14 @@ class Reader {
 
   // Joins two escapes to one unit if units are wide enough.
   void AddUtf16(std::wstring& string, std::uint32_t code) {
-    if (sizeof(wchar_t) == 4 && afterHigh && code >= 0xDC00 && code <= 0xDFFF) {
+    if (sizeof(wchar_t) == 4 && afterHigh_ && code >= 0xDC00 && code <= 0xDFFF) {
       const auto high = static_cast<std::uint32_t>(string.back());
       string.back() = static_cast<wchar_t>(0x10000 + (high - 0xD800) * 0x400 + (code - 0xDC00));
-      afterHigh = false;
+      afterHigh_ = false;
       return;
     }
     string.push_back(static_cast<wchar_t>(code));
-    afterHigh = code >= 0xD800 && code <= 0xDBFF;
+    afterHigh_ = code >= 0xD800 && code <= 0xDBFF;
   }
 
   double Number() {
@@ -221,14 +221,14 @@ class Reader {
   double Magnitude() {
     if (Take(L"Infinity")) return std::numeric_limits<double>::infinity();
     if (Take(L"NaN")) return std::numeric_limits<double>::quiet_NaN();
-    const std::size_t start = at;
+    const std::size_t start = at_;
     if (Take(L"0x") || Take(L"0X")) {
       if (!ComesHexDigit()) throw Malformed();
-      while (ComesHexDigit()) ++at;
+      while (ComesHexDigit()) ++at_;
     } else {
       Decimal();
     }
-    const std::wstring wide = text.substr(start, at - start);
+    const std::wstring wide = text_.substr(start, at_ - start);
     return std::strtod(std::string(wide.begin(), wide.end()).c_str(), nullptr);
   }
 
@@ -236,22 +236,22 @@ class Reader {
     const bool zero = Take(L"0");
     if (zero && ComesDigit()) throw Malformed();
     const bool digits = zero || ComesDigit();
-    while (ComesDigit()) ++at;
+    while (ComesDigit()) ++at_;
     if (Take(L".")) {
       if (!digits && !ComesDigit()) throw Malformed();
-      while (ComesDigit()) ++at;
+      while (ComesDigit()) ++at_;
     } else if (!digits) {
       throw Malformed();
     }
     if (!Take(L"e") && !Take(L"E")) return;
     if (!Take(L"+")) Take(L"-");
     if (!ComesDigit()) throw Malformed();
-    while (ComesDigit()) ++at;
+    while (ComesDigit()) ++at_;
   }
 
-  std::wstring text;
-  std::size_t at = 0;
-  bool afterHigh = false;  // whether the string ends with an escaped high surrogate
+  std::wstring text_;
+  std::size_t at_ = 0;
+  bool afterHigh_ = false;  // whether the string ends with an escaped high surrogate
 };
 
 std::wstring Quoted(std::wstring_view text) {

@@ -101,75 +101,75 @@ const std::wstring separators[] = {L" ",   L" ",   L" ",       L" ", L"  ",
 // One round: its words, its classificators and its locale.
 class Round {
  public:
-  explicit Round(unsigned seed) : random(seed), editsOneIn(random.OneOf(editRates)) {
+  explicit Round(unsigned seed) : random_(seed), editsOneIn_(random_.OneOf(editRates)) {
     MakeWords();
-    for (int i = 0; i < 3; ++i) texts.push_back(Text());
+    for (int i = 0; i < 3; ++i) texts_.push_back(Text());
     ChangeLocale();
-    for (int i = 0; i < 3; ++i) classificators.emplace_back(L"S").mapTextSection = Parsed();
+    for (int i = 0; i < 3; ++i) classificators_.emplace_back(L"S").mapTextSection = Parsed();
   }
 
   void Run() {
     for (int step = 0; step < 25 && !testing::Test::HasFailure(); ++step) {
       Change();
-      for (const Classificator& classificator : classificators) Compare(classificator);
+      for (const Classificator& classificator : classificators_) Compare(classificator);
     }
   }
 
  private:
   void MakeWords() {
-    const std::wstring& units = random.OneOf(letters);
-    const std::size_t count = 1 + random.Below(12);
+    const std::wstring& units = random_.OneOf(letters);
+    const std::size_t count = 1 + random_.Below(12);
     for (std::size_t i = 0; i < count; ++i) {
-      words.push_back(Word(units, random.OneIn(20) ? 70 : 5));
+      words_.push_back(Word(units, random_.OneIn(20) ? 70 : 5));
     }
-    if (random.OneIn(3)) ShareBeginnings(units);
+    if (random_.OneIn(3)) ShareBeginnings(units);
   }
 
   std::wstring Word(const std::wstring& units, std::size_t bound) {
     std::wstring word;
-    for (std::size_t length = random.Below(bound); length > 0; --length) {
-      word += random.OneOf(units);
+    for (std::size_t length = random_.Below(bound); length > 0; --length) {
+      word += random_.OneOf(units);
     }
     return word;
   }
 
   // Makes each word a prefix of the next one.
   void ShareBeginnings(const std::wstring& units) {
-    const std::size_t bound = random.OneIn(3) ? 12 : 3;
+    const std::size_t bound = random_.OneIn(3) ? 12 : 3;
     std::wstring word;
-    for (std::wstring& shared : words) shared = word += Word(units, bound);
+    for (std::wstring& shared : words_) shared = word += Word(units, bound);
   }
 
   std::wstring Joined(std::size_t count) {
-    std::wstring text = random.OneIn(10) ? random.OneOf(separators) : L"";
+    std::wstring text = random_.OneIn(10) ? random_.OneOf(separators) : L"";
     for (std::size_t i = 0; i < count; ++i) {
-      if (i > 0) text += random.OneOf(separators);
-      text += random.OneOf(words);
+      if (i > 0) text += random_.OneOf(separators);
+      text += random_.OneOf(words_);
     }
-    if (random.OneIn(10)) text += random.OneOf(separators);
+    if (random_.OneIn(10)) text += random_.OneOf(separators);
     return text;
   }
 
-  std::wstring Pattern() { return Joined(random.OneIn(20) ? 30 : 1 + random.Below(4)); }
+  std::wstring Pattern() { return Joined(random_.OneIn(20) ? 30 : 1 + random_.Below(4)); }
 
   // Returns a text that a record may match, or any text.
   std::wstring Text() {
-    if (classificators.empty() || random.OneIn(2)) return Joined(random.Below(6));
-    const auto& records = random.OneOf(classificators).mapTextSection.records;
+    if (classificators_.empty() || random_.OneIn(2)) return Joined(random_.Below(6));
+    const auto& records = random_.OneOf(classificators_).mapTextSection.records;
     std::wstring text;
     if (records.empty()) return text;
-    for (const std::wstring& token : SplitTokens(random.OneOf(records).tokens)) {
-      if (!text.empty()) text += random.OneOf(separators);
+    for (const std::wstring& token : SplitTokens(random_.OneOf(records).tokens)) {
+      if (!text.empty()) text += random_.OneOf(separators);
       text += token;
-      if (random.OneIn(3)) text += random.OneOf(words);
+      if (random_.OneIn(3)) text += random_.OneOf(words_);
     }
     return text;
   }
 
   std::wstring Patterns() {
     std::wstring lines;
-    std::size_t count = 1 + random.Below(12);
-    if (random.OneIn(10)) count = random.OneIn(40) ? 1000 : 100;
+    std::size_t count = 1 + random_.Below(12);
+    if (random_.OneIn(10)) count = random_.OneIn(40) ? 1000 : 100;
     for (std::size_t i = 0; i < count; ++i) lines += Pattern() + L"\n";
     return lines;
   }
@@ -182,29 +182,29 @@ class Round {
 
   Texts SomeTokens() {
     Texts tokens;
-    for (std::size_t count = random.Below(4); count > 0; --count) {
-      tokens.push_back(random.OneIn(8) ? Pattern() : random.OneOf(words));
+    for (std::size_t count = random_.Below(4); count > 0; --count) {
+      tokens.push_back(random_.OneIn(8) ? Pattern() : random_.OneOf(words_));
     }
     return tokens;
   }
 
   MapTextRecord Record() { return RecordOf(SomeTokens()); }
 
-  void ChangeLocale() { locale.emplace(random.OneOf(uppers)); }
+  void ChangeLocale() { locale_.emplace(random_.OneOf(uppers)); }
 
   void Change() {
-    if (random.OneIn(4)) return ChangeLocale();
-    if (!random.OneIn(editsOneIn)) return ChangeSections();
-    EditRecords(random.OneOf(classificators).mapTextSection, [this](auto& records) {
-      if (records.empty() || random.OneIn(3)) return ChangeOrder(records);
-      ChangeRecord(random.OneOf(records));
+    if (random_.OneIn(4)) return ChangeLocale();
+    if (!random_.OneIn(editsOneIn_)) return ChangeSections();
+    EditRecords(random_.OneOf(classificators_).mapTextSection, [this](auto& records) {
+      if (records.empty() || random_.OneIn(3)) return ChangeOrder(records);
+      ChangeRecord(random_.OneOf(records));
     });
   }
 
   void ChangeSections() {
-    Classificator& one = random.OneOf(classificators);
-    Classificator& other = random.OneOf(classificators);
-    switch (random.Below(11)) {
+    Classificator& one = random_.OneOf(classificators_);
+    Classificator& other = random_.OneOf(classificators_);
+    switch (random_.Below(11)) {
       case 0:
         one.mapTextSection = Parsed();
         break;
@@ -234,8 +234,8 @@ class Round {
         break;
       case 9:
         // Replaces the source by a copy of another.
-        classificators.push_back(one);
-        classificators.erase(classificators.begin());
+        classificators_.push_back(one);
+        classificators_.erase(classificators_.begin());
         break;
       default: {
         Classificator copy(one);
@@ -247,9 +247,9 @@ class Round {
 
   void ChangeOrder(std::vector<MapTextRecord>& records) {
     const auto place = [&] {
-      return records.begin() + static_cast<std::ptrdiff_t>(random.Below(records.size() + 1));
+      return records.begin() + static_cast<std::ptrdiff_t>(random_.Below(records.size() + 1));
     };
-    switch (random.Below(8)) {
+    switch (random_.Below(8)) {
       case 0:
         records.push_back(Record());
         break;
@@ -271,7 +271,7 @@ class Round {
         std::rotate(records.begin(), place(), records.end());
         break;
       case 6:
-        if (!records.empty()) std::swap(random.OneOf(records), random.OneOf(records));
+        if (!records.empty()) std::swap(random_.OneOf(records), random_.OneOf(records));
         break;
       default:
         // The same number of records in the same memory.
@@ -281,39 +281,39 @@ class Round {
 
   void ChangeRecord(MapTextRecord& record) {
     Texts tokens = SplitTokens(record.tokens);
-    switch (random.Below(6)) {
+    switch (random_.Below(6)) {
       case 0:
         tokens = SomeTokens();
         break;
       case 1:
-        tokens.push_back(random.OneOf(words));
+        tokens.push_back(random_.OneOf(words_));
         break;
       case 2:
         if (!tokens.empty()) tokens.pop_back();
         break;
       case 3:
-        if (!tokens.empty()) std::swap(random.OneOf(tokens), tokens.front());
+        if (!tokens.empty()) std::swap(random_.OneOf(tokens), tokens.front());
         break;
       case 4:
         for (std::wstring& token : tokens) {
-          if (!token.empty()) random.OneOf(token) = random.OneOf(random.OneOf(letters));
+          if (!token.empty()) random_.OneOf(token) = random_.OneOf(random_.OneOf(letters));
         }
         break;
       default:
-        record.text = KeptText(random.OneOf(words));
-        record.code = KeptText(random.OneOf(words));
+        record.text = KeptText(random_.OneOf(words_));
+        record.code = KeptText(random_.OneOf(words_));
     }
     record.tokens = KeptTokens(tokens);
   }
 
   void Compare(const Classificator& classificator) {
     const Naive::MapTextSection naive = Naive::CopyOf(classificator.mapTextSection);
-    random.OneOf(texts) = Text();
-    for (const std::wstring& text : texts) {
+    random_.OneOf(texts_) = Text();
+    for (const std::wstring& text : texts_) {
       EXPECT_EQ(FindCodeId(classificator.mapTextSection, text), Naive::FindCodeId(naive, text))
           << testing::PrintToString(text) << " among " << Describe(naive);
       if (naive.records.empty()) continue;
-      const std::size_t i = random.Below(naive.records.size());
+      const std::size_t i = random_.Below(naive.records.size());
       EXPECT_EQ(Matches(classificator.mapTextSection.records[i], text),
                 Naive::Matches(naive.records[i], text))
           << testing::PrintToString(text) << " by "
@@ -327,12 +327,12 @@ class Round {
     return testing::PrintToString(patterns);
   }
 
-  Random random;
-  std::size_t editsOneIn;
-  Texts words;
-  Texts texts;  // looked up repeatedly; some are replaced
-  std::vector<Classificator> classificators;
-  std::optional<GlobalLocale> locale;
+  Random random_;
+  std::size_t editsOneIn_;
+  Texts words_;
+  Texts texts_;  // looked up repeatedly; some are replaced
+  std::vector<Classificator> classificators_;
+  std::optional<GlobalLocale> locale_;
 };
 
 TEST(FindCodeId, AgreesWithALinearScanOfChangingRecordsUnderChangingLocales) {

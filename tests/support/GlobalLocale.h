@@ -21,18 +21,18 @@ inline wchar_t UpperOfLatinAndCyrillic(wchar_t unit) {
 
 class UpperFacet : public std::ctype<wchar_t> {
  public:
-  explicit UpperFacet(UpperFunction function) : upper(function) {}
+  explicit UpperFacet(UpperFunction function) : upper_(function) {}
 
  protected:
-  wchar_t do_toupper(wchar_t unit) const override { return upper(unit); }
+  wchar_t do_toupper(wchar_t unit) const override { return upper_(unit); }
 
   const wchar_t* do_toupper(wchar_t* first, const wchar_t* last) const override {
-    for (; first != last; ++first) *first = upper(*first);
+    for (; first != last; ++first) *first = upper_(*first);
     return last;
   }
 
  private:
-  UpperFunction upper;
+  UpperFunction upper_;
 };
 
 // Returns the classic locale with capitals by this function. No two results are equal, even for
@@ -44,12 +44,12 @@ inline std::locale LocaleOf(UpperFunction upper) {
 // Sets the global locale for its lifetime.
 class GlobalLocale {
  public:
-  explicit GlobalLocale(const std::locale& locale) : previous(std::locale::global(locale)) {}
+  explicit GlobalLocale(const std::locale& locale) : previous_(std::locale::global(locale)) {}
   explicit GlobalLocale(UpperFunction upper) : GlobalLocale(LocaleOf(upper)) {}
   GlobalLocale(const GlobalLocale&) = delete;
   GlobalLocale& operator=(const GlobalLocale&) = delete;
-  ~GlobalLocale() { std::locale::global(previous); }
+  ~GlobalLocale() { std::locale::global(previous_); }
 
  private:
-  std::locale previous;
+  std::locale previous_;
 };

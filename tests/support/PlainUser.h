@@ -11,11 +11,11 @@ class [[maybe_unused]] PlainUser {
 #ifdef _WIN32
   PlainUser() = default;
 #else
-  PlainUser() : previous(geteuid()) {
-    if (previous == 0) Become(nobody);
+  PlainUser() : previous_(geteuid()) {
+    if (previous_ == 0) Become(nobody);
   }
   ~PlainUser() {
-    if (previous == 0) Become(previous);
+    if (previous_ == 0) Become(previous_);
   }
 #endif
   PlainUser(const PlainUser&) = delete;
@@ -31,6 +31,6 @@ class [[maybe_unused]] PlainUser {
     [[maybe_unused]] const int failed = setresuid(user, user, 0);
   }
 
-  uid_t previous;
+  uid_t previous_;
 #endif
 };

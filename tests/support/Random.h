@@ -11,10 +11,10 @@
 
 class Random {
  public:
-  explicit Random(std::uint64_t seed) : engine(seed) {}
+  explicit Random(std::uint64_t seed) : engine_(seed) {}
 
   // Returns a number from 0 to `bound` - 1. The bias of the remainder is negligible.
-  std::size_t Below(std::size_t bound) { return static_cast<std::size_t>(engine() % bound); }
+  std::size_t Below(std::size_t bound) { return static_cast<std::size_t>(engine_() % bound); }
 
   // Returns a number from `first` to `last`, both included.
   template <std::integral Number>
@@ -31,5 +31,5 @@ class Random {
   }
 
  private:
-  std::mt19937_64 engine;
+  std::mt19937_64 engine_;
 };

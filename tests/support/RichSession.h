@@ -16,12 +16,12 @@ class RichSession {
   using Editor = TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
 
   RichSession() {
-    for (const auto& [fileName, bytes] : richFiles) folder.Write(fileName, bytes);
-    LoadInto(naive, Folder());
+    for (const auto& [fileName, bytes] : richFiles) folder_.Write(fileName, bytes);
+    LoadInto(naive_, Folder());
   }
 
-  const std::filesystem::path& Path() const { return folder.Path(); }
-  std::wstring Folder() const { return folder.Wide() + L"/"; }
+  const std::filesystem::path& Path() const { return folder_.Path(); }
+  std::wstring Folder() const { return folder_.Wide() + L"/"; }
 
   // Loads all files, by names that start with `from`.
   template <class AnEditor>
@@ -35,7 +35,7 @@ class RichSession {
   // Returns all answers of an editor that has loaded the files, and the bytes of its exports into
   // the folder `to`.
   std::string AnswersAndExports(Editor& editor, const std::filesystem::path& to) const {
-    const std::wstring answers = AnswersOf(editor, naive, richQuestions);
+    const std::wstring answers = AnswersOf(editor, naive_, richQuestions);
     std::string all(reinterpret_cast<const char*>(answers.data()),
                     answers.size() * sizeof(wchar_t));
     for (const wchar_t* id : {L"D", L"E", L"domen"}) {
@@ -55,10 +55,10 @@ class RichSession {
 
   // Returns whether an editor answers as the naive forms do.
   bool AgreesWithNaive(Editor& editor) const {
-    return AnswersOf(editor, naive, richQuestions) == AnswersOf(naive, richQuestions);
+    return AnswersOf(editor, naive_, richQuestions) == AnswersOf(naive_, richQuestions);
   }
 
  private:
-  TempFolder folder;
-  TolvenLibs::RevitMappingEditorDll::Naive::Editor naive;
+  TempFolder folder_;
+  TolvenLibs::RevitMappingEditorDll::Naive::Editor naive_;
 };

@@ -12,7 +12,7 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder();
 
-  const std::filesystem::path& Path() const { return path; }
+  const std::filesystem::path& Path() const { return path_; }
 
   // Returns the folder's path as an argument of the library.
   std::wstring Wide() const;
@@ -22,5 +22,5 @@ class TempFolder {
   std::wstring Write(std::string_view name, std::string_view bytes) const;
 
  private:
-  std::filesystem::path path;
+  std::filesystem::path path_;
 };

@@ -30,7 +30,7 @@ class SchemeFolder {
  public:
   ~SchemeFolder() {
     // From the inside out, because long paths need their prefix.
-    for (fs::path path = file; path != folder.Path(); path = path.parent_path()) {
+    for (fs::path path = file_; path != folder_.Path(); path = path.parent_path()) {
       const std::wstring name = L"\\\\?\\" + path.wstring();
       DeleteFileW(name.c_str());
       RemoveDirectoryW(name.c_str());
@@ -39,17 +39,17 @@ class SchemeFolder {
   SchemeFolder(const SchemeFolder&) = delete;
   SchemeFolder& operator=(const SchemeFolder&) = delete;
 
-  explicit SchemeFolder(const fs::path& name) : file(folder.Path() / name) {
-    fs::create_directories(L"\\\\?\\" + file.parent_path().wstring());
-    std::ofstream(fs::path(L"\\\\?\\" + file.wstring()), std::ios::binary) << schemeText;
+  explicit SchemeFolder(const fs::path& name) : file_(folder_.Path() / name) {
+    fs::create_directories(L"\\\\?\\" + file_.parent_path().wstring());
+    std::ofstream(fs::path(L"\\\\?\\" + file_.wstring()), std::ios::binary) << schemeText;
   }
 
-  const fs::path& Folder() const { return folder.Path(); }
-  const fs::path& File() const { return file; }
+  const fs::path& Folder() const { return folder_.Path(); }
+  const fs::path& File() const { return file_; }
 
  private:
-  TempFolder folder;
-  fs::path file;
+  TempFolder folder_;
+  fs::path file_;
 };
 
 int Load(const std::wstring& dataFolder, const std::wstring& file) {
@@ -133,14 +133,14 @@ TEST(WindowsPaths, ThatAreFoldersReturnTwo) {
 class NamedPipe {
  public:
   explicit NamedPipe(bool taken)
-      : server(CreateNamedPipeW(name.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 0, 0, 0,
-                                nullptr)),
-        client(taken ? Open() : INVALID_HANDLE_VALUE) {}
+      : server_(CreateNamedPipeW(name.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 0, 0, 0,
+                                 nullptr)),
+        client_(taken ? Open() : INVALID_HANDLE_VALUE) {}
   NamedPipe(const NamedPipe&) = delete;
   NamedPipe& operator=(const NamedPipe&) = delete;
   ~NamedPipe() {
-    CloseHandle(client);
-    CloseHandle(server);
+    CloseHandle(client_);
+    CloseHandle(server_);
   }
 
   HANDLE Open() const {
@@ -152,8 +152,8 @@ class NamedPipe {
       L"\\\\.\\pipe\\mapping-editor-" + std::to_wstring(GetCurrentProcessId()) + L".json";
 
  private:
-  HANDLE server;
-  HANDLE client;
+  HANDLE server_;
+  HANDLE client_;
 };
 
 template <class Call>
