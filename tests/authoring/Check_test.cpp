@@ -87,6 +87,7 @@ constexpr Case cases[] = {
     {213, mapText, "@A\na  b\n", "@A\na b\n/ a  b\n", "3:1-3:5"},
     {214, mapText, "@$ [[ ]\n", "@$ [ ]]\n", "2:1-2:8"},
     {215, mapText, "@A;\nw\n$ Z\n", "@A ;\nw\n$ Z\n", "2:1-2:4"},
+    {216, mapText, "@A\nx cтена\n", "@A\nстена wall\n@cт\nx\n", "3:3-3:8"},
     {301, items, "@A {p=1}\nw\n", "@A {P=1}\nw\n@B {p=1}\n", "8:5-8:8"},
     {302, mapText, "@A {P=1} {P}\nw\n@B {P}\nv\n", "@A P=1\nw\n", "2:5-2:8"},
     {303, items, "@A {P=1.5}\nw\n", "@A {P=+7}\nw\n", "8:5-8:10"},
@@ -94,6 +95,8 @@ constexpr Case cases[] = {
     {305, items, "@A {P:f=1}\nw\n", "@A {P:Fx=1}\nw\n", "8:5-8:10"},
     {306, items, "@A {P:F=1,S}\nw\n", "@A {P:F=1,s}\nw\n", "8:5-8:12"},
     {308, items, "@@ (D E)\n", "@@ (D)\n", "8:1-8:9"},
+    {309, whole, "==MAPTEXT\n@@ (D E)\n==DOMEN\n@@@ D\n@ P 0 1\n@@@ E\n@ P 0 1\n",
+     "==MAPTEXT\n@@ (D D)\n==DOMEN\n@@@ D\n@ P 0 1\n@@@ E\n@ P 0 1\n", "2:1-2:9"},
     {401, domen, "@@@\n@@@ E\n", "@@@E\n", "6:1-6:4"},
     {402, whole, "==DOMEN\n @ P 0 1\n@@@ D\n", "==DOMEN\n@@@ D\n@ P 0 1\n", "2:2-2:9"},
     {403, domen, "@ Q 0\n", "@Q 0 1\n", "6:1-6:6"},
@@ -105,6 +108,9 @@ constexpr Case cases[] = {
     {409, domen, "G int 1.0 5\n", "G int -1 5\n", "6:1-6:12"},
     {410, domen, "F str 0 5\n", "@ Q 0 1\nF str 0 5\n", "6:1-6:10"},
     {411, domen, "G int 0 5;\n", "G str 0 5;\n", "6:1-6:11"},
+    {412, items, "==DOMEN\n@@@ E\n", "==DOMEN\n@@@ D\n", "9:1-9:6"},
+    {413, items, "@A {P=1}\nw\n==DOMEN\n@@@ D\n@ Q 0 1\n",
+     "@A {P=1}\nw\n@B {Q}\nv\n==DOMEN\n@@@ D\n@ Q 0 1\n@@@ E\n@ R 0 1\n", "12:1-12:8"},
     {601, colorat, "K 1 2 3 4\n@b B\n", "x\n@b B\nx\n", "4:2-4:5"},
     {602, whole, "==COLORAT\n@ a\nK 1 2 3 4\n", "==COLORAT\n@ a A\nK 1 2 3 4\n", "2:3-3:10"},
     {603, colorat, "K 1 2 3\n", "K 1  2 3 4\n! K 1 2 3 4\n", "3:1-3:8"},
@@ -113,8 +119,14 @@ constexpr Case cases[] = {
     {606, colorat, "K x #1 1 .5\n", "K +1 1x 1 0.5\n", "3:3-3:4 3:5-3:7 3:10-3:12"},
     {607, colorat, "! 1 2 3 x\n", "! 1 2 3\n", "3:1-3:10"},
     {608, colorat, "ж@b B\nK 1 2 3 4\n", "x\n  @ b B\nK 1 2 3 4\n", "3:3-3:6"},
+    {609, colorat, "K 255 0 0 0\nL 254 2 0 0\n", "K 255 0 0 0\n@b B\nL 254 2 0 0\n", "4:1-4:12"},
+    {610, mapText, "@AB\nw\n==COLORAT\n@a A\nA 1 2 3 4\nB 1 99 3 4\n",
+     "@AB\nw\n==COLORAT\n@a A\nA 1 2 3 4\nAB 1 99 3 4\n", "7:1-7:11"},
+    {611, mapText, "@A\nw\n@B\nv\n==COLORAT\n@a A\nA 1 2 3 4\nN 1 99 3 4\n",
+     "@A\nw\n@B\nv\n==COLORAT\n@a A\nA 1 2 3 4\n", "7:2-7:5"},
     {701, whole, "==CLASS\n@@@ A\n", "==CLASS\n@@ A\n", "2:1-2:6"},
     {702, whole, "==PARAM\n", "==PARA\n", "1:1-1:8"},
+    {801, items, "@A {PP=1}\nw\n", "@A {PPP=1}\nw\n", "8:5-8:9"},
 };
 
 TEST(CheckFiles, FindsAtItsPlaceWhatProvokesEachCheck) {
@@ -197,6 +209,10 @@ TEST(CheckFiles, LeadsFromAFindingToTheLineThatMatters) {
        RelatedKind::earlier,
        {File("classificator c.txt", "==COLORAT\n@a A\nK 1 2 3 4\nK 1 2 3 4\nK 1 2 3 4\n")},
        "0 3:1-3:10"},
+      {609,
+       RelatedKind::alike,
+       {File("classificator c.txt", "==COLORAT\n@a A\nK 9 9 9 4\nL 9 9 9 4\nM 9 9 9 4\n")},
+       "0 3:1-3:10"},
   };
   for (const RelatedCase& one : relatedCases) {
     const Report report = ReportOf(one.files);
@@ -213,7 +229,7 @@ TEST(CheckFiles, LeadsFromAFindingToTheLineThatMatters) {
 }
 
 TEST(CheckFiles, FindsAnEarlierDefinitionInAFileThatWasLoadedBefore) {
-  const GivenFile first = File("classificator c.txt", "==DOMEN\n@@@ D\n@ P 0 1\nF int 0 5\n");
+  const GivenFile first = File("domen c.txt", "==DOMEN\n@@@ D\n@ P 0 1\nF int 0 5\n");
   const GivenFile second = File("domen d.txt", "==DOMEN\n@@@ D\n@ P 0 2\nF str 0 x\nG int 0 7\n");
   const Report report = ReportOf({first, second});
   ASSERT_EQ(report.findings.size(), 2U);
@@ -240,13 +256,13 @@ GivenFile Sample(const std::string& loadedAs, const std::string& name) {
 
 TEST(CheckFiles, FindsNoMoreThanHintsInTheSampleFiles) {
   const std::vector<std::vector<GivenFile>> samples = {
-      {Sample("classificator", "uniformat.txt"), Sample("domen", "domens.txt"),
-       Sample("domen", "zones.json")},
+      {Sample("classificator", "uniformat.txt"), Sample("domen", "domens.txt")},
       {Sample("classificator", "classificator_ru.txt")},
+      {Sample("domen", "domens.txt"), Sample("domen", "zones.json")},
   };
   for (const std::vector<GivenFile>& files : samples) {
     const CheckedFiles checked(files);
-    EXPECT_GE(checked.report.statements.size(), 300U);
+    EXPECT_GE(checked.report.statements.size(), 30U);
     for (const Finding& finding : checked.report.findings) {
       EXPECT_EQ(CheckOf(finding.number).severity, Severity::hint)
           << checked.report.files[finding.place.file] << ":" << TextOf(finding.place) << " "

@@ -69,7 +69,8 @@ TEST(Checks, SpeakBothLanguages) {
     SCOPED_TRACE(check.number);
     ExpectBothLanguages(check.sentence);
   }
-  for (const RelatedKind kind : {RelatedKind::winner, RelatedKind::earlier, RelatedKind::later}) {
+  for (const RelatedKind kind :
+       {RelatedKind::winner, RelatedKind::earlier, RelatedKind::later, RelatedKind::alike}) {
     ExpectBothLanguages(SentenceOf(kind));
   }
 }

@@ -19,7 +19,7 @@ class CheckCommand : public testing::Test {
     folder.Write("hint.txt", "==MAPTEXT\n@A\nwall  in\n");
     folder.Write("warning.txt", "==MAPTEXT\n@A\nwall\nwall in\n");
     folder.Write("error.txt", "==MAPTEXT\n@A\nwall\n==Domen\n");
-    folder.Write("domen.txt", "==DOMEN\n@@@ D\n");
+    folder.Write("domen.txt", "==DOMEN\n/ none yet\n");
   }
 
   // Runs the program in the test's folder.
@@ -262,7 +262,7 @@ TEST_F(CheckCommand, LoadsClassificatorsFirstAndEachInItsOrder) {
       "clean.txt:2:1: used\n"
       "clean.txt:3:1: used\n"
       "domen.txt:1:1: used\n"
-      "domen.txt:2:1: used\n"
+      "domen.txt:2:1: comment\n"
       "hint.txt:3:1: hint: Two blanks in a row make an empty word, which any word fits; write "
       "one blank unless that is meant. [213]\n");
 }
