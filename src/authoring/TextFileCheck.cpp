@@ -153,7 +153,7 @@ class TextFileChecker {
         BeginSection(entry);
       } else if (IsRemark(entry.outcome)) {
         AddRemark(entry);
-      } else {
+      } else if (entry.piece.data()) {  // an empty section has an entry without a place
         AddStatement(entry);
       }
     }
@@ -371,12 +371,15 @@ class TextFileChecker {
       for (; number < line.number; ++number) AddBlankLine(number, section);
       ++number;
       const std::wstring_view text = places_.TextOf(line);
+      Fate fate = Fate::ignored;
       if (next != sections.end() && next->heading.data() == text.data()) {
+        // It has an effect on the section that it ends.
+        if (isRead) fate = Fate::used;
         isRead = read_.contains(text.data());
-        section = isRead ? 0 : AddUnreadHeading(text);
+        section = isRead ? 0 : AddUnreadHeading(text, fate);
         ++next;
       }
-      if (!isRead) report_.statements.push_back({places_.Of(text), section, Fate::ignored});
+      if (!isRead) report_.statements.push_back({places_.Of(text), section, fate});
     }
     TellMark();
     if (read_.empty()) AddFinding(report_, 109, {places_.Number(), 1, 1, 1, 1}, Fate::ignored);
@@ -387,16 +390,16 @@ class TextFileChecker {
   }
 
   // Returns the number of the section.
-  std::size_t AddUnreadHeading(std::wstring_view heading) {
+  std::size_t AddUnreadHeading(std::wstring_view heading, Fate fate) {
     report_.sections.push_back(Utf8Of(heading));
     const Place place = places_.Of(heading);
     const std::optional<std::wstring_view> meant = HeadingMeant(heading);
     if (!meant) {
-      AddFinding(report_, 105, place, Fate::ignored);
+      AddFinding(report_, 105, place, fate);
     } else if (!heading.starts_with(*meant)) {
-      AddFinding(report_, 104, place, Fate::ignored, {heading, *meant});
+      AddFinding(report_, 104, place, fate, {heading, *meant});
     } else {
-      AddFinding(report_, file_.readForDomens ? 108 : 111, place, Fate::ignored);
+      AddFinding(report_, file_.readForDomens ? 108 : 111, place, fate);
     }
     return report_.sections.size() - 1;
   }
