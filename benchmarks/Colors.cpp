@@ -1,4 +1,4 @@
-// GetColorNum and GetColor on 10,000 key texts, asked for in no order, beside a binary search in a
+// Compares GetColorNum and GetColor on 10,000 key texts in random order with a binary search in a
 // sorted array of the same keys.
 //
 //   color_num/WHO/10000, color/WHO/10000
@@ -43,7 +43,7 @@ const Color& Find(const SortedColors& colors, std::wstring_view key) {
       ->second;
 }
 
-// In the order of a file, which is no order of the keys.
+// In file order, which is not that of the keys.
 SortedColors MakeColors(std::size_t count) {
   Random random(count);
   const Vocabulary vocabulary;
@@ -75,7 +75,7 @@ Color Ask(Editor& editor, const std::wstring& key) {
   return color;
 }
 
-// A case that asks for one key after the other.
+// Adds a case that looks up one key after the other.
 template <class Lookup>
 void AddLookup(const std::string& name, const std::vector<std::wstring>& keys, Lookup lookup) {
   AddCase(name, [&keys, lookup, next = std::size_t{0}]() mutable {

@@ -1,6 +1,6 @@
-// A copy of an editor beside the load that made it.
+// Compares the copy of an editor with the load that made it.
 //
-//   copy/WHO/SIZE  an editor with so many records, four items below each header
+//   copy/WHO/SIZE  an editor with SIZE records, with four items in each header
 
 #include <benchmark/benchmark.h>
 
@@ -45,7 +45,7 @@ int main(int argumentCount, char** arguments) {
   Load(editor, file);
   RequireSameAnswers(editor, data);
 
-  // The end of a copy is not timed, nor that of what was loaded.
+  // Destruction is not timed.
   AddTimedCase(CaseName("copy", "ours", data.name), [&] {
     std::optional<Editor> copy;
     return Seconds([&] { copy.emplace(editor); });

@@ -1,10 +1,10 @@
-// Domains in JSON5: CreateDomen beside nlohmann::json's parser, ExportJson beside its writer, on
-// the same tree.
+// Compares CreateDomen of JSON5 files with nlohmann::json's parser, and ExportJson with its writer,
+// on the same tree.
 //
-//   json_load/WHO/SIZE    a file of so many properties, with the comments that an export writes
+//   json_load/WHO/SIZE    a file of SIZE properties, with the comments that an export writes
 //   json_plain/WHO/SIZE   the same file without comments and blanks
-//   json_export/WHO/SIZE  from what is in memory to a file that isn't there yet
-//   json_replace/WHO/SIZE the same over an earlier export
+//   json_export/WHO/SIZE  from memory to a new file
+//   json_replace/WHO/SIZE from memory to the file of an earlier export
 
 #include <benchmark/benchmark.h>
 
@@ -71,8 +71,8 @@ void AddExport(const TempFolder& folder, const std::string& size, const std::wst
   DumpFile(*tree, dumped);
   Require(ParseFile(exported) == *tree && ParseFile(dumped) == *tree, "an export");
 
-  // Where there was no file, and over the file of an earlier export. That one is read first, as the
-  // configuration library knows no other way, though none of its values counts.
+  // To a new file, and to the file of an earlier export. The configuration library always reads
+  // that file first, though none of its values is used.
   for (const bool replacing : {false, true}) {
     const std::string row = replacing ? "json_replace" : "json_export";
     AddTimedCase(CaseName(row, "ours", size), [editor, exported, replacing] {

@@ -1,8 +1,8 @@
-// CreateClassificator, and CreateDomen of a text file, beside the reading and decoding of the same
-// file and beside a wide stream that reads its lines.
+// Compares CreateClassificator, and CreateDomen of a text file, with reading and decoding the same
+// file, and with a wide stream that reads its lines.
 //
-//   classificator/WHO/SIZE  a file of so many megabytes
-//   domain_text/WHO/SIZE    a file of so many properties of four fields each
+//   classificator/WHO/SIZE  a file of SIZE megabytes
+//   domain_text/WHO/SIZE    a file of SIZE properties with four fields each
 
 #include <benchmark/benchmark.h>
 
@@ -72,7 +72,7 @@ std::size_t CountLines(const std::wstring& path) {
   return count;
 }
 
-// Only the load is timed, and not the end of what was loaded.
+// Only the load is timed, not the destruction.
 template <class Load>
 void AddOurs(const std::string& row, const std::string& size, Load load) {
   AddTimedCase(CaseName(row, "ours", size), [load] {

@@ -1,12 +1,12 @@
-// GetClaccificatorCodeId beside its floor, the plain walk, RE2::Set and Hyperscan.
+// Compares GetClaccificatorCodeId with its floor, a linear scan, RE2::Set and Hyperscan.
 //
-//   lookup_warm/WHO/SIZE   a lookup of one of 1,000 texts, each of which was looked up before
-//   lookup_first/WHO/SIZE  a lookup of one of many texts, each for the first time, by a contestant
-//                          that was made anew, with nothing in the processor's caches
-//   lookup_build/WHO/SIZE  from patterns to the readiness for lookups; for the library the first of
-//                         them is part of it, as it makes the index
+//   lookup_warm/WHO/SIZE   a lookup of one of 1,000 texts that were all looked up before
+//   lookup_first/WHO/SIZE  a lookup of one of many texts, each for the first time, by a new
+//                          contestant, with cold processor caches
+//   lookup_build/WHO/SIZE  preparing the patterns for lookups; for the library this includes the
+//                          first lookup, which builds the index
 //
-// With --titles=FOLDER there is one more size, of the tables of that folder.
+// With --titles=FOLDER there is one more size, with the tables of that folder.
 
 #include <benchmark/benchmark.h>
 
@@ -36,8 +36,7 @@ namespace {
 constexpr std::size_t textCount = 10'000;
 constexpr std::size_t warmTextCount = 1'000;
 
-// Hyperscan takes a quarter of a minute to get ready for as many, and more than linearly longer
-// for more.
+// Hyperscan takes a quarter of a minute to prepare as many, and superlinear time for more.
 constexpr std::size_t mostForHyperscan = 10'000;
 
 class Editor {
@@ -45,7 +44,7 @@ class Editor {
   explicit Editor(const std::wstring& file) : editor(L"", L"") {
     Require(editor.CreateClassificator(L"S", L"", L"", file.c_str()) == 0, "the scheme's load");
     editor.SetActiveClassificator(L"S");
-    // The first lookup makes the index.
+    // The first lookup builds the index.
     editor.GetClaccificatorCodeId(L"");
   }
 
@@ -72,7 +71,7 @@ class Floor {
   UpperWords words;
 };
 
-// What the cases of one scheme share.
+// The data that the cases of one scheme share.
 struct Size {
   Size(LookupData made, const TempFolder& folder)
       : data(std::move(made)),
@@ -91,7 +90,7 @@ struct Size {
   std::vector<std::string> warmSubjects;
 };
 
-// Writes to twice as much memory as a last-level cache has.
+// Writes to twice the memory of a last-level cache.
 void EvictCaches() {
   static std::vector<char> other(std::size_t{64} << 20);
   for (std::size_t i = 0; i < other.size(); i += 64) ++other[i];
@@ -126,7 +125,7 @@ void AddFirstPass(const std::string& name, Make make, const std::vector<Text>& t
   })->Iterations(1);
 }
 
-// The cases of a contestant that gives answers, once these are the expected ones.
+// Adds the cases of a contestant, after checking that its answers are the expected ones.
 template <class Make, class Text>
 void AddContestant(const std::string& who, const Size& size, const std::vector<int>& expected,
                    Make make, const std::vector<Text>& texts, const std::vector<Text>& warmTexts) {
@@ -143,7 +142,7 @@ benchmark::internal::Benchmark* AddBuild(const std::string& who, const Size& siz
       ->Unit(benchmark::kMillisecond);
 }
 
-// The section is parsed as well, so that this is a bound on what the index alone takes.
+// Includes parsing the section, so this is an upper bound for the index alone.
 void AddOwnBuild(const Size& size) {
   const std::wstring text = library::DecodeUtf8(MakeMapText(size.data.patterns, Headers::codes));
   AddBuild("ours", size, [text] {
@@ -165,7 +164,7 @@ void AddRe2(const Size& size, const std::vector<int>& expected) {
   AddBuild("re2", size, [make] { make(); });
 }
 
-// Timed once each, as they take so long.
+// Timed once each, because they take so long.
 void AddHyperscan(const Size& size, const std::vector<int>& expected) {
   if (size.expressions.size() > mostForHyperscan) return;
   const HyperscanPeer peer(size.expressions);
@@ -176,7 +175,7 @@ void AddHyperscan(const Size& size, const std::vector<int>& expected) {
       ->Repetitions(1);
 }
 
-// The walk is slow among many patterns, and asked for the warm texts only.
+// The scan is slow among many patterns, so it gets only the warm texts.
 void AddWalk(const Size& size, const std::vector<int>& expected) {
   const auto walker = std::make_shared<Walker>(size.data.records);
   const std::vector<int> warmExpected(expected.begin(), expected.begin() + warmTextCount);
@@ -215,7 +214,7 @@ int main(int argumentCount, char** arguments) {
   const TempFolder folder;
   std::vector<std::unique_ptr<Size>> sizes;
   for (const std::size_t count : {100, 1'000, 10'000, 100'000}) {
-    if (brief && count > 1'000) break;  // among fewer, hardly any text fits two
+    if (brief && count > 1'000) break;  // among fewer, hardly any text matches two
     sizes.push_back(std::make_unique<Size>(MakeLookupData(count, textCount), folder));
   }
   if (!titles.empty()) sizes.push_back(std::make_unique<Size>(ReadRealData(titles), folder));

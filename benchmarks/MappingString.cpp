@@ -1,8 +1,8 @@
-// GetMappingStr with four items of three fields each, beside the lookup alone and one allocation
-// and copy of the same result. Every result is released where it was made, within the time.
+// Compares GetMappingStr with four items of three fields each with the lookup alone, and with one
+// allocation and copy of the same result. The time includes releasing each result.
 //
-//   mapping_warm/WHO/10000   of one of 1,000 texts, each of which was mapped before
-//   mapping_first/WHO/10000  of one of 10,000 texts, each for the first time since the load
+//   mapping_warm/WHO/10000   one of 1,000 texts that were all mapped before
+//   mapping_first/WHO/10000  one of 10,000 texts, each for the first time since the load
 
 #include <benchmark/benchmark.h>
 
@@ -49,7 +49,7 @@ void LookUpAndCopy(Editor& editor, const std::wstring& text, std::wstring_view r
   delete[] copy;
 }
 
-// What the headers of the scheme give, by their numbers.
+// Returns the mapping string by the numbers of the scheme's headers.
 std::wstring MakeExpected(Editor& editor, const std::wstring& text) {
   const int codeId = editor.GetClaccificatorCodeId(text.c_str());
   const std::wstring code = Take(editor.GetClaccificatorCode(codeId));

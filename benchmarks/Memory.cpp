@@ -1,9 +1,9 @@
-// The memory that one load takes at its peak, beside the size of the file.
+// Measures the peak memory of one load, compared with the size of the file.
 //
 //   bench_memory FILE
 //
-// prints both in bytes. A file whose name begins with "classificator" is loaded as that, any other
-// as a domain.
+// Prints both in bytes. A file whose name begins with "classificator" is loaded as a classificator,
+// any other as a domain.
 
 #include <cstddef>
 #include <cstdlib>

@@ -1,6 +1,6 @@
-// Writes the files that bench_memory loads, in a process of their own, so that what it takes to
-// make them doesn't count as theirs: classificator_1.txt of one megabyte and so on,
-// domain_10000.txt and domain_10000.json.
+// Writes the files that bench_memory loads: classificator_1.txt of one megabyte and so on,
+// domain_10000.txt and domain_10000.json. It is a separate program, so that the memory for making
+// them isn't counted.
 //
 //   bench_memory_files FOLDER [--brief]
 

@@ -1,4 +1,4 @@
-"""Draws the cost of a lookup over the number of patterns, as an SVG with two logarithmic axes."""
+"""Draws the cost of a lookup by the number of patterns, as an SVG with two logarithmic axes."""
 
 import math
 
@@ -26,7 +26,7 @@ def x_of(size):
 
 
 class Scale:
-    """The vertical axis: whole powers of ten around all costs."""
+    """Returns the bounds of the vertical axis: powers of ten around all costs."""
 
     def __init__(self, costs):
         self.low = math.floor(math.log10(min(costs)))
@@ -71,7 +71,7 @@ def curve(points, color, dashed):
 
 
 def labels(ends):
-    """Labels at the right, each beside the end of its curve or as near as the others let it."""
+    """Returns labels at the right, each as near to the end of its curve as the others allow."""
     lowest = -math.inf
     for y, label, color in sorted(ends):
         lowest = max(y + 4, lowest + LABEL_HEIGHT)
@@ -79,7 +79,7 @@ def labels(ends):
 
 
 def draw(times):
-    """`times` has the seconds of each case by its name."""
+    """`times` maps the name of each case to its seconds."""
     costs = {case: [(size, times[f"{case}/{size}"]) for size in SIZES if f"{case}/{size}" in times]
              for case, *_ in SERIES}
     scale = Scale([cost for points in costs.values() for _, cost in points])

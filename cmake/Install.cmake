@@ -1,11 +1,11 @@
-# What an installed package consists of.
+# The contents of an installed package.
 
 include(${CMAKE_CURRENT_LIST_DIR}/BillOfMaterials.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/Reproducible.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/VersionResource.cmake)
 
-# The header of the class needs those of src/ that its private members are made of. They stay in
-# their folders, below the one folder that a user's compiler is given.
+# The header of the class includes those of its private members in src/. They keep their folders,
+# below the only include folder.
 set_target_properties(RevitMappingEditorDll PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "")
 target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include src FILES
   include/PropertyParameter.h
@@ -26,10 +26,10 @@ target_sources(RevitMappingEditorDll PUBLIC FILE_SET HEADERS BASE_DIRS include s
   src/mapping/ParamItem.h
   src/mapping/ParamSection.h
   src/mapping/RememberedItems.h)
-# They are kept to C++17, which is as far as all compilers of C++/CLI go.
+# The headers are in C++17, the newest version that all C++/CLI compilers support.
 target_compile_features(RevitMappingEditorDll INTERFACE cxx_std_17)
 
-# How Visual Studio's debugger shows the records.
+# The views of the records in Visual Studio's debugger.
 set(natvis ${PROJECT_SOURCE_DIR}/packaging/RevitMappingEditorDll.natvis)
 if(CMAKE_GENERATOR MATCHES "Visual Studio")
   target_sources(RevitMappingEditorDll PRIVATE ${natvis})
@@ -81,7 +81,7 @@ write_bill_of_materials(
   ${PROJECT_BINARY_DIR}/RevitMappingEditorDll.spdx.json)
 install(FILES ${PROJECT_BINARY_DIR}/RevitMappingEditorDll.spdx.json DESTINATION ${share_folder})
 
-# Side by side as here, since a data file names its schema by a relative path.
+# Side by side as here, because a data file names its schema by a relative path.
 install(FILES LICENSE DESTINATION ${share_folder})
 install(FILES docs/api.md docs/domen.schema.json docs/formats.md docs/windows.md
   DESTINATION ${share_folder}/docs)
@@ -95,8 +95,7 @@ install(FILES
   data/zones.json
   DESTINATION ${share_folder}/data)
 
-# A zip file for each platform. With SOURCE_DATE_EPOCH in the environment its bytes are always the
-# same, too.
+# A zip file for each platform. It is reproducible too if SOURCE_DATE_EPOCH is set.
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_NAME RevitMappingEditorDll)
 set(CPACK_PACKAGE_VENDOR "The RevitMappingEditorDll authors")

@@ -1,8 +1,8 @@
-# Two builds of one commit give the same bytes, in whatever folders they stand. The compiler would
-# write the folders into debug information and into what an assertion prints.
+# Makes builds reproducible in any folder. Otherwise the compiler would write the names of the
+# folders into debug information and assertions.
 #
-# The linker of mingw-w64 is told in the main file to write no time. MSVC is left as it is: the PDB
-# file that it makes names the folders in any case.
+# The main file makes the linker of mingw-w64 write no time. MSVC is left out, because its PDB files
+# contain the folders in any case.
 
 if(NOT MSVC)
   set(own_targets ${rooms} RevitMappingEditorDll)

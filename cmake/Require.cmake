@@ -1,16 +1,16 @@
-# What the project takes from others. Where a package is missing, the configuration ends with a
-# sentence that says what needs it and how to go on: CMake's own says neither.
+# Finds the packages that the project uses. If one is missing, the configuration fails with a
+# sentence that says what needs it and how to continue, which CMake's own message doesn't.
 
-# `needer` is a plural. Behind the Debian package stand the options that do without it.
+# `needer` is a plural. The options that make the package unnecessary follow `debian_package`.
 function(end_for_missing package debian_package needer)
   list(TRANSFORM ARGN REPLACE "(.+)" "-D \\1=OFF" OUTPUT_VARIABLE without)
   list(JOIN without " " without)
-  # CMake breaks no line that begins with a blank.
+  # CMake doesn't wrap lines that begin with a blank.
   message(FATAL_ERROR
     " ${needer} need ${package}: apt-get install ${debian_package}, or configure with ${without}")
 endfunction()
 
-# The package's targets are those of the caller's folder.
+# The package's targets are visible in the caller's folder.
 function(require_package package)
   find_package(${package} QUIET)
   if(NOT ${package}_FOUND)
@@ -18,7 +18,7 @@ function(require_package package)
   endif()
 endfunction()
 
-# For a package without a configuration for CMake: a header that it has.
+# For a package without a CMake configuration: looks for one of its headers.
 function(require_header package header)
   string(MAKE_C_IDENTIFIER "${header}" name)
   find_path(folder_of_${name} ${header})
@@ -28,7 +28,7 @@ function(require_header package header)
   endif()
 endfunction()
 
-# For a cross build, which takes sources out of a folder of the build machine.
+# For a cross build, which uses sources in a folder of the build machine.
 function(require_folder package folder)
   if(NOT IS_DIRECTORY ${folder})
     end_for_missing(${package} ${ARGN})

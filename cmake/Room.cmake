@@ -1,5 +1,5 @@
-# A folder of src/ as a target of its own, which is named after the folder: its objects, once, for
-# every library and program that links it.
+# Adds a folder of src/ as an object library of the same name, for every library and program that
+# links it.
 
 function(add_room folder)
   cmake_path(GET folder FILENAME target)

@@ -1,4 +1,4 @@
-# What Windows shows of the DLL under "Properties, Details", from the version of the project.
+# The version resource of the DLL, which Windows shows under "Properties, Details".
 
 if(WIN32)
   enable_language(RC)

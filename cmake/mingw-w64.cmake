@@ -1,5 +1,5 @@
-# Builds for 64-bit Windows with Debian's mingw-w64, and runs what was built with Wine, whose prefix
-# stands in the build folder.
+# Builds for 64-bit Windows with Debian's mingw-w64, and runs the programs with Wine. Its prefix is
+# in the build folder.
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)

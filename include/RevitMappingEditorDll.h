@@ -118,8 +118,7 @@ class REVIT_MAPPING_EDITOR_API RevitMappingEditorDll {
 
   // Codes
 
-  // Returns the code id of the first pattern that matches the text, or -1: then the default code
-  // applies.
+  // Returns the code id of the first pattern that matches the text, or -1, for the default code.
   int GetClaccificatorCodeId(const wchar_t* text);
 
   // Returns the code of a code id, or the default code for -1. Raises `out_of_range`, "invalid

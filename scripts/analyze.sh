@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Looks for faults in the library's sources without running them: clang-tidy with the checks of
-# .clang-tidy, cppcheck, and the analyzer of g++. Fails on any finding.
+# Runs static analysis of the library's sources: clang-tidy with the checks of .clang-tidy,
+# cppcheck, and the analyzer of g++. Fails on any finding.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh clang-tidy-19 cppcheck
@@ -17,8 +17,8 @@ printf '%s\n' "${sources[@]}" |
   xargs -P "$(nproc)" -n 1 clang-tidy-19 -p "$build" --quiet \
     --extra-arg=-Wno-unknown-warning-option 2>"$build/tidy.log" || failed=1
 
-# Left out: that a loop could be an algorithm, that a list of items may come of its items alone, and
-# two parts that cppcheck doesn't see being used or changed through a pointer.
+# Suppressed: that a loop could be an algorithm, that a list of items can be made from its items
+# implicitly, and two places that cppcheck doesn't see used or changed through a pointer.
 echo "cppcheck"
 cppcheck --std=c++20 --enable=warning,style,performance,portability --quiet --error-exitcode=1 \
   --suppress=useStlAlgorithm \
@@ -27,9 +27,9 @@ cppcheck --std=c++20 --enable=warning,style,performance,portability --quiet --er
   --suppress=constParameter:src/mapping/CodeParams.cpp \
   -I include -I src -I src/json/cfg src || failed=1
 
-# It doesn't know yet that `new` never gives null, nor how an exception unwinds, nor what the
-# standard library initialises; what it says of these is left out. Doubly freed, used behind its
-# end, left open, jumped out of: that remains.
+# It doesn't know yet that `new` never returns null, nor how exceptions unwind, nor what the
+# standard library initialises, so these findings are suppressed. Double frees, uses after free,
+# leaked descriptors and bad jumps remain.
 echo "g++ -fanalyzer"
 for source in "${sources[@]}"; do
   g++ -std=c++20 -O1 -fanalyzer -Werror -Wno-analyzer-use-of-uninitialized-value \

@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# Measures the library beside the least work that could give the same results, and beside what a
-# user would pick instead.
+# Measures the library, the least work for the same results, and the alternatives.
 #
-#   scripts/bench.sh          measures, prints what was reached, and writes it into docs/measured/
-#   scripts/bench.sh --check  measures and prints, and fails if a ratio is not reached
-#   scripts/bench.sh --brief  runs everything once at its smallest size, for the answers alone
+#   scripts/bench.sh          measures, prints the results, and writes them into docs/measured/
+#   scripts/bench.sh --check  measures and prints, and fails if a ratio exceeds its bound
+#   scripts/bench.sh --brief  runs everything once at its smallest size, to check the answers only
 #
 # With --titles DIR the lookup is measured on real data too: the second columns of the tables in
 # DIR/classifications are patterns, those in DIR/models descriptions.
@@ -22,7 +21,7 @@ done
 cd "$(dirname "$0")/.."
 windows=()
 [ "$mode" = --brief ] || windows=(g++-mingw-w64-x86-64-posix wine64)
-. scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev nlohmann-json3-dev python3 \
+. scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev python3 \
   "${windows[@]}"
 
 benchmarks=(lookup mapping_string colors loads json queries copy)
@@ -39,7 +38,7 @@ build_for() {
   cmake --build "$2"
 }
 
-# The growth of memory in a load of each file, beside its size: measure_memory OUTPUT COMMAND…
+# Measures the peak memory of loading each file, and its size: measure_memory OUTPUT COMMAND…
 measure_memory() {
   local output=$1
   shift
@@ -48,7 +47,7 @@ measure_memory() {
   done >"$output"
 }
 
-# Runs a program, and shows what it has to say only if it fails: run NAME ARGUMENTS…
+# Runs a program, and shows its output only if it fails: run NAME ARGUMENTS…
 run() {
   local name=$1 log=$results/$1.log
   shift

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# How much of the library its tests reach: lines, branches, and conditions that decide on their own
-# (MC/DC). Prints a table by files and each line and branch that is not reached; fails below 100 % of
-# the lines or 98 % of the branches.
+# Measures the test coverage of the library: lines, branches, and conditions (MC/DC). Prints a table
+# by file and each line and branch that is not reached. Fails below 100 % of the lines or 98 % of
+# the branches.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh clang-19 libclang-rt-19-dev llvm-19
@@ -13,14 +13,14 @@ cmake -S . -B "$build" -G Ninja -D CMAKE_BUILD_TYPE= -D CMAKE_CXX_COMPILER=clang
   -D CMAKE_CXX_FLAGS="$flags" -D CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST >/dev/null
 cmake --build "$build" --target tests request_tests
 
-# The programs that tests run reach the library as well, each into a profile of its own.
+# Programs that tests run use the library too, each with its own profile.
 rm -rf "$profiles"
 export LLVM_PROFILE_FILE=$profiles/%m-%p.profraw
 "$build/tests/tests" --gtest_brief=1
 "$build/tests/request_tests" --gtest_brief=1
 llvm-profdata-19 merge -sparse "$profiles"/*.profraw -o "$build/tests.profdata"
 
-# What counts is the library as it is built: its functions, whichever program ran them.
+# Counts the functions of the built library, whichever program ran them.
 llvm_cov() {
   llvm-cov-19 "$@" "$build/libRevitMappingEditorDll.so" -instr-profile="$build/tests.profdata" \
     2> >(grep -v 'mismatched data' >&2)
@@ -28,7 +28,7 @@ llvm_cov() {
 llvm_cov report -show-region-summary=false -show-branch-summary -show-mcdc-summary |
   sed 's/   */  /g' | tee "$build/report.txt"
 
-# Not reached: "file:line", or "file:line branch".
+# Prints what is not reached: "file:line", or "file:line branch".
 llvm_cov export -format=lcov | awk -F'[:,]' '
   /^SF:/ { file = $2; sub(/^.*build\//, "", file) }
   /^DA:/ && $3 == 0 { print "not reached: " file ":" $2 }

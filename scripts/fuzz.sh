@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Feeds the library with inputs that a fuzzer makes up, and holds its answers against the plain forms
-# of its rules.
+# Fuzzes the library, and compares its answers with the naive forms of its rules.
 #
-#   scripts/fuzz.sh [SECONDS [HARNESS…]]  fuzzes, each harness for so long; all of them for 60 seconds
-#   scripts/fuzz.sh --replay              runs each harness over its corpus and its seeds once
-#   scripts/fuzz.sh --merge [HARNESS…]    writes the archive of each corpus anew: of it and of what was
-#                                         found, only what it takes to reach all that both reach
+#   scripts/fuzz.sh [SECONDS [HARNESS…]]  fuzzes with each harness for this time; default: all of
+#                                         them for 60 seconds
+#   scripts/fuzz.sh --replay              runs each harness on its corpus and its seeds once
+#   scripts/fuzz.sh --merge [HARNESS…]    merges new finds into the archive of each corpus, and keeps
+#                                         only the inputs that its coverage needs
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh clang-19 libclang-rt-19-dev locales
@@ -14,13 +14,13 @@ harnesses=(classificator text_domen json5 json5_round_trip editor_calls)
 build=build/linux-fuzz
 limits=(-timeout=20 -rss_limit_mb=3000 -print_final_stats=1)
 
-# The harnesses write files for each input, which no disk has to keep.
+# The harnesses write files for each input, which are better kept in memory.
 [ ! -w /dev/shm ] || export TMPDIR=/dev/shm
 
 cmake --preset linux-fuzz >/dev/null
 cmake --build --preset linux-fuzz
 
-# Where there is nothing to run, a harness passes without a word.
+# Without inputs a harness would pass silently.
 expect_inputs() {
   [ -n "$(find "$1" -type f -print -quit)" ] || { echo "No input in $1" >&2; exit 1; }
 }
@@ -37,7 +37,7 @@ unpack() {
   expect_inputs "tests/fuzz/seeds/$1"
 }
 
-# The same inputs give the same bytes: nothing is kept of who packed them, and when.
+# The same inputs yield the same archive: it has no owners and times.
 pack() {
   expect_inputs "$build/merged/$1"
   tar --sort=name --format=ustar --owner=0 --group=0 --numeric-owner --mtime=@0 --mode=a=rX,u+w \
@@ -50,7 +50,7 @@ replay() {
   "$build/tests/fuzz/fuzz_$1" "${limits[@]}" -runs=0 "$build/unpacked/$1" "tests/fuzz/seeds/$1"
 }
 
-# What is found new stays in the build folder, until it is merged.
+# New finds stay in the build folder until they are merged.
 fuzz() {
   unpack "$1"
   mkdir -p "$build/found/$1"

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Measures what inputs that are made to be dear cost at their full size and at half of it, writes the
-# figures into docs/measured/hostile.md, and fails if one costs more than its size accounts for.
+# Measures the cost of adversarial inputs at their full size and at half of it, writes the figures
+# into docs/measured/hostile.md, and fails if a cost exceeds its bound.
 #
 #   scripts/hostile.sh          measures all
-#   scripts/hostile.sh TEXT     measures those that have the text in their names, and only prints
+#   scripts/hostile.sh TEXT     measures those with the text in their names, and only prints
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh python3

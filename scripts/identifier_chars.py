@@ -13,12 +13,12 @@ from pathlib import Path
 
 DATA = Path("/usr/share/unicode")
 
-# The version that the differences below belong to.
+# The Unicode version that the differences below refer to.
 VERSION = "15.0.0"
 NEWEST_AGE = (10, 0)
 
-# The data have the categories of their own version. These characters had others in Unicode 10.0.
-# All other changes since then stay within the letters, or outside of letters and marks.
+# The data have the categories of this version. These characters had others in Unicode 10.0. All
+# other changes since then are among letters, or outside of letters and marks.
 CATEGORIES_IN_10 = {0x111C9: "Po", 0x1CF2: "Mc", 0x1CF3: "Mc"}
 
 LETTERS = ["Lu", "Ll", "Lt", "Lm", "Lo", "Nl"]
@@ -55,7 +55,7 @@ inline constexpr CodeRange identifierMarks[] = {{
 
 
 def parse_ages(text):
-    """The Unicode version that assigned each code point, as (major, minor)."""
+    """Returns the Unicode version that assigned each code point, as (major, minor)."""
     ages = {}
     for line in text.splitlines():
         line = line.partition("#")[0]
@@ -69,7 +69,7 @@ def parse_ages(text):
 
 
 def parse_categories(text):
-    """The general category of each assigned code point."""
+    """Returns the general category of each assigned code point."""
     categories = {}
     first_of_range = None
     for line in text.splitlines():
@@ -84,7 +84,7 @@ def parse_categories(text):
 
 
 def ranges_of(categories, ages, wanted):
-    """The ranges of code points above ASCII that had one of these categories in Unicode 10.0."""
+    """Returns the ranges of code points above ASCII with these categories in Unicode 10.0."""
     ranges = []
     for code in sorted(categories):
         if code < FIRST_ABOVE_ASCII or ages[code] > NEWEST_AGE:
@@ -99,7 +99,7 @@ def ranges_of(categories, ages, wanted):
 
 
 def format_ranges(ranges):
-    """The ranges in columns, as clang-format aligns them."""
+    """Returns the ranges in columns, as clang-format aligns them."""
     items = [f"{{0x{first:X}, 0x{last:X}}}," for first, last in ranges]
     width = max(map(len, items)) + 1
     rows = [items[i:i + RANGES_PER_LINE] for i in range(0, len(items), RANGES_PER_LINE)]

@@ -1,7 +1,7 @@
-# Installs what the project needs from Debian's packages, if anything is missing. For sourcing, with
-# the names of what is needed beyond the build itself.
+# Installs missing Debian packages that the project needs. To be sourced, with the names of packages
+# that are needed beyond the build itself.
 
-packages=(cmake g++ ninja-build libcli11-dev libgtest-dev "$@")
+packages=(cmake g++ ninja-build libcli11-dev libgtest-dev nlohmann-json3-dev "$@")
 
 as_root=()
 [ "$(id -u)" = 0 ] || as_root=(sudo)

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # Checks the formatting, then builds and tests everything: with sanitizers, for Windows under Wine,
-# and as released; two editors on two threads with the thread sanitizer. Then it replays the corpora
-# of the fuzzer, fuzzes for a minute, and at last runs each benchmark once, so that none falls behind
-# the library.
+# and as released, and threads with the thread sanitizer. Then it replays the corpora of the fuzzer,
+# fuzzes for a minute, and runs each benchmark once, so that they stay up to date.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 node=()
@@ -10,7 +9,7 @@ command -v npm >/dev/null || node=(nodejs npm)
 . scripts/setup.sh clang-format clang-19 locales g++-mingw-w64-x86-64-posix googletest wine64 \
   python3 unicode-data "${node[@]}"
 
-# Locales whose numbers and capitals are written otherwise, which must change nothing.
+# Locales with other numbers and capitals, which must change nothing.
 for name in de_DE ru_RU tr_TR; do
   locale -a | grep -qix "$name\.utf-\?8" ||
     "${as_root[@]}" localedef -i "$name" -f UTF-8 "$name.UTF-8"
@@ -19,14 +18,14 @@ done
 find include src tests tools examples benchmarks -name '*.h' -o -name '*.cpp' |
   xargs clang-format --dry-run --Werror
 
-# The reference tools that JSON5 files are held against, at the versions that their locks name.
+# The reference tools that JSON5 files are compared with, at their locked versions.
 for tool in referee schema; do
   mkdir -p "build/npm/$tool"
   cp "tests/json/$tool"/* "build/npm/$tool/"
   npm ci --loglevel=error --no-audit --no-fund --prefix "build/npm/$tool"
 done
 
-# Now and then Wine ends a program before it has begun, without a word of the test: it may try again.
+# Wine sometimes ends a program before it starts, without any output, so a test may be repeated.
 declare -A repeat=([windows-mingw]="--repeat until-pass:2")
 for preset in linux-sanitize windows-mingw linux-release; do
   cmake --preset "$preset" >/dev/null

@@ -37,7 +37,7 @@ std::vector<Result> Column(const std::vector<Data>& data, Project project) {
   return column;
 }
 
-// All properties, or those for objects of one type.
+// Checks the list of all properties, or of those for objects of one type.
 bool Lists(Editor& editor, const std::wstring& id, std::vector<std::wstring> types,
            const DomainData& expected) {
   std::vector<const wchar_t*> typeTexts;

@@ -5,6 +5,6 @@
 #include "RevitMappingEditorDll.h"
 #include "support/Domains.h"
 
-// Whether the editor's domain of this id answers every query as the data do.
+// Returns whether the answers of all queries over the editor's domain with this id are the data.
 bool HasDomain(TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll& editor,
                const std::wstring& id, const DomainData& domain);

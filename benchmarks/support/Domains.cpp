@@ -18,8 +18,7 @@ namespace {
 constexpr std::size_t fieldsOfProperty = 4;
 constexpr int typeCount = 6;
 
-// By the number of the type: the keyword in a text file, the code in a JSON5 file, and the key of
-// the default there.
+// By type: the keyword in a text file, the code in a JSON5 file, and the key of the default there.
 constexpr const char* keywords[typeCount] = {"int", "real", "str", "ilist", "rlist", "slist"};
 constexpr const char* codes[typeCount] = {"i", "r", "s", "ai", "ar", "as"};
 constexpr const char* defaultKeys[typeCount] = {"iDefault", "rDefault", "sDefault",
@@ -92,7 +91,7 @@ std::vector<std::string> FieldNames(const PropertyData& property) {
   return names;
 }
 
-// The domain and the properties, which a file and an export have in common.
+// Returns the domain and the properties, which a file and an export have in common.
 json MakeCommonTree(const DomainData& domain, const std::string& name) {
   json tree;
   tree["Domen"] = {{"sName", name}, {"asFuncsNames", Ids(domain)}};
@@ -107,7 +106,7 @@ json MakeCommonTree(const DomainData& domain, const std::string& name) {
   return tree;
 }
 
-// The lines of a file in JSON5, each but the last of its object with a comma.
+// Writes the lines of a JSON5 file, with a comma after each but the last of an object.
 class Lines {
  public:
   void Open(const std::string& key) {
@@ -229,7 +228,7 @@ json MakeFileTree(const DomainData& domain, const std::string& name) {
 }
 
 json MakeExportTree(const DomainData& domain, const std::string& name) {
-  // A field goes under the type ahead of its own, with a default that is always the same.
+  // An export writes a field with the previous type and a constant default.
   const json defaults[] = {1, 1.0, ""};
   json tree = MakeCommonTree(domain, name);
   for (const PropertyData& property : domain) {

@@ -1,4 +1,4 @@
-// A property domain of any size, in the forms in which it comes and goes.
+// Generates property domains of any size, in the formats that the library reads and writes.
 
 #pragma once
 
@@ -26,15 +26,15 @@ struct PropertyData {
 // In the order of the ids.
 using DomainData = std::vector<PropertyData>;
 
-// This many properties of four fields each, of all six types, for one to three of twenty types of
-// objects.
+// Returns properties with four fields each, of all six types, for one to three of twenty object
+// types.
 DomainData MakeDomain(std::size_t propertyCount);
 
-// The two kinds of domain files. The one in JSON looks as an export does, with a comment behind
-// each value, but has the right types and defaults.
+// Return the two kinds of domain files. The JSON5 file looks like an export, with a comment after
+// each value, but has the correct types and defaults.
 std::string MakeDomainText(const DomainData& domain, const std::string& id);
 std::string MakeDomainJson(const DomainData& domain, const std::string& name);
 
-// The tree that the file in JSON holds, and the one that an export of the domain holds.
+// Return the tree of the JSON5 file, and that of an export of the domain.
 nlohmann::json MakeFileTree(const DomainData& domain, const std::string& name);
 nlohmann::json MakeExportTree(const DomainData& domain, const std::string& name);

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-// The memory of this process that is in the machine's main memory, in bytes.
+// The resident memory of this process, in bytes.
 struct MemoryUse {
   std::size_t now;
   std::size_t peak;

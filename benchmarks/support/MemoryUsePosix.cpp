@@ -1,4 +1,4 @@
-// As Linux tells it. Other systems of this kind don't have the file.
+// Reads /proc, which only Linux has.
 
 #include <fstream>
 #include <stdexcept>
@@ -8,7 +8,7 @@
 
 namespace {
 
-// The value of a line like "VmHWM:     1234 kB".
+// Returns the value of a line like "VmHWM:     1234 kB".
 std::size_t ReadStatus(const std::string& name) {
   std::ifstream status("/proc/self/status");
   for (std::string key; status >> key; std::getline(status, key)) {

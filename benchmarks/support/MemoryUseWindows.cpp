@@ -1,5 +1,5 @@
 #include <windows.h>
-// In this order: the second needs the first.
+// In this order, because the second needs the first.
 #include <psapi.h>
 
 #include <stdexcept>

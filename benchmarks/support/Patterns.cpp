@@ -24,7 +24,7 @@ std::vector<std::wstring> MakePatterns(const Vocabulary& vocabulary, std::size_t
   return patterns;
 }
 
-// The words of a pattern as a description has them: with a capital each, some with an ending.
+// Returns the words of a pattern as in a description: capitalised, some with an ending.
 std::wstring MakeBeginning(std::wstring_view pattern, Random& random) {
   std::wstring text;
   bool atStart = true;
@@ -36,15 +36,15 @@ std::wstring MakeBeginning(std::wstring_view pattern, Random& random) {
   return text;
 }
 
-// Puts an "x", which no word of the vocabulary has, into the first word or the second: then no
-// pattern fits that has this word.
+// Inserts an "x", which no word of the vocabulary has, into the first or second word, so that no
+// pattern with this word matches.
 void Misspell(std::wstring& text, Random& random) {
   const std::size_t blank = text.find(L' ');
   const bool inFirst = blank == text.npos || random.Below(2) == 0;
   text[inFirst ? 1 : blank + 2] = L'x';
 }
 
-// Adds words and sizes until there are 20 to 80 characters.
+// Appends words and sizes until there are 20 to 80 characters.
 std::wstring Lengthen(std::wstring text, const Vocabulary& vocabulary, Random& random) {
   const std::size_t length = std::max(text.size(), random.Between<std::size_t>(20, 80));
   while (text.size() < length) {
@@ -63,7 +63,7 @@ std::vector<Tokens> TakeOneWordRecords(const std::vector<Tokens>& records) {
   return std::vector<Tokens>(records.begin(), end);
 }
 
-// One text in two begins with the words of a pattern, the other nearly does.
+// Half of the texts begin with the words of a pattern, the others nearly do.
 std::vector<std::wstring> MakeTexts(const LookupData& data, std::size_t count,
                                     const Vocabulary& vocabulary, Random& random) {
   const std::vector<Tokens> oneWordRecords = TakeOneWordRecords(data.records);
@@ -89,7 +89,7 @@ std::vector<Tokens> MakeRecords(const std::vector<std::wstring>& patterns) {
   return records;
 }
 
-// The second column of all tables in a folder, in the order of the files' names.
+// Returns the second column of all tables in a folder, in the order of the file names.
 std::vector<std::wstring> ReadSecondColumn(const fs::path& folder) {
   std::vector<fs::path> files;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
@@ -109,8 +109,8 @@ std::vector<std::wstring> ReadSecondColumn(const fs::path& folder) {
 
 }  // namespace
 
-// Two patterns in a hundred have one word, and that may be a rare one: with the frequent words
-// alone, they would be the answer to nearly every description.
+// Two percent of the patterns have a single word, which may be a rare one: if it were always
+// frequent, nearly every description would match them.
 std::wstring MakePattern(const Vocabulary& vocabulary, Random& random) {
   const std::size_t kind = random.Below(100);
   if (kind < 2) return vocabulary.Any(random);

@@ -1,4 +1,4 @@
-// Patterns and the descriptions that are looked up among them: generated ones and real ones.
+// Patterns and descriptions to look up among them, generated and real.
 
 #pragma once
 
@@ -11,22 +11,21 @@
 #include "support/Vocabulary.h"
 #include "support/Words.h"
 
-// A scheme and the texts that are looked up in it.
+// A scheme and the texts to look up in it.
 struct LookupData {
-  std::string name;                    // the number of patterns, or where they are from
+  std::string name;                    // the number of patterns, or their source
   std::vector<std::wstring> patterns;  // in the order of the file
-  std::vector<Tokens> records;         // sorted by their number, as code ids count them
+  std::vector<Tokens> records;         // sorted by their number of words, as by code ids
   std::vector<std::wstring> texts;
 };
 
-// A pattern of one to four words.
+// Returns a pattern of one to four words.
 std::wstring MakePattern(const Vocabulary& vocabulary, Random& random);
 
-// `count` different patterns, and descriptions of 20 to 80 characters, half of
-// which match. No two descriptions are equal.
+// Returns `count` different patterns, and different descriptions of 20 to 80 characters, half of
+// which match.
 LookupData MakeLookupData(std::size_t count, std::size_t textCount);
 
-// The second columns of the tables in `folder`/classifications as patterns, and of those in
-// `folder`/models as descriptions, as they stand. Raises `filesystem_error` if one of the two
-// folders is missing.
+// Returns the second columns of the tables in `folder`/classifications as patterns, and of those in
+// `folder`/models as descriptions. Throws `filesystem_error` if one of the folders is missing.
 LookupData ReadLookupData(const std::filesystem::path& folder);

@@ -23,8 +23,8 @@ void AppendEscaped(std::string& expression, std::string_view token) {
   }
 }
 
-// Bytes instead of code points give the same answers here, with smaller automata. The bound on the
-// memory is so wide that the automaton of 100,000 patterns is never thrown away.
+// Matching bytes instead of code points has the same answers here, with smaller automata. The
+// memory bound is large enough that the automaton of 100,000 patterns is never discarded.
 RE2::Options Re2Options() {
   RE2::Options options(RE2::Latin1);
   options.set_max_mem(std::int64_t{8} << 30);

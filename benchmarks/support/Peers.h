@@ -1,5 +1,5 @@
-// What a user would pick for a lookup otherwise: libraries that search for many regular expressions
-// at once. They get their patterns and texts in UTF-8 and in capitals, made beforehand.
+// The alternatives for a lookup: libraries that search for many regular expressions at once. Their
+// patterns and texts are converted to UTF-8 and capitals beforehand.
 
 #pragma once
 
@@ -13,17 +13,17 @@
 
 #include "support/Words.h"
 
-// The regular expression that finds what the tokens find: "^BASIC[^ ]* WALL".
+// Returns the regular expression that is equivalent to the tokens, like "^BASIC[^ ]* WALL".
 std::string MakeExpression(const Tokens& tokens);
 
-// The words of a text in capitals, as the expressions expect them.
+// Returns the words of a text in capitals, as the expressions expect them.
 std::string MakeSubject(std::wstring_view text);
 
 class Re2Peer {
  public:
   explicit Re2Peer(const std::vector<std::string>& expressions);
 
-  // The position of the first expression that fits, or -1.
+  // Returns the position of the first expression that matches, or -1.
   int Find(const std::string& subject);
 
  private:
@@ -31,12 +31,12 @@ class Re2Peer {
   std::vector<int> matches;
 };
 
-// Copies share what was compiled. It doesn't change in a search, so that a copy is as good as new.
+// Copies share the compiled database, which a search doesn't change, so a copy is as good as new.
 class HyperscanPeer {
  public:
   explicit HyperscanPeer(const std::vector<std::string>& expressions);
 
-  // The position of the first expression that fits, or -1.
+  // Returns the position of the first expression that matches, or -1.
   int Find(const std::string& subject) const;
 
  private:

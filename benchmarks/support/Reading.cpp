@@ -7,7 +7,7 @@
 
 namespace {
 
-// The number of bytes that the first byte of a sequence announces.
+// Returns the length of a sequence by its first byte.
 std::size_t SequenceLength(unsigned char first) {
   return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }

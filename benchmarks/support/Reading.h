@@ -1,4 +1,4 @@
-// What a load does at least, and what a user would read such a file with.
+// The least work of a load, and the standard way to read such a file.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-// A text whose memory was not filled with anything before the text was written into it.
+// A text whose memory was not initialised before the text was written into it.
 struct DecodedText {
   std::unique_ptr<wchar_t[]> units;
   std::size_t length;
@@ -17,8 +17,8 @@ struct DecodedText {
   std::wstring_view View() const { return {units.get(), length}; }
 };
 
-// The whole file, decoded. It must be well-formed UTF-8, and not change its size meanwhile.
+// Returns the whole file, decoded. REQUIRES: it is well-formed UTF-8 and its size doesn't change.
 DecodedText ReadAndDecode(const std::filesystem::path& path);
 
-// A wide stream that decodes UTF-8.
+// Returns a wide stream that decodes UTF-8.
 std::wifstream OpenWideStream(const std::filesystem::path& path);

@@ -10,7 +10,7 @@
 
 namespace {
 
-// What follows the prefix in the last argument that has it. All that have it are taken out.
+// Removes all arguments with the prefix, and returns the rest of the last one.
 std::optional<std::string> TakeArgument(std::string_view prefix, int& argumentCount,
                                         char** arguments) {
   std::optional<std::string> rest;
@@ -51,6 +51,6 @@ std::string CaseName(const std::string& row, const std::string& who, const std::
 
 void Require(bool equal, const std::string& what) {
   if (equal) return;
-  std::cerr << what << " gives other answers\n";
+  std::cerr << what << " returns other answers\n";
   std::exit(EXIT_FAILURE);
 }

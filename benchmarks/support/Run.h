@@ -1,5 +1,5 @@
-// What all programs have in common: how they are started, how cases get their names, and how a case
-// is timed that can't be repeated as it stands.
+// What all programs share: their arguments, the names of cases, and timing cases that can't simply
+// be repeated.
 
 #pragma once
 
@@ -9,28 +9,27 @@
 #include <string>
 #include <utility>
 
-// Whether everything is to be run once, at its smallest size: `--brief` among the arguments, which
-// is taken out of them.
+// Removes `--brief` from the arguments and returns whether it was there: everything is run once, at
+// its smallest size.
 bool TakeBrief(int& argumentCount, char** arguments);
 
-// The folder of `--titles=FOLDER` among the arguments, which is taken out of them; empty if it is
-// not there.
+// Removes `--titles=FOLDER` from the arguments and returns the folder, or "" if it was not there.
 std::string TakeTitles(int& argumentCount, char** arguments);
 
-// Gives all memory that is free back to the system, so that a load takes new memory, as the only
-// load of a process does. Otherwise a small file would be read into what a large one has left.
+// Returns all free memory to the system, so that each load needs new memory, as the only load of a
+// process does. Otherwise a small file would be read into memory that a large one has left.
 void ReturnFreeMemory();
 
-// Runs the registered cases that the other arguments select. Gives the exit status of the program.
+// Runs the registered cases that the other arguments select. Returns the program's exit status.
 int RunCases(int argumentCount, char** arguments);
 
-// "row/who/size": the report finds its figures by these names.
+// Returns "row/who/size", the name by which the report finds the figures.
 std::string CaseName(const std::string& row, const std::string& who, const std::string& size);
 
-// Ends the program if two contestants differ in what they give.
+// Ends the program unless the results of two contestants are equal.
 void Require(bool equal, const std::string& what);
 
-// Registers a case of which each iteration is one call.
+// Registers a case with one call per iteration.
 template <class Call>
 benchmark::internal::Benchmark* AddCase(const std::string& name, Call call) {
   return benchmark::RegisterBenchmark(name.c_str(), [call](benchmark::State& state) mutable {
@@ -38,7 +37,7 @@ benchmark::internal::Benchmark* AddCase(const std::string& name, Call call) {
   });
 }
 
-// Registers a case of which each iteration is one call, with a part of it that tells its own time.
+// Registers a case with one call per iteration, which returns the time of its measured part.
 template <class Call>
 benchmark::internal::Benchmark* AddTimedCase(const std::string& name, Call call) {
   return benchmark::RegisterBenchmark(name.c_str(),
@@ -48,8 +47,8 @@ benchmark::internal::Benchmark* AddTimedCase(const std::string& name, Call call)
       ->UseManualTime();
 }
 
-// The processor time in seconds that a call takes, so that it doesn't matter what else the machine
-// does meanwhile. All files that are read have been written just before, and are in memory.
+// Returns the processor time of a call in seconds, which doesn't depend on the load of the machine.
+// All files that are read have just been written and are in memory.
 template <class Call>
 double Seconds(Call call) {
   const std::clock_t start = std::clock();

@@ -1,4 +1,4 @@
-// Texts of classificator files.
+// Generates classificator files.
 
 #pragma once
 
@@ -8,16 +8,16 @@
 
 enum class Headers { codes, codesAndItems };
 
-// The four items that the code of this number fills in, as the header in a file has them and as a
-// mapping string has them. Each fills the three fields of a property.
+// Return the four items of the code with this number, as in a header and as in a mapping string.
+// Each fills the three fields of a property.
 std::string HeaderItems(std::size_t code);
 std::wstring MappedItems(std::size_t code);
 
-// A ==MAPTEXT section without its heading: eight of the patterns below each header, the codes being
-// C0, C1 and so on.
+// Returns a ==MAPTEXT section without its heading: eight of the patterns below each header, with
+// the codes C0, C1 and so on.
 std::string MakeMapText(const std::vector<std::wstring>& patterns, Headers headers);
 
-// A file with this section, and with the domain that the items are from.
+// Returns a file with this section and the domain of the items.
 std::string MakeScheme(const std::vector<std::wstring>& patterns, Headers headers);
 
 struct SchemeFile {
@@ -26,6 +26,6 @@ struct SchemeFile {
   int colorCount = 0;
 };
 
-// A file of `size` bytes or a line more: eight tenths patterns, one tenth property items in
+// Returns a file of `size` bytes or a line more: eight tenths patterns, one tenth property items in
 // ==PARAM, one tenth colours.
 SchemeFile MakeSchemeFile(std::size_t size);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t wordCount = 20'000;
 
-// Two to four syllables, the last of which may be closed: 4 to 13 letters.
+// Returns a word of two to four syllables, the last of which may be closed: 4 to 13 letters.
 std::wstring MakeWord(Random& random) {
   constexpr std::wstring_view consonants = L"bcdfghklmnprstvz";
   constexpr std::wstring_view vowels = L"aeiou";

@@ -1,4 +1,4 @@
-// The words that the generated files and descriptions are made of.
+// The words of the generated files and descriptions.
 
 #pragma once
 
@@ -8,18 +8,18 @@
 
 #include "support/Random.h"
 
-// 20,000 made-up words of small Latin letters. Some are the beginning of others, as in a language.
+// 20,000 random words of small Latin letters. Some are prefixes of others, as in a language.
 class Vocabulary {
  public:
   Vocabulary();
 
-  // A word as often as it occurs in a text: the n-th of the vocabulary with a weight of 1/n.
+  // Returns a word by its frequency in texts, Zipf's law: the n-th has the weight 1/n.
   const std::wstring& Frequent(Random& random) const;
 
-  // Any word as often as any other.
+  // Returns a word; all are equally likely.
   const std::wstring& Any(Random& random) const { return words[random.Below(words.size())]; }
 
  private:
   std::vector<std::wstring> words;
-  std::vector<std::uint64_t> weightSums;  // of each word and all ahead of it
+  std::vector<std::uint64_t> weightSums;  // of each word and all before it
 };

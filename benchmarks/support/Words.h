@@ -1,5 +1,5 @@
-// What a lookup does by rule, in its plainest form: the floor of every lookup, and the walk that
-// others are held against.
+// The rules of a lookup in their simplest form: the floor of every lookup, and a linear scan to
+// compare with.
 
 #pragma once
 
@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-// The text in capitals by the facet of the global locale, cut at blanks. Buffers that live longer
-// than a call make it the least work that a lookup of whole texts can begin with.
+// Converts a text to capitals by the facet of the global locale and splits it at blanks. The
+// buffers are reused, so this is the least work for a lookup of whole texts.
 class UpperWords {
  public:
   const std::vector<std::wstring_view>& Cut(std::wstring_view text);
@@ -22,6 +22,6 @@ using Tokens = std::vector<std::wstring>;  // the words of a pattern, in capital
 
 Tokens MakeTokens(std::wstring_view pattern);
 
-// The position of the first pattern whose tokens begin the words of the text, or -1. Patterns are
-// in capitals already, and the text is put into them once for all patterns.
+// Returns the position of the first pattern whose tokens are prefixes of the words of the text, or
+// -1. The patterns are in capitals already; the text is converted once for all patterns.
 int Walk(const std::vector<Tokens>& records, std::wstring_view text);

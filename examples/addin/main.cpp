@@ -1,5 +1,5 @@
-// An add-in without its host: loads the sample data, asks every call of the library, destroys the
-// editor, and only then reads and reports what it was given.
+// An add-in without its host: loads the sample data, makes every call of the library, destroys the
+// editor, and only then reads and reports the results.
 //
 //   addin DATA_FOLDER
 
@@ -20,11 +20,11 @@ using TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
 
 namespace {
 
-// A string result, which is the caller's.
+// A string result, owned by the caller.
 using Text = std::unique_ptr<const wchar_t[]>;
 
-// The arrays of one call, which are the caller's too, each string by itself. A count of 0 leaves
-// them as they stand here.
+// The arrays of one call, owned by the caller with each of their strings. A call with no results
+// doesn't write them.
 struct Table {
   Table() = default;
   Table(const Table&) = delete;
@@ -59,7 +59,7 @@ struct Answers {
   bool refusalExpected = false;
 };
 
-// What a call raises, across the boundary of the library.
+// Returns the exception that a call throws across the boundary of the library.
 template <class Call>
 std::string Caught(Call call) {
   try {
@@ -80,7 +80,7 @@ void Add(std::wstring& list, int number) {
 
 void Load(RevitMappingEditorDll& editor, Answers& to) {
   to.noClassificator = Caught([&] { editor.SetActiveColorat(L"group"); });
-  Add(to.selected, editor.SetActiveClassificator(L"UF"));  // there is none to choose from
+  Add(to.selected, editor.SetActiveClassificator(L"UF"));  // there is none to select
   Add(to.loaded, editor.CreateClassificator(L"UF", L"UniFormat", L"ClassCode", L"uniformat.txt"));
   Add(to.loaded, editor.CreateClassificator(L"RU", L"Russian", L"Code", L"classificator_ru.txt"));
   for (const wchar_t* file : {L"domens.txt", L"zones.json"}) {
@@ -92,14 +92,14 @@ void Load(RevitMappingEditorDll& editor, Answers& to) {
                                 to.classificators.names);
 }
 
-// A path that the system refuses to look for: a link that leads to itself, or, where links can't be
-// made, a name beyond all bounds, which not every system minds.
+// A path that the system refuses to resolve: a link to itself, or, if links can't be made, a name
+// that is too long, which not every system refuses.
 void AskRefusedPath(RevitMappingEditorDll& editor, Answers& to) {
   const fs::path link = fs::current_path() / "addin-link.txt";
   std::error_code error;
   fs::remove(link, error);
   fs::create_symlink(link, link, error);
-  // Some systems say that they have made one, and have not.
+  // Some systems report success without making one.
   to.refusalExpected = fs::is_symlink(fs::symlink_status(link, error));
   const std::wstring path = to.refusalExpected ? link.wstring() : std::wstring(40000, L'x');
   to.refused = Caught([&] { editor.CreateDomen(path.c_str()); });
@@ -174,7 +174,7 @@ void CopyAndAssign(const RevitMappingEditorDll& editor, Answers& to) {
   to.assigned.reset(other.GetMappingStr(L"Grade Beam:400 x 700", 1, L"="));
 }
 
-// The editor lives as long as this call.
+// The editor is destroyed when this returns.
 void AskAll(const fs::path& dataFolder, Answers& to) {
   RevitMappingEditorDll editor(dataFolder.wstring().c_str(), L"");
   Load(editor, to);
@@ -190,7 +190,7 @@ void AskAll(const fs::path& dataFolder, Answers& to) {
   CopyAndAssign(editor, to);
 }
 
-// Letters beyond ASCII by their numbers, so that no console has to know them.
+// Prints letters beyond ASCII as numbers, so that any console can show them.
 std::string Printable(const std::wstring& text) {
   std::string printable;
   for (const wchar_t unit : text) {
@@ -202,7 +202,7 @@ std::string Printable(const std::wstring& text) {
   return printable;
 }
 
-// Prints what was got, beside what was expected where that differs.
+// Prints results, and the expected ones where they differ.
 class Report {
  public:
   bool Good() const { return good; }
@@ -222,7 +222,7 @@ class Report {
   bool good = true;
 };
 
-// One column of a table as a line.
+// Returns a column of a table as a line.
 template <class Value>
 std::wstring Join(int count, Value* column) {
   std::wstring joined;

@@ -15,7 +15,7 @@ class RevitMappingEditorConan(ConanFile):
     package_type = "shared-library"
     settings = "os", "arch", "compiler", "build_type"
 
-    # The recipe stands two folders below the sources that it builds.
+    # The recipe is two folders below the sources that it builds.
     _root = os.path.join("..", "..")
 
     def set_version(self):
@@ -37,7 +37,7 @@ class RevitMappingEditorConan(ConanFile):
     def validate(self):
         if self.settings.os not in ("Linux", "Windows") or self.settings.arch != "x86_64":
             raise ConanInvalidConfiguration("For 64-bit Windows and Linux alone")
-        # Callers free what the DLL allocates.
+        # Callers free memory that the DLL allocates.
         if is_msvc_static_runtime(self):
             raise ConanInvalidConfiguration("The C++ runtime has to be the dynamic one")
 
@@ -59,7 +59,7 @@ class RevitMappingEditorConan(ConanFile):
         copy(self, "LICENSE", self.source_folder, os.path.join(self.package_folder, "licenses"))
 
     def package_info(self):
-        # The package has a CMake configuration of its own.
+        # The package has its own CMake configuration.
         self.cpp_info.set_property("cmake_find_mode", "none")
         self.cpp_info.builddirs = [os.path.join("lib", "cmake", "RevitMappingEditor")]
         self.cpp_info.includedirs = [os.path.join("include", "RevitMappingEditorDll")]

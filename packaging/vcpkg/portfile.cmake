@@ -1,7 +1,7 @@
-# An overlay port: it builds the sources that it stands in.
+# An overlay port, which builds the sources that it is part of.
 get_filename_component(SOURCE_PATH "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
 
-# The exported class is used across the boundary of a DLL, and callers free what the DLL allocates.
+# The exported class is used across the boundary of a DLL, and callers free memory of the DLL.
 vcpkg_check_linkage(ONLY_DYNAMIC_LIBRARY ONLY_DYNAMIC_CRT)
 
 vcpkg_cmake_configure(

@@ -1,9 +1,9 @@
-"""Asks the tests whether they would notice: changes the sources in one place at a time, builds, and
-runs the tests until one fails.
+"""Runs mutation tests: changes the sources in one place at a time, builds, and runs the tests until
+one fails.
 
-A change (a mutant) that no test fails for has survived. A change that doesn't build doesn't count;
-one that hangs or crashes is noticed. The work is done in copies of the tree. Prints a line for each
-mutant and a summary, and leaves three files in build/mutate: all mutants, the survivors, and the
+A change (a mutant) survives if no test fails. A change that doesn't build doesn't count; one that
+hangs or crashes is killed. The work is done in copies of the tree. Prints a line for each mutant
+and a summary, and writes three files into build/mutate: all mutants, the survivors, and the
 summary.
 """
 
@@ -38,7 +38,7 @@ def parse_arguments():
 
 
 def try_all(sources, found, quotas, options):
-    """Tries as many mutants of each file as its quota says."""
+    """Tries the quota of mutants of each file."""
     free_trees = [trees.Tree(WORK, number) for number in range(options.jobs)]
     results = report.Results(WORK, sum(map(len, found.values())), options.seed)
 
@@ -53,7 +53,7 @@ def try_all(sources, found, quotas, options):
 
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         list(pool.map(functools.partial(trees.Tree.prepare, root=ROOT), free_trees))
-        # A change to a header builds most of the tree anew: these come last.
+        # A change to a header rebuilds most of the tree, so headers are last.
         names = sorted(quotas, key=lambda name: (name.endswith(".h"), -quotas[name]))
         list(pool.map(try_file, names))
     return results

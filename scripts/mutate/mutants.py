@@ -1,13 +1,13 @@
-"""Finds the mutants of a source: the changes that can be made to it in one place."""
+"""Finds the mutants of a source: the possible changes in one place."""
 
 import random
 import re
 from typing import NamedTuple
 
-# Compiled for systems alone whose wide characters have 16 bits, so that no test here could notice.
+# Compiled only for systems with wide characters of 16 bits, so no test here could notice a change.
 NOT_BUILT_CONDITION = "if constexpr (sizeof(wchar_t) == 2) {"
 
-# Binary operators, which have blanks around them, and what each becomes.
+# Binary operators with their blanks, and the replacements of each.
 BINARY = {
     "==": ["!="], "!=": ["=="], "<": ["<=", ">"], ">": [">=", "<"], "<=": ["<", ">="],
     ">=": [">", "<="], "&&": ["||"], "||": ["&&"], "+": ["-"], "-": ["+"], "*": ["/"], "/": ["*"],
@@ -15,14 +15,14 @@ BINARY = {
     "-=": ["+=", "="], "*=": ["/="], "|=": ["&=", "="], "&=": ["|=", "="],
 }
 
-# A statement that can be removed: a jump, or a name with what calls, sets or counts it.
+# A statement that can be removed: a jump, or a name that is called, assigned or incremented.
 STATEMENT = re.compile(
     r"""(break|continue)$
       | (throw|delete)\b
       | (?!return\b|using\b|if\b|for\b|while\b|switch\b|static_assert\b|operator\b|\.|->)
         (\+\+|--|\*|[\w.]|->|::|\[[^\]]*\])+ (\(|\s*[-+*/|&^]?=|\+\+|--)""", re.VERBOSE)
 
-# Results that are the same as `{}`.
+# Results that are equal to `{}`.
 EMPTY_RESULTS = {"false", "0", "nullptr", "std::nullopt", "{}", "", "statusDone"}
 
 
@@ -36,7 +36,7 @@ class Mutant(NamedTuple):
 
 
 def find_mutants(source):
-    """All mutants of a source, by their places."""
+    """Returns all mutants of a source, in the order of their places."""
     return _Finder(source).mutants()
 
 
@@ -45,7 +45,7 @@ def mutate(text, mutant):
 
 
 def changed_lines(text, mutant):
-    """The lines that the mutant changes, before and after, each with its blanks run together."""
+    """Returns the changed lines before and after, with blanks collapsed."""
     first = text.rfind("\n", 0, mutant.start) + 1
     last = text.find("\n", mutant.end)
     last = len(text) if last < 0 else last
@@ -55,14 +55,14 @@ def changed_lines(text, mutant):
 
 
 def divide(mutants, count):
-    """How many of `count` mutants each file gets, in proportion to its lines that have any."""
+    """Divides `count` mutants among the files, in proportion to their lines that have any."""
     lines = {name: len({m.line for m in found}) for name, found in mutants.items() if found}
     total = sum(lines.values())
     return {name: max(1, round(count * number / total)) for name, number in lines.items()}
 
 
 def shuffle(mutants, name, seed):
-    """The mutants of a file in an order that depends on the seed and the name alone."""
+    """Returns the mutants of a file in an order that depends only on the seed and the name."""
     return random.Random(f"{seed} {name}").sample(mutants, len(mutants))
 
 
@@ -89,7 +89,7 @@ class _Finder:
         return sorted(self.found.values(), key=lambda mutant: (mutant.start, mutant.replacement))
 
     def _not_built(self):
-        """Where the code begins and ends that only other systems compile."""
+        """Returns the ranges of code that only other systems compile."""
         ranges = []
         for index, token in enumerate(self.tokens):
             if self.source.text.startswith(NOT_BUILT_CONDITION, token.start):
@@ -99,7 +99,7 @@ class _Finder:
         return ranges
 
     def _add(self, kind, first, last, replacement):
-        """Adds the mutant that has a text in place of the tokens from `first` to `last`."""
+        """Adds the mutant that replaces the tokens from `first` to `last` by a text."""
         if any(start <= first.start < end for start, end in self.not_built):
             return
         key = (first.start, last.end, replacement)
@@ -171,7 +171,7 @@ class _Finder:
             self._add("operator", token, token, "--" if token.text == "++" else "++")
 
     def _choice(self, index):
-        """`a ? b : c`, with the same value whatever `a` is."""
+        """Replaces `a ? b : c` by either value."""
         colon = self.source.find(index + 1, {":"})
         end = self.source.find(colon + 1, {";", ","})
         left = self.source.text_of(index + 1, colon - 1)
@@ -181,7 +181,7 @@ class _Finder:
                       f"{value} : {value}")
 
     def _statement(self, index, token):
-        """Removes a call, an assignment, a jump."""
+        """Removes a call, an assignment or a jump."""
         if index == 0 or token.kind not in ("word", "sign"):
             return
         if self.source.token_text(index - 1) not in (";", "{", "}", ")", "else"):

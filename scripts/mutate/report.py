@@ -1,4 +1,4 @@
-"""Tells what became of the mutants."""
+"""Reports the outcomes of the mutants."""
 
 import threading
 
@@ -7,7 +7,7 @@ from trees import LIVES, NOT_BUILT
 
 
 def columns(source, mutant):
-    """A mutant as a row of a table."""
+    """Returns a mutant as a row of a table."""
     return (f"{mutant.file}:{mutant.line}", mutant.kind, *changed_lines(source.text, mutant))
 
 
@@ -16,7 +16,7 @@ def table(rows):
 
 
 def summary(rows, possible, seed):
-    """One sentence on rows that begin with an outcome and a place."""
+    """Returns a sentence on rows that begin with an outcome and a place."""
     built = [row for row in rows if row[0] != NOT_BUILT]
     living = sum(row[0] == LIVES for row in built)
     killed = len(built) - living
@@ -27,8 +27,8 @@ def summary(rows, possible, seed):
 
 
 class Results:
-    """The outcomes so far. The files are written with each one, so that a run that is stopped
-    leaves what it has found. Threads may share it."""
+    """The outcomes so far. The files are written after each one, so that a stopped run keeps its
+    results. Thread-safe."""
 
     def __init__(self, folder, possible, seed):
         self.folder = folder

@@ -1,4 +1,4 @@
-"""A C++ source as tokens, with the brackets that belong together."""
+"""A C++ source as tokens, with matching brackets."""
 
 import re
 from typing import NamedTuple
@@ -30,7 +30,7 @@ class Token(NamedTuple):
 
 
 def tokenize(text):
-    """The tokens of a text. Comments and directives of the preprocessor are none."""
+    """Returns the tokens of a text, without comments and preprocessor directives."""
     tokens = []
     position = 0
     while position < len(text):
@@ -44,7 +44,7 @@ def tokenize(text):
 
 
 def pair_brackets(tokens):
-    """The index of the closing bracket for the index of each opening one."""
+    """Maps the index of each opening bracket to that of its closing one."""
     partner = {}
     opened = []
     for index, token in enumerate(tokens):
@@ -63,11 +63,11 @@ class Source:
         self.partner = pair_brackets(self.tokens)
 
     def token_text(self, index):
-        """The text of a token, empty after the last one."""
+        """Returns the text of a token, or "" after the last one."""
         return self.tokens[index].text if index < len(self.tokens) else ""
 
     def text_of(self, first, last):
-        """The text from one token to another, both included."""
+        """Returns the text from one token to another, both included."""
         return self.text[self.tokens[first].start:self.tokens[last].end]
 
     def has_blanks_around(self, token):
@@ -75,8 +75,8 @@ class Source:
         return around.isspace()
 
     def find(self, index, ends):
-        """The next token that is one of these signs, or the bracket that closes around the token
-        at `index`. What is in brackets of its own is passed over."""
+        """Returns the next token that is one of these signs, or the closing bracket around the
+        token at `index`. Skips nested brackets."""
         while index < len(self.tokens):
             if self.tokens[index].text in ends | CLOSING:
                 return index
@@ -88,8 +88,8 @@ class Source:
 
 
 def find_sources(root, only):
-    """The sources that are built here and have one of the texts of `only` in their names. Without
-    such texts all that are built here."""
+    """Returns the sources that are built here and whose names contain a text of `only`, or all
+    that are built here if `only` is empty."""
     names = [path.relative_to(root).as_posix() for path in sorted((root / "src").rglob("*"))]
     return [name for name in names
             if name.endswith((".cpp", ".h")) and not name.endswith("Windows.cpp")

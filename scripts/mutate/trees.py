@@ -11,38 +11,38 @@ import time
 
 from mutants import mutate
 
-# A test that takes longer is run only after all others have passed.
+# A slower test is run only after all others have passed.
 SLOW_SECONDS = 0.03
 MEMORY_LIMIT = 4 << 30
 BUILD_SECONDS = 900
 FIRST_RUN_SECONDS = 600
 
-# What a mutant comes to, if not to the test that kills it.
+# The outcomes of mutants that no test kills.
 LIVES = "lives"
 NOT_BUILT = "doesn't build"
 HANGS = "a test that hangs"
 
-# What leaves a container, or writes beyond an array on the stack, is to be noticed.
+# Out-of-bounds accesses to containers and to arrays on the stack must be noticed.
 FLAGS = "-O1 -w -D_GLIBCXX_ASSERTIONS -fstack-protector-strong"
 LINKER_FLAGS = "-fuse-ld=mold"
 
 
 def set_limits(seconds):
-    """Limits the calling process. Its time is that of the processor: a busy machine must not make
-    a command pass for one that hangs."""
+    """Limits the calling process. The limit is on processor time, so that a command on a busy
+    machine doesn't count as a hang."""
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
     if seconds:
         resource.setrlimit(resource.RLIMIT_CPU, (round(seconds), round(seconds) + 1))
 
 
 def run(command, folder, seconds=None, environment=None):
-    """The exit status and the output of a command. The status is None if it had to be stopped."""
+    """Returns the exit status and the output of a command. The status is None after a timeout."""
     with subprocess.Popen(
             command, cwd=folder, env=environment, stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, start_new_session=True,
             preexec_fn=lambda: set_limits(seconds)) as process:
         try:
-            # A command that waits for ever takes no time of the processor.
+            # A command that waits forever uses no processor time.
             output, _ = process.communicate(timeout=seconds and 20 * seconds)
             status = process.returncode
         except subprocess.TimeoutExpired:
@@ -55,7 +55,7 @@ def run(command, folder, seconds=None, environment=None):
 
 
 def failure_of(status, output):
-    """The test that a run of tests failed at, or what else ended it. None if all passed."""
+    """Returns the test that failed, or how else the run ended, or None if all tests passed."""
     if status == 0:
         return None
     if status is None:
@@ -65,14 +65,14 @@ def failure_of(status, output):
 
 
 def slow_tests(output):
-    """The tests that took long in a run of all."""
+    """Returns the slow tests of a full run."""
     took = re.findall(r"^\[ +(?:OK|SKIPPED) \] (\S+) \((\d+) ms\)", output, re.MULTILINE)
     return [name for name, milliseconds in took if int(milliseconds) >= 1000 * SLOW_SECONDS]
 
 
 def synchronise(root, folder):
-    """Makes a folder a copy of the tree. Only files that differ are written, so that what has been
-    built of the others remains good."""
+    """Makes a folder a copy of the tree. Writes only files that differ, so that objects of the
+    others stay up to date."""
     listed = subprocess.run(
         ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
         cwd=root, check=True, capture_output=True).stdout
@@ -90,14 +90,14 @@ def synchronise(root, folder):
 
 @dataclasses.dataclass
 class Stage:
-    """A run of one test program over some of its tests."""
+    """A run of some tests of a program."""
     program: str
     tests: str  # a filter of GoogleTest
     seconds: float = FIRST_RUN_SECONDS
 
 
 class Tree:
-    """A copy of the tree with a build of its own. `run` runs the commands."""
+    """A copy of the tree with its own build. `run` runs the commands."""
 
     def __init__(self, work, number, run=run):
         self.folder = work / f"tree{number}"
@@ -105,24 +105,24 @@ class Tree:
         self.temporary = work / f"tmp{number}"
         self.run = run
         self.stages = []
-        self.killers = {}  # for each file the tests that killed mutants of it
+        self.killers = {}  # the tests that killed mutants, by file
 
     def prepare(self, root):
-        """Copies and builds the tree, and measures how long its tests take."""
+        """Copies and builds the tree, and measures the time of its tests."""
         synchronise(root, self.folder)
         self.temporary.mkdir(exist_ok=True)
         self._must(["cmake", "-G", "Ninja", "-S", str(self.folder), "-B", str(self.build),
                     "-D", "CMAKE_BUILD_TYPE=", "-D", f"CMAKE_CXX_FLAGS={FLAGS}",
                     "-D", f"CMAKE_EXE_LINKER_FLAGS={LINKER_FLAGS}",
                     "-D", f"CMAKE_SHARED_LINKER_FLAGS={LINKER_FLAGS}",
-                    # The programs need no new link for every library.
+                    # Programs needn't be linked again after a library.
                     "-D", "CMAKE_LINK_DEPENDS_NO_SHARED=ON",
                     "-D", "CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"])
         self._must(self._build_command())
         self._plan()
 
     def try_out_some(self, mutants, count):
-        """Tries mutants until `count` of them have been built: each with what it comes to."""
+        """Tries mutants until `count` of them have been built. Yields each with its outcome."""
         for mutant in mutants:
             if count == 0:
                 return
@@ -131,7 +131,7 @@ class Tree:
             count -= outcome != NOT_BUILT
 
     def try_out(self, mutant):
-        """What the mutant comes to: the test that kills it, LIVES or NOT_BUILT."""
+        """Returns the outcome of the mutant: the test that kills it, LIVES or NOT_BUILT."""
         path = self.folder / mutant.file
         original = path.read_text(encoding="utf-8")
         try:
@@ -154,7 +154,7 @@ class Tree:
         return dict(os.environ, TMPDIR=str(self.temporary))
 
     def _plan(self):
-        """Orders the tests, and limits each run to some times of what it takes unchanged."""
+        """Orders the tests, and limits each run to a multiple of its time without mutants."""
         slow = slow_tests(self._must([str(self.build / "tests/tests")]))
         self.stages = [Stage("tests", "-" + ":".join(slow)), Stage("request_tests", "*")]
         self.stages += [Stage("tests", ":".join(slow))] if slow else []
@@ -182,7 +182,7 @@ class Tree:
                 left.unlink()
 
     def _test(self, file):
-        """Runs the tests of a mutant. Those that killed others of the same file come first."""
+        """Runs the tests of a mutant. Those that killed others of the same file are run first."""
         killers = self.killers.setdefault(file, [])
         first = [Stage("tests", ":".join(killers), self.stages[0].seconds)] if killers else []
         for stage in first + self.stages:

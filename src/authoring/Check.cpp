@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "authoring/ColoratCheck.h"
 #include "authoring/Findings.h"
 #include "authoring/ItemCheck.h"
 #include "authoring/PatternCheck.h"
 #include "authoring/Places.h"
 #include "authoring/TextFileCheck.h"
+#include "authoring/UseCheck.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -38,15 +40,19 @@ Report CheckFiles(const LoadedFiles& loaded) {
     const LoadedFile& file = loaded.files[i];
     report.files.push_back(Utf8Of(file.name));
     if (file.text) CheckTextFile(file, i, definitions, report);
+    if (!file.text && !file.readForDomens) AddFinding(report, 111, {i, 1, 1, 1, 1}, Fate::ignored);
   }
   SortStatements(report);
+  PropertyUses uses;
   for (std::size_t i = 0; i < loaded.files.size(); ++i) {
     const LoadedFile& file = loaded.files[i];
     if (!file.classificator) continue;
     const Places places(file, i);
     CheckPatterns(file, places, report);
-    CheckItems(file, loaded.domens, places, report);
+    CheckItems(file, loaded.domens, places, uses, report);
+    CheckColorats(file, places, report);
   }
+  CheckUses(loaded, uses, report);
   SortFindings(report);
   return report;
 }

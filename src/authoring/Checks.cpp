@@ -146,6 +146,11 @@ constexpr std::array checks = {
            "take it off.",
            "Раздел делится по концам строк, поэтому точка с запятой входит в код {0}; уберите "
            "её."}},
+    Check{216, "letters-of-two-scripts", hint,
+          {"The word \"{0}\" has Latin and Cyrillic letters, which may look alike and are "
+           "different; type it anew in one script.",
+           "В слове «{0}» есть латинские и русские буквы, которые похожи, но различны; наберите "
+           "его заново одним алфавитом."}},
 
     // Items
     Check{301, "property-unknown", warning,
@@ -175,10 +180,22 @@ constexpr std::array checks = {
            "all of the item is left out; write name=value.",
            "Среди именованных значений свойства {0} есть слово без «=», которое называет поле, "
            "поэтому свойство не выводится целиком; напишите имя=значение."}},
+    Check{307, "values-lost", warning,
+          {"\"{0}\" has more than one separator, so that its values are lost; write one \"=\", "
+           "or one colon before the names, and separate values by commas.",
+           "В «{0}» больше одного разделителя, поэтому его значения пропадают; оставьте один "
+           "знак «=» или одно двоеточие перед именами, а значения разделяйте запятыми."}},
     Check{308, "domain-not-loaded", warning,
           {"The domain {0} of the list is in none of the files; load its file, or correct the "
            "id.",
            "Домена {0} из списка нет ни в одном файле; загрузите его файл или исправьте id."}},
+    Check{309, "domain-hides-property", hint,
+          {"The list has {1} before {2}, and both have a property {0}, so that the one of {2} "
+           "is never filled; give one of them another id, or change the order if that one is "
+           "meant.",
+           "В списке {1} стоит раньше {2}, и в обоих есть свойство {0}, поэтому свойство из {2} "
+           "никогда не заполняется; переименуйте одно из них или измените порядок, если нужно "
+           "второе."}},
 
     // ==DOMEN
     Check{401, "domain-without-id", warning,
@@ -228,6 +245,16 @@ constexpr std::array checks = {
            "number at 1, a text empty; write a value of its type.",
            "Поле {2} свойства {1} не принимает значение по умолчанию «{3}» и остаётся "
            "начальным: число 1, текст пустой; напишите значение его типа."}},
+    Check{412, "domain-unused", warning,
+          {"No classificator lists the domain {0}, so that no item is filled from it; add it to "
+           "a domain list, as @@ ({0}).",
+           "Ни один классификатор не называет домен {0} в списке, поэтому свойства из него не "
+           "выводятся; добавьте его в список доменов: @@ ({0})."}},
+    Check{413, "property-unused", warning,
+          {"No item fills the property {0}; write an item for it into a block of a code, or "
+           "delete it if nobody sets it by hand.",
+           "Ни один код не заполняет свойство {0}; добавьте его в блок кода или удалите, если "
+           "его никто не задаёт вручную."}},
 
     // ==COLORAT
     Check{601, "colorat-without-lines", warning,
@@ -267,6 +294,17 @@ constexpr std::array checks = {
            "at-sign out.",
            "Знак @ начинает блок, где бы он ни стоял, поэтому эта строка открывает блок; "
            "уберите знак."}},
+    Check{609, "colours-alike", hint,
+          {"The eye can hardly tell the colour of {0} from that of {1}; choose another for one "
+           "of them.",
+           "Глаз едва отличит цвет {0} от цвета {1}; выберите для одного из них другой."}},
+    Check{610, "key-without-code", hint,
+          {"The key text {0} is no code of the file, nor the beginning of one; correct it, or "
+           "delete the line.",
+           "Ключ {0} не является кодом файла или началом кода; исправьте его или удалите строку."}},
+    Check{611, "code-without-colour", hint,
+          {"The code {0} has no colour in {1}, where most codes have one; add a line for it.",
+           "У кода {0} нет цвета в схеме {1}, где он есть у большинства кодов; добавьте строку."}},
 
     // ==CLASS and ==PARAM
     Check{701, "title-not-shown", hint,
@@ -279,6 +317,9 @@ constexpr std::array checks = {
            "==MAPTEXT.",
            "Раздел не называет доменов, поэтому сегодня не действует; напишите свойства в "
            "==MAPTEXT."}},
+    Check{801, "similar-name", hint,
+          {"\"{0}\" is not known; probably \"{1}\" was meant.",
+           "«{0}» неизвестно; вероятно, имелось в виду «{1}»."}},
 };
 // clang-format on
 
@@ -309,10 +350,11 @@ std::string Fill(const Sentence& sentence, Language language,
 }
 
 const Sentence& SentenceOf(RelatedKind kind) {
-  static constexpr std::array<Sentence, 3> sentences = {{
+  static constexpr std::array<Sentence, 4> sentences = {{
       {"this pattern comes first", "этот образец идёт раньше"},
       {"this definition stays", "остаётся это определение"},
       {"this one takes its place", "его заменяет это"},
+      {"this is the other colour", "это другой цвет"},
   }};
   return sentences[static_cast<std::size_t>(kind)];
 }

@@ -1,11 +1,15 @@
 #include "authoring/ItemCheck.h"
 
 #include <cstddef>
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "authoring/Findings.h"
+#include "authoring/NearNames.h"
 #include "domen/PropertyType.h"
 #include "mapping/CodeParams.h"
 
@@ -15,14 +19,31 @@ namespace {
 
 constexpr const wchar_t* typeKeywords[] = {L"int", L"real", L"str", L"ilist", L"rlist", L"slist"};
 
+std::vector<std::wstring_view> DomenIds(const DomenStore& domens) {
+  std::vector<std::wstring_view> ids;
+  for (const auto& [id, domen] : domens.domens) ids.push_back(id);
+  return ids;
+}
+
+std::vector<std::wstring_view> PropertyIds(const DomenStore& domens) {
+  std::vector<std::wstring_view> ids;
+  for (const auto& [domenId, domen] : domens.domens) {
+    for (const auto& [id, property] : domen.properties) ids.push_back(id);
+  }
+  return ids;
+}
+
 class ItemChecker {
  public:
   ItemChecker(const LoadedFile& file, const DomenStore& domens, const Places& places,
-              Report& report)
+              PropertyUses& uses, Report& report)
       : file_(file),
         section_(file.classificator->mapTextSection),
         domens_(domens),
         places_(places),
+        domenIds_(DomenIds(domens)),
+        propertyIds_(PropertyIds(domens)),
+        uses_(uses),
         report_(report) {}
 
   void Check() {
@@ -37,16 +58,39 @@ class ItemChecker {
   }
 
  private:
+  // The last list counts.
   void CheckDomainList() {
     const AccountEntry* list = nullptr;
     for (const AccountEntry& entry : file_.account.entries) {
       if (entry.outcome == Outcome::domainList) list = &entry;
     }
     if (!list) return;
-    for (const std::wstring& id : section_.domenIds) {
+    const Place place = places_.Of(list->piece);
+    const std::set<std::wstring> ids(section_.domenIds.begin(), section_.domenIds.end());
+    for (const std::wstring& id : ids) {
       if (domens_.domens.contains(id)) continue;
-      AddFinding(report_, 308, places_.Of(list->piece), Fate::used, {id});
+      AddFinding(report_, 308, place, Fate::used, {id});
+      TellSimilar(place, id, domenIds_);
     }
+    TellHidden(place);
+  }
+
+  // A property is filled out of the first listed domain that has it.
+  void TellHidden(const Place& place) {
+    for (const std::wstring& id : section_.domenIds) {
+      const auto domen = domens_.domens.find(id);
+      if (domen == domens_.domens.end()) continue;
+      for (const auto& [key, property] : domen->second.properties) {
+        const auto [first, added] = domenOfProperty_.try_emplace(key, id);
+        if (added || first->second == id) continue;
+        AddFinding(report_, 309, place, Fate::used, {key, first->second, id});
+      }
+    }
+  }
+
+  void TellSimilar(const Place& place, std::wstring_view unknown, const NearNames& names) {
+    const std::optional<std::wstring_view> near = names.NearestName(unknown);
+    if (near) AddFinding(report_, 801, place, Fate::used, {unknown, *near});
   }
 
   void CheckHeader(const CodeHeader& header, int codeId) {
@@ -55,6 +99,7 @@ class ItemChecker {
       AddFinding(report_, 208, places_.Of(blocks.open), Fate::used, {header.closeMark});
     }
     if (blocks.closed.empty()) return;
+    TellLostValues(header, codeId);
     if (section_.domenIds.empty()) {
       if (!toldOfNoList_) {
         AddFinding(report_, 302, places_.Of(blocks.closed.front()), Fate::used);
@@ -68,7 +113,18 @@ class ItemChecker {
                      domens_.CollectProperties(section_.domenIds,
                                                GetCodePropertyIds(sections, codeId, sourceMapText)),
                      &account);
-    for (const ItemEntry& entry : account) Tell(entry, places_.Of(blocks.closed[entry.list]));
+    for (const ItemEntry& entry : account) {
+      uses_.insert(entry.propertyId);
+      Tell(entry, places_.Of(blocks.closed[entry.list]));
+    }
+  }
+
+  void TellLostValues(const CodeHeader& header, int codeId) {
+    std::vector<std::wstring> lost;
+    ReadItemLists(section_.records[static_cast<std::size_t>(codeId)], &lost);
+    for (const std::wstring& token : lost) {
+      AddFinding(report_, 307, places_.Of(header.blocks), Fate::used, {token});
+    }
   }
 
   void Tell(const ItemEntry& entry, const Place& block) {
@@ -77,7 +133,7 @@ class ItemChecker {
         return;
       case ItemOutcome::propertyUnknown:
         AddFinding(report_, 301, block, Fate::used, {entry.propertyId});
-        return;
+        return TellSimilar(block, entry.propertyId, propertyIds_);
       case ItemOutcome::wordWithoutValue:
         AddFinding(report_, 306, block, Fate::used, {entry.propertyId});
         return;
@@ -90,13 +146,26 @@ class ItemChecker {
         return;
       case ItemOutcome::nameWithoutField:
         AddFinding(report_, 305, block, Fate::used, {entry.propertyId, entry.text});
+        TellSimilar(block, entry.text, NearNames(FieldNames(entry.propertyId)));
     }
+  }
+
+  std::vector<std::wstring_view> FieldNames(const std::wstring& propertyId) const {
+    std::vector<std::wstring_view> names;
+    const DomenProperty* property =
+        domens_.FindStoredProperty(domenOfProperty_.at(propertyId), propertyId);
+    for (const auto& field : property->fields) names.push_back(field->name);
+    return names;
   }
 
   const LoadedFile& file_;
   const MapTextSection& section_;
   const DomenStore& domens_;
   const Places& places_;
+  NearNames domenIds_;
+  NearNames propertyIds_;
+  std::map<std::wstring, std::wstring> domenOfProperty_;  // of those that are listed, the first
+  PropertyUses& uses_;
   Report& report_;
   bool toldOfNoList_ = false;
 };
@@ -104,8 +173,8 @@ class ItemChecker {
 }  // namespace
 
 void CheckItems(const LoadedFile& file, const DomenStore& domens, const Places& places,
-                Report& report) {
-  ItemChecker(file, domens, places, report).Check();
+                PropertyUses& uses, Report& report) {
+  ItemChecker(file, domens, places, uses, report).Check();
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -93,6 +93,16 @@ bool HasSemicolonWithin(std::wstring_view text) {
   return semicolon != text.npos && semicolon + 1 < text.size();
 }
 
+// Latin and Cyrillic, of which many letters look alike.
+bool IsOfTwoScripts(std::wstring_view word) {
+  const auto isLatin = [](wchar_t unit) {
+    return (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
+  };
+  const auto isCyrillic = [](wchar_t unit) { return unit >= 0x400 && unit <= 0x4FF; };
+  return std::any_of(word.begin(), word.end(), isLatin) &&
+         std::any_of(word.begin(), word.end(), isCyrillic);
+}
+
 constexpr std::array<std::wstring_view, 5> knownHeadings = {L"==CLASS", L"==MAPTEXT", L"==COLORAT",
                                                             L"==PARAM", L"==DOMEN"};
 
@@ -148,6 +158,7 @@ class TextFileChecker {
 
   void ReadEntries() {
     for (const AccountEntry& entry : file_.account.entries) {
+      if (!entry.piece.data()) continue;  // of a section without lines, which has no place
       if (IsHeading(entry.outcome)) {
         EndSection();
         BeginSection(entry);
@@ -344,6 +355,11 @@ class TextFileChecker {
     }
     if (entry.piece.find(L"  ") != entry.piece.npos) {
       AddFinding(report_, 213, LastPlace(), Fate::used);
+    }
+    WordReader words(entry.piece);
+    for (std::wstring_view word; words.Next(word);) {
+      if (!IsOfTwoScripts(word)) continue;
+      AddFinding(report_, 216, places_.Of(word), Fate::used, {word});
     }
   }
 

@@ -91,9 +91,8 @@ OutputArray<Element> MakeArray(const Results& results, const Column<Element, Pro
   return array;
 }
 
-// Hands results to the caller: their number, and for each column an array whose element i belongs
-// to result i. Without results, and when memory runs out, the outputs of the columns stay as they
-// are.
+// Sets `count` to the number of results, and each column's output to a new array with an element
+// for each result. The outputs stay as they are if there are no results or memory runs out.
 //
 //   HandOut(colors, count, Into(names, &Color::name), Into(numbers, &Color::number));
 template <class Results, class... Columns>

@@ -79,8 +79,8 @@ class Descriptor {
   }
 
  private:
-  // One byte more than the reported size, so that the second read sees the end of the file without
-  // a larger buffer.
+  // One byte more than the reported size, so that the second read sees the end without a larger
+  // buffer.
   std::size_t FirstReadSize() const {
     struct stat status = {};
     return fstat(number_, &status) == 0 ? static_cast<std::size_t>(status.st_size) + 1 : 4096;
@@ -114,9 +114,9 @@ struct Target {
 
   fs::path Folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
 
-  // A temporary name in the folder of the target. It is always the same, so that the next
-  // replacement removes what a killed process left.
-  fs::path Beside() const {
+  // A temporary path in the target's folder. It is always the same, so that the next replacement
+  // removes what a killed process left.
+  fs::path TemporaryPath() const {
     std::string name = ".mapping-editor-";
     name += std::to_string(std::hash<std::string>()(path.filename().string()));
     return Folder() / (name += ".new");
@@ -151,16 +151,16 @@ bool NameUnnamed(const Descriptor& file, const Target& target) {
     return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
   };
   if (!target.mode && giveName(target.path)) return true;
-  const fs::path beside = target.Beside();
+  const fs::path temporary = target.TemporaryPath();
   for (int tries = 0; tries < 1000; ++tries) {
-    if (giveName(beside)) {
-      if (rename(beside.c_str(), target.path.c_str()) == 0) return true;
+    if (giveName(temporary)) {
+      if (rename(temporary.c_str(), target.path.c_str()) == 0) return true;
       if (errno == ENOENT) continue;
-      RemoveAndThrow(beside);
+      RemoveAndThrow(temporary);
     }
     if (errno == ENOENT) return false;
     Check(errno == EEXIST);
-    unlink(beside.c_str());
+    unlink(temporary.c_str());
   }
   ThrowError(EBUSY);
 }
@@ -178,11 +178,11 @@ bool ReplaceByUnnamed(const Target& target, const WriteBytes& write) {
 
 // Opens a new file named after this process. A number is appended if the name is taken, by another
 // thread or by what a killed process of the same id left.
-int OpenBeside(const Target& target, fs::path& name) {
+int OpenTemporary(const Target& target, fs::path& name) {
   std::string suffix = std::to_string(getpid());
   int opened = -1;
   for (int tries = 1; tries <= 1000; ++tries) {
-    name = target.Beside() += suffix;
+    name = target.TemporaryPath() += suffix;
     opened = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
     if (opened >= 0 || errno != EEXIST) break;
     suffix = std::to_string(getpid()) + "-" + std::to_string(tries);
@@ -192,17 +192,17 @@ int OpenBeside(const Target& target, fs::path& name) {
 
 // For all other file systems: a file under a name that nobody else uses.
 void ReplaceByNamed(const Target& target, const WriteBytes& write) {
-  fs::path beside;
-  Descriptor file(OpenBeside(target, beside));
+  fs::path temporary;
+  Descriptor file(OpenTemporary(target, temporary));
   try {
     file.WriteAll(write);
     if (target.mode) Check(fchmod(file.Number(), *target.mode) == 0);
     file.Close();
   } catch (...) {
-    unlink(beside.c_str());
+    unlink(temporary.c_str());
     throw;
   }
-  if (rename(beside.c_str(), target.path.c_str()) != 0) RemoveAndThrow(beside);
+  if (rename(temporary.c_str(), target.path.c_str()) != 0) RemoveAndThrow(temporary);
 }
 
 }  // namespace

@@ -28,8 +28,7 @@ void Check(bool succeeded) {
 }
 
 // Returns the path in a form that may exceed 260 units: absolute, with the prefix that lifts the
-// old limit. A path that is short even when absolute stays as it is, with all that Windows makes of
-// it.
+// old limit. If it is short even when absolute, it stays as it is, for Windows to interpret.
 std::wstring ToNativePath(const std::wstring& path) {
   if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
   std::wstring absolute(path.size() + MAX_PATH, L'\0');
@@ -94,7 +93,7 @@ std::string ReadAll(const Handle& file, bool& whole) {
   LARGE_INTEGER size = {};
   if (GetFileSizeEx(file.Get(), &size) == 0) size.QuadPart = 0;
 
-  // One byte more than the reported size, so that the second read sees the end of the file.
+  // One byte more than the reported size, so that the second read sees the end.
   std::string bytes(static_cast<std::size_t>(size.QuadPart) + 1, '\0');
   std::size_t filled = 0;
   DWORD got = 0;
@@ -133,16 +132,16 @@ std::wstring ResolveLinks(const std::wstring& path) {
   return final;
 }
 
-// Returns a temporary name in the folder of the target. It is always the same, so that the next
+// Returns a temporary path in the target's folder. It is always the same, so that the next
 // replacement removes what a killed process left.
-std::wstring Beside(const std::wstring& target) {
+std::wstring TemporaryPath(const std::wstring& target) {
   const std::size_t nameStart = target.find_last_of(L"\\/:") + 1;
   return target.substr(0, nameStart) + L".mapping-editor-" +
          std::to_wstring(std::hash<std::wstring>()(target.substr(nameStart))) + L".new";
 }
 
 // Writes a file that the system deletes if the process ends before it is complete.
-void WriteBeside(const std::wstring& name, const WriteBytes& write) {
+void WriteTemporary(const std::wstring& name, const WriteBytes& write) {
   const Handle file(CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_ALWAYS,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
   Check(file.IsOpen());
@@ -196,11 +195,11 @@ void ReplaceWholeFile(const std::wstring& path, const WriteBytes& write) {
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & closed) != 0) {
     throw std::system_error(ERROR_ACCESS_DENIED, std::system_category());
   }
-  const std::wstring beside = ToNativePath(Beside(target));
-  WriteBeside(beside, write);
-  if (MoveFileExW(beside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
+  const std::wstring temporary = ToNativePath(TemporaryPath(target));
+  WriteTemporary(temporary, write);
+  if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return;
   const std::error_code error = LastError();
-  DeleteFileW(beside.c_str());
+  DeleteFileW(temporary.c_str());
   throw std::system_error(error);
 }
 

@@ -6,8 +6,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Returns what is after the last "\" or "/" and after a drive prefix, without a stream suffix (from
-// ":" on).
+// Returns what follows the last "\" or "/" and a drive prefix, without a stream suffix (":...").
 std::wstring_view FileName(std::wstring_view path);
 
 // Returns the file name from its last point on, if any. A leading point starts no extension, and

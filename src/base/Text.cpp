@@ -39,8 +39,7 @@ bool StartsWith(std::wstring_view text, std::wstring_view prefix) {
 
 namespace {
 
-// An empty separator occurs nowhere: otherwise no search would advance. A search for a single unit
-// is faster.
+// An empty separator occurs nowhere: no search would advance. Searching for one unit is faster.
 std::size_t FindSeparator(std::wstring_view text, std::wstring_view separator) {
   if (separator.empty()) return text.npos;
   return separator.size() == 1 ? text.find(separator.front()) : text.find(separator);

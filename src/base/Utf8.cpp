@@ -48,7 +48,7 @@ std::uint32_t TakeCodePoint(std::string_view& bytes) {
 namespace {
 
 // Most of a file is ASCII, and eight bytes at a time are faster.
-bool StartsWithEightOfAscii(std::string_view bytes) {
+bool StartsWithEightAscii(std::string_view bytes) {
   std::uint64_t eight = 0;
   if (bytes.size() < sizeof eight) return false;
   std::memcpy(&eight, bytes.data(), sizeof eight);
@@ -59,7 +59,7 @@ bool StartsWithEightOfAscii(std::string_view bytes) {
 
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out) {
   while (!bytes.empty()) {
-    while (StartsWithEightOfAscii(bytes)) {
+    while (StartsWithEightAscii(bytes)) {
       out = std::copy_n(bytes.begin(), 8, out);
       bytes.remove_prefix(8);
     }

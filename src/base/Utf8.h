@@ -12,9 +12,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 // Not a code point.
 constexpr std::uint32_t noCodePoint = 0xFFFFFFFF;
 
-// Removes a code point of several bytes from the front of `bytes` and returns it. Returns
-// `noCodePoint`, and leaves `bytes`, if there is none, as before an ASCII byte. REQUIRES: `bytes`
-// isn't empty.
+// Removes a code point of several bytes from the front of `bytes` and returns it. If there is none,
+// as before ASCII, leaves `bytes` and returns `noCodePoint`. REQUIRES: !bytes.empty().
 std::uint32_t TakeCodePoint(std::string_view& bytes);
 
 // Returns the wide form of `bytes` up to the first sequence that can't be decoded: one that is
@@ -25,12 +24,11 @@ std::wstring DecodeUtf8(std::string_view bytes);
 // and all after it. REQUIRES: `out` has capacity for as many units as there are bytes.
 wchar_t* TakeUtf8(std::string_view& bytes, wchar_t* out);
 
-// Returns the UTF-8 form of `text`, or nothing if it contains an unpaired surrogate or a unit above
-// U+10FFFF.
+// Returns the UTF-8 form of `text`, or nothing for an unpaired surrogate or a unit above U+10FFFF.
 std::optional<std::string> EncodeUtf8(std::wstring_view text);
 
 // Removes a code point of one or two units from the front of `text` and returns it. A unit that is
-// none is returned as it is. REQUIRES: `text` isn't empty.
+// none is returned as it is. REQUIRES: !text.empty().
 inline std::uint32_t TakeUnits(std::wstring_view& text) {
   const auto code = static_cast<std::uint32_t>(text.front());
   text.remove_prefix(1);
@@ -75,8 +73,8 @@ inline char* PutUtf8(std::uint32_t code, char* out) {
   return out;
 }
 
-// Appends the UTF-8 form of `text` to `bytes`. Returns false at the first unit that has none; those
-// before it have been appended.
+// Appends the UTF-8 form of `text` to `bytes`. Stops at the first unit that has none, and returns
+// false.
 bool AppendUtf8(std::string& bytes, std::wstring_view text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

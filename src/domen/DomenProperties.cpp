@@ -9,12 +9,12 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-std::vector<std::size_t> InBoth(const std::vector<std::size_t>& left,
-                                const std::vector<std::size_t>& right) {
-  std::vector<std::size_t> both;
+std::vector<std::size_t> Intersection(const std::vector<std::size_t>& left,
+                                      const std::vector<std::size_t>& right) {
+  std::vector<std::size_t> common;
   std::set_intersection(left.begin(), left.end(), right.begin(), right.end(),
-                        std::back_inserter(both));
-  return both;
+                        std::back_inserter(common));
+  return common;
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ ObjectTypeIndex::ObjectTypeIndex(const DomenProperties& properties) {
 std::vector<const DomenProperty*> ObjectTypeIndex::ThatApplyTo(
     const std::vector<std::wstring>& objectTypes) const {
   if (objectTypes.empty()) return all_;
-  const Places named = ThatName(objectTypes);
+  const Places named = ThatNameAll(objectTypes);
   std::vector<const DomenProperty*> applying;
   applying.reserve(named.size() + ofNoType_.size());
   const auto addIfItApplies = [&](std::size_t place) {
@@ -56,13 +56,13 @@ std::vector<const DomenProperty*> ObjectTypeIndex::ThatApplyTo(
 }
 
 // Returns the properties that name all of the types. REQUIRES: there is at least one type.
-ObjectTypeIndex::Places ObjectTypeIndex::ThatName(
+ObjectTypeIndex::Places ObjectTypeIndex::ThatNameAll(
     const std::vector<std::wstring>& objectTypes) const {
   Places named;
   for (const std::wstring& type : objectTypes) {
     const auto found = byType_.find(type);
     if (found == byType_.end()) return {};
-    named = &type == &objectTypes.front() ? found->second : InBoth(named, found->second);
+    named = &type == &objectTypes.front() ? found->second : Intersection(named, found->second);
   }
   return named;
 }

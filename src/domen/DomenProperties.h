@@ -30,7 +30,7 @@ class ObjectTypeIndex {
   // Positions in `all_`, ascending.
   using Places = std::vector<std::size_t>;
 
-  Places ThatName(const std::vector<std::wstring>& objectTypes) const;
+  Places ThatNameAll(const std::vector<std::wstring>& objectTypes) const;
 
   std::vector<const DomenProperty*> all_;
   Places ofNoType_;

@@ -26,8 +26,7 @@ struct DomenProperty {
   DomenProperty& operator=(DomenProperty&& other) noexcept = default;
   ~DomenProperty() = default;
 
-  // Returns whether the property may be set on objects of this type. One without types may be set
-  // on all.
+  // Returns whether the property may be set on objects of this type; always if it has no types.
   bool AppliesToObjectType(std::wstring_view objectType) const;
 
   // Appends a field of type `valueType` and returns 0. Adds nothing and returns -1 if the name is
@@ -53,9 +52,8 @@ struct DomenProperty {
                   std::wstring defaultText);
 };
 
-// Returns the text of the value that the field would have in a copy of its property, or an empty
-// one if the copy would lack the field. Cheaper than the copy, above all for a text that a copy
-// keeps.
+// Returns the text of the value that the field would have in a copy of its property; empty if the
+// copy would lack the field. Cheaper than the copy, above all if the text stays the same.
 std::wstring CopiedValue(Properties::PropertyParameter& field);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

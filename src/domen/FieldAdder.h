@@ -12,9 +12,8 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Adds fields as `AddValueField` does, but in time logarithmic in the number of a property's
-// fields, where that takes linear time. Keeps views of the names. REQUIRES: nobody else changes the
-// fields of these properties as long as it is used.
+// Adds fields as `AddValueField` does, but in time logarithmic in the number of a property's fields
+// instead of linear. Keeps views of the names. REQUIRES: nobody else changes the fields meanwhile.
 class FieldAdder {
  public:
   int Add(DomenProperty& property, std::wstring fieldName, std::wstring title, int valueType,

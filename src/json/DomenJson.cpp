@@ -68,8 +68,7 @@ class SectionReader {
   bool found_ = false;
 };
 
-// The type and the default of a field. Unknown types are integers, with a default that integers
-// refuse.
+// The type and default of a field. Unknown types are integers, with a default that these refuse.
 struct FieldDefault {
   int valueType = typeInt;
   std::wstring text = L"1.0";

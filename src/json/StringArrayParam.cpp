@@ -29,8 +29,7 @@ bool ReadStringArrayParam(JSON5Section& section, const wchar_t* key,
   const wchar_t** result = section.ParamStringArray(key, count, defaults.get(), defaultCount, found,
                                                     comment, overriding);
 
-  // The library keeps the array of the defaults, unless it is the result or the file's array
-  // replaced it.
+  // The library keeps the defaults' array unless it is the result or the file's replaced it.
   if (result == defaults.get() || overriding || !found) defaults.release();
   const std::unique_ptr<const wchar_t*[]> owned(count >= 1 ? result : nullptr);
   values.resize(static_cast<std::size_t>(std::max(count, 0)));

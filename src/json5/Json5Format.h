@@ -11,8 +11,8 @@ namespace TolvenLibs::RevitMappingEditorDll {
 // Returns how many bytes at the front of the text need no escape in a string.
 std::size_t PlainSize(std::string_view text);
 
-// Removes a character that needs an escape, or a surrogate, from the front of the text, and returns
-// its escape.
+// Removes a character or surrogate that needs an escape from the front of the text, and returns the
+// escape.
 std::string TakeEscaped(std::string_view& text);
 
 // No number takes more bytes.

@@ -102,8 +102,7 @@ class Json5Parser {
     Add(value);
   }
 
-  // Sorts the pending members from this one on by their keys, and drops all but the last of each
-  // key.
+  // Sorts the pending members from this one on by key, and keeps only the last of each key.
   void SortByKey(std::size_t firstMember) {
     const auto first = pending_.begin() + static_cast<std::ptrdiff_t>(firstMember);
     const auto byKey = [](const Json5Member& left, const Json5Member& right) {

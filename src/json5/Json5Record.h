@@ -93,8 +93,7 @@ class Json5Record {
   // Returns an array for `count` texts.
   std::span<std::wstring_view> List(std::size_t count);
 
-  // Takes ownership of strings made with `new[]`. If memory runs out, frees them and raises
-  // `bad_alloc`.
+  // Takes ownership of strings made with `new[]`, even if it raises `bad_alloc`.
   void Adopt(const wchar_t** strings, std::size_t count);
 
   RepeatedTexts repeated;
@@ -108,8 +107,7 @@ class Json5Record {
     return std::pmr::polymorphic_allocator<Element>(&memory_).allocate(count);
   }
 
-  // An arena. The deques in it grow without moving their elements, which would take as much memory
-  // again.
+  // An arena. Deques in it grow without moving their elements, which would take twice the memory.
   std::pmr::monotonic_buffer_resource memory_{65536};
   std::pmr::deque<Json5RecordItem> items_{&memory_};
   std::pmr::deque<Json5RecordParam> params_{&memory_};

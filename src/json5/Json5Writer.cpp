@@ -103,8 +103,8 @@ struct AppendValue {
   Output& output;
 };
 
-// The lines between the braces of an object. Each is an entry, a comma except after the last, and a
-// comment.
+// The lines between the braces of an object: entries with commas, except after the last, and with
+// comments.
 class Lines {
  public:
   Lines(Output& output, std::size_t depth)

@@ -22,12 +22,13 @@ ItemBlocks CutItemBlocks(const CodeHeader& header) {
   return cut;
 }
 
-std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record) {
+std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record,
+                                         std::vector<std::wstring>* lostValues) {
   std::vector<ParamItemList> lists;
   if (!record.header) return lists;
   for (const std::wstring_view block : CutItemBlocks(*record.header).closed) {
     std::vector<std::wstring> tokens = SplitTrimmed(block, L" ", false);
-    lists.push_back(ParseParamItems(tokens, false));
+    lists.push_back(ParseParamItems(tokens, false, lostValues));
   }
   return lists;
 }

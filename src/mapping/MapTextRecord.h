@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -39,6 +40,8 @@ struct ItemBlocks {
 ItemBlocks CutItemBlocks(const CodeHeader& header);
 
 // Returns the item lists of the record's header, one for each item block.
-std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record);
+// `lostValues` is that of `ParseParamItems`.
+std::vector<ParamItemList> ReadItemLists(const MapTextRecord& record,
+                                         std::vector<std::wstring>* lostValues = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -16,7 +16,7 @@ bool HasEqualsSign(std::wstring_view token) {
 }
 
 // Parses an item in one token: its id, a colon or "=", its values.
-ParamItem ParseWholeItem(std::wstring_view token) {
+ParamItem ParseWholeItem(std::wstring_view token, std::vector<std::wstring>* lostValues) {
   const std::wstring_view separator = token.find(L':') != token.npos ? L":" : L"=";
   std::vector<std::wstring> pieces = SplitTrimmed(token, separator, true);
   ParamItem item;
@@ -24,6 +24,8 @@ ParamItem ParseWholeItem(std::wstring_view token) {
   if (pieces.size() == 2) {
     item.valueText = std::move(pieces[1]);
     std::replace(item.valueText.begin(), item.valueText.end(), L',', L' ');
+  } else if (lostValues) {
+    lostValues->emplace_back(token);
   }
   return item;
 }
@@ -31,6 +33,8 @@ ParamItem ParseWholeItem(std::wstring_view token) {
 // A state machine over the tokens: an item of several tokens is pending until one ends it.
 class ItemReader {
  public:
+  explicit ItemReader(std::vector<std::wstring>* lostValues) : lostValues_(lostValues) {}
+
   // Reads the token and returns true; or completes an item with its head, leaves the rest in
   // `token` and returns false.
   bool Take(std::wstring& token) {
@@ -56,7 +60,7 @@ class ItemReader {
 
   void Open(const std::wstring& token) {
     if (HasEqualsSign(token)) {
-      items.push_back(ParseWholeItem(token));
+      items.push_back(ParseWholeItem(token, lostValues_));
       return;
     }
     pendingName_ = token;
@@ -87,12 +91,14 @@ class ItemReader {
   std::wstring pendingName_;
   std::wstring pendingValue_;
   Mode mode_ = Mode::undecided;
+  std::vector<std::wstring>* lostValues_;
 };
 
 }  // namespace
 
-ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces) {
-  ItemReader reader;
+ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces,
+                              std::vector<std::wstring>* lostValues) {
+  ItemReader reader(lostValues);
   for (std::size_t i = 0; i < tokens.size();) {
     std::wstring& token = tokens[i];
     if (stripBraces) TrimChars(token, L"{}");

@@ -27,6 +27,9 @@ using ParamItemList = std::vector<ParamItem>;
 //
 // The last token closes an item that is still open, unless it is empty once trimmed: then the item
 // is lost. This is required: lone braces at the end of a ==PARAM statement drop its item.
-ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces);
+//
+// Adds to `lostValues`, if there is one, each token whose values are lost, as those of A=1=2 are.
+ParamItemList ParseParamItems(std::vector<std::wstring>& tokens, bool stripBraces,
+                              std::vector<std::wstring>* lostValues = nullptr);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -1,4 +1,4 @@
-# What the library promises to programs that are already built: its names, and who frees what.
+# Tests of the library's promises to programs that are already built: its names, and who frees what.
 
 find_program(ABI_CLANG clang++-19)
 find_program(ABI_NM NAMES llvm-nm-19 llvm-nm nm)
@@ -9,7 +9,7 @@ function(add_abi_check name script)
   set_tests_properties(Abi.${name} PROPERTIES SKIP_REGULAR_EXPRESSION "skipped: ")
 endfunction()
 
-if(NOT CMAKE_CROSSCOMPILING)  # it is the same wherever the library runs
+if(NOT CMAKE_CROSSCOMPILING)  # independent of the target
   add_abi_check(MicrosoftNamesAreTheWrittenOnes msvc/Check.cmake
     -D CLANG=${ABI_CLANG} -D NM=${ABI_NM} -D SOURCE_FOLDER=${PROJECT_SOURCE_DIR}
     -D OBJECT=${CMAKE_CURRENT_BINARY_DIR}/MsvcNames.obj)
@@ -34,8 +34,8 @@ elseif(NOT WIN32)
 endif()
 
 if(MINGW)
-  # A program on ucrtbase.dll, while the library is on msvcrt.dll, mingw-w64's default. It names all
-  # its libraries itself, and does without the C++ runtime, which is built for the default.
+  # A program that uses ucrtbase.dll, while the library uses msvcrt.dll, mingw-w64's default. It
+  # names all its libraries itself and doesn't use the C++ runtime, which is built for the default.
   add_executable(other_runtime abi/OtherRuntime.cpp)
   target_compile_definitions(other_runtime PRIVATE _UCRT)
   target_compile_options(other_runtime PRIVATE -fno-exceptions)

@@ -1,7 +1,7 @@
-# Reads a DLL's table of exported names, as a Windows host has no program for that outside of the
-# prompts of its compilers.
+# Reads a DLL's table of exported names, because Windows has no program for that outside of the
+# compilers' prompts.
 
-# The number of `size` bytes, 2 or 4, at an offset of a file. They stand in it from the lowest up.
+# Reads a little-endian number of `size` bytes, 2 or 4, at an offset of a file.
 function(read_number file offset size output)
   file(READ ${file} bytes OFFSET ${offset} LIMIT ${size} HEX)
   string(REGEX REPLACE "^(..)(..)$" "\\2\\1" bytes ${bytes})
@@ -10,7 +10,7 @@ function(read_number file offset size output)
   set(${output} ${number} PARENT_SCOPE)
 endfunction()
 
-# The text at an offset of a file, up to its NUL. None is longer than 999 bytes.
+# Reads the text at an offset of a file, up to its NUL. REQUIRES: it has at most 999 bytes.
 function(read_text file offset output)
   file(READ ${file} bytes OFFSET ${offset} LIMIT 1000 HEX)
   string(REGEX MATCHALL ".." bytes ${bytes})
@@ -26,7 +26,8 @@ function(read_text file offset output)
   set(${output} "${text}" PARENT_SCOPE)
 endfunction()
 
-# Where in a file the byte stands that is loaded to an address. Sections are loaded each for itself.
+# Finds the offset in a file of the byte that is loaded to an address. Each section is mapped
+# separately.
 function(find_address file address output)
   read_number(${file} 60 4 header)
   math(EXPR at_count "${header} + 6")
@@ -52,7 +53,7 @@ function(find_address file address output)
   message(FATAL_ERROR "${file} has nothing at the address ${address}")
 endfunction()
 
-# The names that a 64-bit DLL exports.
+# Reads the names that a 64-bit DLL exports.
 function(read_dll_exports file output)
   read_number(${file} 60 4 header)
   math(EXPR at_kind "${header} + 24")

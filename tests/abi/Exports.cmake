@@ -1,5 +1,5 @@
-# Holds what the built library exports against a list: itanium_names.txt, or msvc/names.txt where
-# names are decorated by Microsoft's ABI.
+# Compares the exports of the built library with a list: itanium_names.txt, or msvc/names.txt for
+# names by Microsoft's ABI.
 #
 #   cmake -D LIBRARY=FILE -D NAMES=LIST -D NM=PROGRAM -P Exports.cmake   a shared object
 #   cmake -D LIBRARY=FILE -D NAMES=LIST -P Exports.cmake                 a DLL

@@ -1,5 +1,5 @@
-# The whole library with containers whose moves take memory, as Microsoft's do, under the tests that
-# let each allocation fail: a move that is declared to raise nothing ends the program there.
+# Runs the tests of failing allocations on the library with containers whose moves allocate, as
+# Microsoft's do: a move that is wrongly declared noexcept ends the program there.
 file(GLOB_RECURSE library_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.cpp)
 list(FILTER library_sources EXCLUDE REGEX Windows)
 add_executable(heads_tests

@@ -1,4 +1,4 @@
-# Lists of symbols: one name in each line. What stands behind a "#" is for the reader.
+# Lists of symbols, one name per line, with comments after a "#".
 
 function(read_names file output)
   file(STRINGS ${file} names)
@@ -7,7 +7,7 @@ function(read_names file output)
   set(${output} "${names}" PARENT_SCOPE)
 endfunction()
 
-# Ends the script as a failure unless the two lists have the same names, and says which differ.
+# Fails unless the two lists have the same names, and prints the differences.
 function(expect_same_names written found)
   set(differences "")
   foreach(name IN LISTS written)

@@ -1,10 +1,9 @@
-// A caller with another C runtime than the library's, and so with another heap. It gets results of
-// every kind and gives them back by the library's function, and looks after each whether the
-// library's heap has the memory again.
+// A caller with another C runtime than the library's, and so with another heap. It releases results
+// of every kind by the library's function and checks that each is returned to the library's heap.
 //
 //   other_runtime DOMAINS
 //
-// Exit status 77 says that the two share a heap after all.
+// The exit status is 77 if the two share a heap after all.
 
 #include <malloc.h>
 #include <windows.h>
@@ -27,7 +26,7 @@ void Expect(bool holds, const char* what) {
   failed = true;
 }
 
-// The heap that a block is from; null if it is from none.
+// Returns the heap of a block, or null if it is in none.
 HANDLE HeapOf(const void* block) {
   HANDLE heaps[64];
   const DWORD count = GetProcessHeaps(std::size(heaps), heaps);

@@ -1,4 +1,5 @@
-// The places of the virtual operations, which callers that were built against the header rely on.
+// Tests of the layout of the virtual table, which callers that were built against the header rely
+// on.
 
 #include "PropertyParameter.h"
 
@@ -14,8 +15,8 @@ namespace {
 
 using Places = std::set<std::size_t>;
 
-// The destructor takes the places behind the three operations: in the Itanium ABI one for the
-// object alone and one for the object and its memory, in Microsoft's one for both purposes.
+// The destructor's slots are after the three operations: in the Itanium ABI a complete object
+// destructor and a deleting one, in Microsoft's ABI one for both.
 #ifdef _MSC_VER
 const Places ofDestructor = {3};
 #else
@@ -24,7 +25,7 @@ const Places ofDestructor = {3, 4};
 
 int destroyed = 0;
 
-// Has a destructor of its own, and the operations of its base.
+// Overrides only the destructor.
 class Derived : public PropertyIntParameter {
  public:
   Derived() : PropertyIntParameter(L"", L"", false) {}
@@ -48,14 +49,14 @@ class WithOwnGetValue : public Derived {
   std::wstring GetValue() override { return L"got"; }
 };
 
-// In both ABIs an object begins with a pointer to its table.
+// In both ABIs an object starts with a pointer to its virtual table.
 const void* const* TableOf(const PropertyParameter& parameter) {
   const void* const* table = nullptr;
   std::memcpy(&table, &parameter, sizeof table);
   return table;
 }
 
-// The places in which the tables of two objects differ.
+// Returns the slots in which the tables of two objects differ.
 Places Differences(const PropertyParameter& one, const PropertyParameter& other) {
   Places places;
   for (std::size_t place = 0; place <= *ofDestructor.rbegin(); ++place) {
@@ -70,7 +71,7 @@ Places WithDestructor(std::size_t place) {
   return places;
 }
 
-TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlacesAndItsDestructorBehindThem) {
+TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreeSlotsAndItsDestructorAfterThem) {
   const PropertyIntParameter base(L"", L"", false);
   EXPECT_EQ(Differences(base, PropertyIntParameter(L"", L"", false)), Places());
   EXPECT_EQ(Differences(base, Derived()), ofDestructor);
@@ -79,7 +80,7 @@ TEST(PropertyParameterAbi, HasItsOperationsInTheFirstThreePlacesAndItsDestructor
   EXPECT_EQ(Differences(base, WithOwnGetValue()), WithDestructor(2));
 }
 
-TEST(PropertyParameterAbi, HasItsMembersInTheirOrderBehindThePlaceOfTheOperations) {
+TEST(PropertyParameterAbi, HasItsMembersInOrderAfterThePointerToTheOperations) {
   const PropertyIntParameter field(L"", L"", false);
   const auto offset = [&field](const void* member) {
     return static_cast<const char*>(member) - reinterpret_cast<const char*>(&field);

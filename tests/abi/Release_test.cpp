@@ -1,5 +1,5 @@
-// The release of results for a caller that has a C++ runtime of its own. The sanitizers see to it
-// that each buffer is given back once, and by the right form of `delete`.
+// Tests of releasing results for a caller with another C++ runtime. The sanitizers check that each
+// buffer is released once and by the right form of `delete`.
 
 #include <gtest/gtest.h>
 

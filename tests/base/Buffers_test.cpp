@@ -49,14 +49,14 @@ TEST(NewString, HoldsFiveMillionUnits) {
   EXPECT_TRUE(Take(NewString(text)) == text);
 }
 
-// What `NewJoined` makes of these pieces.
+// Returns what `NewJoined` makes of these pieces.
 std::wstring Joined(const std::vector<std::wstring>& pieces) {
   return Take(NewJoined([&pieces](const auto& put) {
     for (const std::wstring& piece : pieces) put(piece);
   }));
 }
 
-TEST(NewJoined, HoldsAllPiecesOneBehindTheOther) {
+TEST(NewJoined, HoldsAllPiecesOneAfterTheOther) {
   EXPECT_EQ(Joined({L"ab", L"", L"c", L"\U0001F600"}), L"abc\U0001F600");
   EXPECT_EQ(Joined({L"", L""}), L"");
   EXPECT_EQ(Joined({}), L"");
@@ -69,7 +69,7 @@ TEST(NewJoined, EndsAtTheFirstNulOfAnyPiece) {
   EXPECT_EQ(Joined({L"a", L"b\0"s}), L"ab");
 }
 
-// A result of a query, as far as these tests go.
+// A row of a query's results.
 struct Result {
   std::wstring name;
   int number;
@@ -97,7 +97,7 @@ TEST(HandOut, FillsAnArrayForEachColumnInTheOrderOfTheResults) {
   delete[] flags;
 }
 
-TEST(HandOut, LeavesTheOutputsAsTheyWereWhenThereAreNoResults) {
+TEST(HandOut, LeavesTheOutputsUnchangedWhenThereAreNoResults) {
   int count = -1;
   const wchar_t* untouched = L"untouched";
   const wchar_t** names = &untouched;
@@ -108,7 +108,7 @@ TEST(HandOut, LeavesTheOutputsAsTheyWereWhenThereAreNoResults) {
   EXPECT_EQ(numbers, nullptr);
 }
 
-TEST(HandOut, GivesEachStringABufferOfItsOwn) {
+TEST(HandOut, ReturnsABufferOfItsOwnForEachString) {
   const std::vector<Result> results = {{L"a", 0, false}};
   int count = 0;
   const wchar_t** names = nullptr;
@@ -119,7 +119,7 @@ TEST(HandOut, GivesEachStringABufferOfItsOwn) {
   EXPECT_EQ(TakeAll(count, names), TakeAll(count, again));
 }
 
-TEST(HandOut, LeavesTheOutputsAsTheyWereWhenAColumnFails) {
+TEST(HandOut, LeavesTheOutputsUnchangedWhenAColumnFails) {
   const std::vector<Result> results = {{L"a", 1, false}, {L"b", 2, false}};
   const auto fail = [](const Result& result) -> std::wstring_view {
     if (result.number == 2) throw std::bad_alloc();

@@ -24,7 +24,7 @@ using namespace std::string_literals;
 
 const std::wstring loneSurrogate(1, wchar_t{0xD83D});
 
-// Takes all rights away from a file or folder for as long as it lives.
+// Removes all permissions of a file or folder for its lifetime.
 class Refused {
  public:
   explicit Refused(fs::path refused) : path(std::move(refused)) {
@@ -116,7 +116,7 @@ TEST(Files, AreFoundAndReadByTheirNameInAnyScriptWhateverTheCLocaleIs) {
   std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST(FindFile, GivesAPathThatExistsAsItStands) {
+TEST(FindFile, ReturnsAPathThatExistsUnchanged) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", "");
   EXPECT_EQ(FindFile(folder.Wide(), file), file);
@@ -125,14 +125,14 @@ TEST(FindFile, GivesAPathThatExistsAsItStands) {
   EXPECT_EQ(FindFile(L"", folder.Wide()), folder.Wide());
 }
 
-TEST(FindFile, TakesBlanksForPartsOfTheNames) {
+TEST(FindFile, TakesBlanksAsPartsOfTheNames) {
   const TempFolder folder;
   folder.Write(" a.txt", "");
   EXPECT_EQ(FindFile(folder.Wide(), L" a.txt"), folder.Wide() + L"/ a.txt");
   EXPECT_EQ(FindFile(folder.Wide(), L"a.txt"), std::nullopt);
 }
 
-TEST(FindFile, TakesABlankAtTheEndOfTheDataFolderForAPartOfItsName) {
+TEST(FindFile, TakesABlankAtTheEndOfTheDataFolderAsPartOfItsName) {
   if (fs::path::preferred_separator != '/') GTEST_SKIP() << "no folder's name can end so here";
   const TempFolder folder;
   fs::create_directory(folder.Path() / "data ");
@@ -141,7 +141,7 @@ TEST(FindFile, TakesABlankAtTheEndOfTheDataFolderForAPartOfItsName) {
   EXPECT_EQ(FindFile(folder.Wide() + L"/data", L"a.txt"), std::nullopt);
 }
 
-TEST(FindFile, TriesTheCurrentFolderAheadOfTheDataFolder) {
+TEST(FindFile, TriesTheCurrentFolderBeforeTheDataFolder) {
   const TempFolder current;
   const TempFolder data;
   current.Write("a.txt", "");
@@ -163,14 +163,14 @@ TEST(FindFile, TakesARelativeDataFolderFromTheCurrentFolder) {
   EXPECT_EQ(FindFile(L".", L"data/b.txt"), L"data/b.txt");
 }
 
-TEST(FindFile, AlwaysPutsAForwardSlashBehindTheDataFolder) {
+TEST(FindFile, AlwaysPutsAForwardSlashAfterTheDataFolder) {
   const TempFolder folder;
   folder.Write("only-here.txt", "");
   EXPECT_EQ(FindFile(folder.Wide() + L"/", L"only-here.txt"), folder.Wide() + L"//only-here.txt");
   EXPECT_EQ(FindFile(folder.Wide(), L"/only-here.txt"), folder.Wide() + L"//only-here.txt");
 }
 
-TEST(FindFile, SeeksAtTheRootWithAnEmptyDataFolder) {
+TEST(FindFile, SearchesTheRootWithAnEmptyDataFolder) {
   const TempFolder folder;
   const fs::path fromRoot = fs::canonical(folder.Path()).relative_path();
   if (!fs::exists("/" / fromRoot)) GTEST_SKIP() << "the test's folder is on another drive";
@@ -184,7 +184,7 @@ TEST(FindFile, FindsTheDataFolderItselfUnderAnEmptyName) {
   EXPECT_EQ(FindFile(folder.Wide() + L"/missing", L""), std::nullopt);
 }
 
-TEST(FindFile, GivesNothingIfTheFileIsInNeitherPlace) {
+TEST(FindFile, ReturnsNothingIfTheFileIsInNeitherPlace) {
   const TempFolder folder;
   EXPECT_EQ(FindFile(folder.Wide(), L"b.txt"), std::nullopt);
   EXPECT_EQ(FindFile(folder.Wide(), folder.Wide() + L"/b.txt"), std::nullopt);
@@ -200,7 +200,7 @@ TEST(FindFile, RaisesTheErrorOfEitherPlace) {
   EXPECT_THROW(FindFile(folder.Wide(), L"loop"), fs::filesystem_error);
 }
 
-TEST(ReadFile, GivesTheBytesAsTheyAre) {
+TEST(ReadFile, ReturnsTheBytesUnchanged) {
   const TempFolder folder;
   std::string all;
   for (int byte = 0; byte < 256; ++byte) all.push_back(static_cast<char>(byte));
@@ -218,7 +218,7 @@ TEST(ReadFile, ReadsFilesOfAnySizeToTheEnd) {
   }
 }
 
-TEST(ReadFile, GivesNothingForWhatCannotBeOpened) {
+TEST(ReadFile, ReturnsNothingForWhatCannotBeOpened) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", "a");
   fs::create_directory(folder.Path() / "folder.txt");
@@ -230,7 +230,7 @@ TEST(ReadFile, GivesNothingForWhatCannotBeOpened) {
   EXPECT_EQ(ReadFile(folder.Wide() + L"/" + loneSurrogate), std::nullopt);
 }
 
-TEST(ReadFile, GivesNothingForAFileThatIsClosedToTheUser) {
+TEST(ReadFile, ReturnsNothingForAFileThatTheUserMayNotRead) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", "a");
   const Refused refused(folder.Path() / "a.txt");
@@ -239,7 +239,7 @@ TEST(ReadFile, GivesNothingForAFileThatIsClosedToTheUser) {
   EXPECT_EQ(ReadFile(file), std::nullopt);
 }
 
-// A fact of Windows alone: elsewhere an open file is closed to nobody, and this could not fail.
+// This can fail on Windows only, where an open file may be locked.
 TEST(ReadFile, ReadsAFileThatIsOpenForWritingElsewhere) {
   if (fs::path::preferred_separator == '/') GTEST_SKIP() << "an open file is closed to nobody here";
   const TempFolder folder;
@@ -264,7 +264,7 @@ TEST(ReadFile, EndsWhereTheSystemFailsToReadOn) {
   EXPECT_EQ(ReadFile(L"/proc/self/mem"), "");
 }
 
-TEST(ReadWholeFile, GivesAllBytes) {
+TEST(ReadWholeFile, ReturnsAllBytes) {
   const TempFolder folder;
   for (const std::string& bytes : {""s, "a\r\n\0b\x1A\xFF"s, std::string(100'000, 'a')}) {
     EXPECT_TRUE(ReadWholeFile(folder.Write("a.txt", bytes)) == bytes);

@@ -5,7 +5,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-TEST(FileName, StandsBehindTheFolderAndTheDriveAndAheadOfAStream) {
+TEST(FileName, IsAfterTheFolderAndTheDriveAndBeforeAStream) {
   struct Case {
     const wchar_t* path;
     const wchar_t* name;
@@ -33,13 +33,13 @@ TEST(FileName, StandsBehindTheFolderAndTheDriveAndAheadOfAStream) {
       {L"a/b.txt:stream.json", L"b.txt"},
       {L"C:b.txt:stream", L"b.txt"},
       {L"ab:c.txt", L"ab"},  // a drive has one letter
-      {L"1:b.txt", L"1"},    // and that is a Latin one
+      {L"1:b.txt", L"1"},    // and it is a Latin one
       {L"Я:b.txt", L"Я"},
       {L"@:b.txt", L"@"},
       {L"[:b.txt", L"["},
       {L"`:b.txt", L"`"},
       {L"{:b.txt", L"{"},
-      {L"a/C:b.txt", L"C"},  // and stands in front
+      {L"a/C:b.txt", L"C"},  // and is at the start
   };
   for (const Case& one : cases) EXPECT_EQ(FileName(one.path), one.name) << one.path;
 }
@@ -62,7 +62,7 @@ TEST(Extension, IsTheFileNameFromItsLastPointOn) {
       {L"a.", L"."},
       {L"a..", L"."},
       {L"...", L"."},
-      {L".txt", L""},  // a leading point starts no extension
+      {L".txt", L""},  // a leading dot starts no extension
       {L"..txt", L".txt"},
       {L".a.txt", L".txt"},
       {L".", L""},

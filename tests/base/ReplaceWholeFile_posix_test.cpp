@@ -1,5 +1,4 @@
-// `ReplaceWholeFile` with what only POSIX has: permissions, devices, and processes that die on the
-// way.
+// Tests of `ReplaceWholeFile` for POSIX only: permissions, devices, and processes that are killed.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -39,15 +38,15 @@ unsigned ModeOf(const fs::path& path) {
   return static_cast<unsigned>(fs::status(path).permissions());
 }
 
-// No file of this process may grow beyond the size. What happens instead is either an error of the
-// write, as on a full disk, or the end of the process.
+// Limits the size of this process's files. A write beyond it kills the process if `killed`, or else
+// fails, as on a full disk.
 void LimitFileSize(rlim_t size, bool killed) {
   std::signal(SIGXFSZ, killed ? SIG_DFL : SIG_IGN);
   const rlimit limit = {size, size};
   setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-// Kills this process when the time has passed, wherever it is then.
+// Kills this process after the time.
 void DieIn(std::chrono::microseconds time) {
   std::signal(SIGALRM, SIG_DFL);
   itimerval timer = {};
@@ -56,7 +55,7 @@ void DieIn(std::chrono::microseconds time) {
   setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
-// Whether the file system has files without a name, by which a killed process leaves no trace.
+// Returns whether the file system has files without a name, so that a killed process leaves none.
 bool HasUnnamedFiles([[maybe_unused]] const fs::path& folder) {
 #ifdef O_TMPFILE
   const int file = open(folder.c_str(), O_TMPFILE | O_WRONLY, 0600);
@@ -77,7 +76,7 @@ TEST(ReplaceWholeFile, KeepsThePermissionsOfTheOldFile) {
   }
 }
 
-TEST(ReplaceWholeFile, GivesANewFileThePermissionsThatNewFilesHave) {
+TEST(ReplaceWholeFile, CreatesANewFileWithThePermissionsThatNewFilesHave) {
   const TempFolder folder;
   const mode_t before = umask(0);
   for (const mode_t mask : {mode_t{0}, mode_t{022}, mode_t{077}, mode_t{027}}) {
@@ -128,7 +127,7 @@ TEST(ReadWholeFile, RaisesAnExceptionForAPipeAndADeviceAndDoesNotWaitForThem) {
   EXPECT_THROW(ReadWholeFile(folder.Wide() + L"/pipe"), std::system_error);
 }
 
-// The error that a replacement ends with.
+// Returns the error of a replacement.
 std::error_code ErrorOf(const std::wstring& path) {
   try {
     ReplaceBy(path, "new");
@@ -138,7 +137,7 @@ std::error_code ErrorOf(const std::wstring& path) {
   }
 }
 
-TEST(ReplaceWholeFile, TellsAFolderFromWhatElseIsNoFile) {
+TEST(ReplaceWholeFile, DistinguishesAFolderFromOtherThingsThatAreNoFiles) {
   const TempFolder folder;
   const fs::path pipe = folder.Path() / "pipe";
   if (mkfifo(pipe.c_str(), 0600) != 0) GTEST_SKIP() << "no pipes can be made here";
@@ -225,12 +224,11 @@ TEST(ReplaceWholeFile, LeavesTheOldFileAndNothingElseIfTheProcessDiesInTheMiddle
   }
 }
 
-// How many processes die in a test. A moment that does harm takes more of them to be met for sure;
-// the number can be raised for a search.
+// The number of processes that a test kills. More of them are likelier to find a harmful moment.
 constexpr int killings = 25;
 
-// Kills a process that replaces the file by one of the two texts and the other over and over, at a
-// moment of its own each time. Tells how often another file was left beside it.
+// Kills processes that replace the file by the two texts in turn, each at another moment. Returns
+// how often another file was left in the folder.
 int KillOverAndOver(const TempFolder& folder, const std::string& one, const std::string& other,
                     int times, std::chrono::microseconds latest) {
   const std::wstring file = folder.Write("a", one);
@@ -265,7 +263,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWheneverTheProcessDies) {
   EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a"});
 }
 
-TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
+TEST(ReplaceWholeFile, RemovesWhatACrashedProcessLeftBetweenItsLastTwoSteps) {
   const TempFolder folder;
   if (!HasUnnamedFiles(folder.Path())) GTEST_SKIP() << "every file has a name here";
   const int left = KillOverAndOver(folder, "a", "b", killings, std::chrono::microseconds(500));
@@ -275,8 +273,8 @@ TEST(ReplaceWholeFile, RemovesWhatADeadProcessLeftBetweenItsLastTwoSteps) {
   EXPECT_EQ(ReadBytes(folder.Path() / "a"), "last");
 }
 
-// A process without standard input has its number for any file. An earlier call of the process may
-// have left any error behind.
+// In a process without standard input, a file can have the descriptor 0. `errno` may have any value
+// from an earlier call.
 TEST(ReplaceWholeFile, AndReadFileTakeTheFirstNumberThatAFileMayHave) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", "old");

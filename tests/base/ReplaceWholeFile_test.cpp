@@ -1,4 +1,4 @@
-// `ReplaceWholeFile`, where it is the same on every platform.
+// Tests of `ReplaceWholeFile` for every platform.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 
-TEST(ReplaceWholeFile, MakesANewFileOfTheBytesAsTheyAre) {
+TEST(ReplaceWholeFile, CreatesAFileOfTheBytesUnchanged) {
   const TempFolder folder;
   std::string all;
   for (int byte = 0; byte < 256; ++byte) all.push_back(static_cast<char>(byte));

@@ -17,7 +17,7 @@ using namespace std::string_literals;
 
 using Pieces = std::vector<std::wstring>;
 
-// All white space there is.
+// All white space.
 constexpr std::wstring_view whiteSpace =
     L"\t\n\v\f\r \x0085\x00A0\x1680\x2000\x2001\x2002\x2003\x2004\x2005\x2006\x2007\x2008\x2009"
     L"\x200A\x2028\x2029\x202F\x205F\x3000";
@@ -57,7 +57,7 @@ TEST(Trim, RemovesWhiteSpaceAtBothEndsOnly) {
       {std::wstring(whiteSpace) + L"Стена" + std::wstring(whiteSpace), L"Стена"},
       {L" \xFEFF ", L"\xFEFF"},
       {L" \U0001F600 ", L"\U0001F600"},
-      // White space in their low 16 bits alone.
+      // Only their low 16 bits are white space.
       {L"\U00012000\U00013000", L"\U00012000\U00013000"},
       {L" \0 a \0 "s, L"\0 a \0"s},  // a NUL is no white space
   };
@@ -68,7 +68,7 @@ TEST(Trim, RemovesWhiteSpaceAtBothEndsOnly) {
   }
 }
 
-TEST(Trim, IsDoneWithFiveMillionBlanksAtOnce) {
+TEST(Trim, HandlesFiveMillionBlanksQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     const std::wstring blanks(size, L' ');
     std::wstring text = blanks;
@@ -78,7 +78,7 @@ TEST(Trim, IsDoneWithFiveMillionBlanksAtOnce) {
   });
 }
 
-TEST(Trims, ChangeTheTextInPlaceAndGiveItBack) {
+TEST(Trims, ChangeTheTextInPlaceAndReturnIt) {
   std::wstring text = L" ;a; ";
   EXPECT_EQ(&TrimRight(text), &text);
   EXPECT_EQ(text, L" ;a;");
@@ -106,7 +106,7 @@ TEST(TrimChars, RemovesTheUnitsOfTheSetAtBothEndsOnly) {
       {L"}{{A}{B}}{", L"{}", L"A}{B"},
       {L"\"\"a \"b\"\"", L"\"", L"a \"b"},
       {L"\" a \"", L"\"", L" a "},  // white space stays
-      {L" ;a; ", L";", L" ;a; "},   // and shields what stands behind it
+      {L" ;a; ", L";", L" ;a; "},   // and protects what is after it
       {L"{}{}", L"{}", L""},
       {L";", L";", L""},
       {L"", L";", L""},
@@ -120,7 +120,7 @@ TEST(TrimChars, RemovesTheUnitsOfTheSetAtBothEndsOnly) {
   }
 }
 
-TEST(TrimChars, IsDoneWithFiveMillionUnitsOfTheSetAtOnce) {
+TEST(TrimChars, HandlesFiveMillionUnitsOfTheSetQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     std::wstring text(size, L';');
     EXPECT_EQ(TrimChars(text, L";"), L"");
@@ -129,7 +129,7 @@ TEST(TrimChars, IsDoneWithFiveMillionUnitsOfTheSetAtOnce) {
   });
 }
 
-// All texts of the letters a and b that have this length.
+// Returns all texts of this length over the letters a and b.
 std::vector<std::wstring> TextsOfTwoLetters(std::size_t length) {
   std::vector<std::wstring> texts = {L""};
   for (std::size_t i = 0; i < length; ++i) {
@@ -155,7 +155,7 @@ TEST(FindText, FindsWhatThePlainSearchFinds) {
   }
 }
 
-TEST(FindText, IsNoSlowerForATextThatRepeatsTheBeginningOfWhatIsSought) {
+TEST(FindText, IsNoSlowerForATextThatRepeatsAPrefixOfThePattern) {
   ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
     const std::wstring text(2 * size, L'a');
     const std::wstring what = std::wstring(size, L'a') + L'b';
@@ -182,7 +182,7 @@ TEST(StartsWith, ComparesUnitByUnitAndNeverMatchesAnEmptyPrefix) {
       {L"Стена", L"Ст", true},
       {L"Стена", L"ст", false},
       {L"\x0439", L"\x0438\x0306", false},  // one letter, composed and decomposed
-      {L"\x0438\x0306", L"\x0438", true},   // a base letter begins the letter made of it
+      {L"\x0438\x0306", L"\x0438", true},   // a base letter is a prefix of its decomposed form
       {L"\0ab"s, L"\0a"s, true},
       {L"\0ab"s, L"\0b"s, false},
   };
@@ -191,7 +191,7 @@ TEST(StartsWith, ComparesUnitByUnitAndNeverMatchesAnEmptyPrefix) {
   }
 }
 
-TEST(SplitTrimmed, CutsAtEachSeparatorAndKeepsOrDropsEmptyPieces) {
+TEST(SplitTrimmed, SplitsAtEachSeparatorAndKeepsOrDropsEmptyPieces) {
   struct Case {
     std::wstring text;
     Pieces withEmpty;
@@ -287,7 +287,7 @@ TEST(SplitTrimmed, KeepsALineOfFiveMillionUnitsWhole) {
   EXPECT_TRUE(pieces[0] == line);
 }
 
-TEST(SplitTrimmed, CutsAtAMillionSeparators) {
+TEST(SplitTrimmed, SplitsAtAMillionSeparators) {
   std::wstring text;
   for (int i = 0; i < 1'000'000; ++i) text += L"a;";
   EXPECT_EQ(SplitTrimmed(text, L";", true).size(), 1'000'001u);
@@ -296,7 +296,7 @@ TEST(SplitTrimmed, CutsAtAMillionSeparators) {
   EXPECT_TRUE(folded[1] == text.substr(2, text.size() - 3));
 }
 
-TEST(PieceReader, GivesNoPieceBehindTheLast) {
+TEST(PieceReader, ReturnsNoPieceAfterTheLast) {
   PieceReader reader(L"a;", L";", true);
   std::wstring_view piece;
   EXPECT_TRUE(reader.Next(piece));
@@ -307,7 +307,7 @@ TEST(PieceReader, GivesNoPieceBehindTheLast) {
   EXPECT_FALSE(reader.Next(piece));
 }
 
-TEST(PieceReader, GivesViewsIntoTheText) {
+TEST(PieceReader, ReturnsViewsIntoTheText) {
   const std::wstring text = L"a; bc ;";
   PieceReader reader(text, L";", false);
   std::wstring_view piece;
@@ -317,7 +317,7 @@ TEST(PieceReader, GivesViewsIntoTheText) {
   EXPECT_EQ(piece.data(), text.data() + 3);
 }
 
-TEST(CountPieces, GivesTheNumberOfThePiecesOfSplitTrimmed) {
+TEST(CountPieces, ReturnsTheNumberOfPiecesOfSplitTrimmed) {
   for (const wchar_t* text : {L"", L" ", L";", L"a", L"a;;b;", L" a ; b ", L";;a; ;b c"}) {
     for (const bool keepEmpty : {false, true}) {
       EXPECT_EQ(CountPieces(text, L";", keepEmpty), SplitTrimmed(text, L";", keepEmpty).size())

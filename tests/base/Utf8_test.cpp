@@ -17,8 +17,7 @@ using namespace std::string_literals;
 
 constexpr bool wideIs16Bits = sizeof(wchar_t) == 2;
 
-// The forms a code point can have, as the table of well-formed byte sequences in the Unicode
-// standard lists them: a range for each byte.
+// The table of well-formed byte sequences of the Unicode standard: a range for each byte.
 struct Form {
   std::size_t length;
   std::array<std::array<unsigned, 2>, 4> bytes;
@@ -49,7 +48,7 @@ bool HasForm(std::string_view bytes, const Form& form) {
   return true;
 }
 
-// The bits behind the marker of the first byte and of each further one.
+// Returns the code point of a sequence: the bits after the marker of each byte.
 std::uint32_t CodePoint(std::string_view bytes, std::size_t length) {
   constexpr unsigned leadMasks[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
   std::uint32_t code = ByteAt(bytes, 0) & leadMasks[length];
@@ -64,7 +63,7 @@ std::wstring WideOf(std::uint32_t code) {
           static_cast<wchar_t>(0xDC00 + offset % 0x400)};
 }
 
-// What the bytes decode to, by the table alone.
+// Decodes the bytes by the table.
 std::wstring DecodeByTable(std::string_view bytes) {
   std::wstring text;
   while (true) {
@@ -101,7 +100,7 @@ TEST(Utf8, EveryCodePointRoundTrips) {
   EXPECT_TRUE(EncodeUtf8(all) == bytes);
 }
 
-TEST(DecodeUtf8, DecodesWhatIsKnown) {
+TEST(DecodeUtf8, DecodesKnownBytes) {
   struct Case {
     std::string bytes;
     std::wstring text;
@@ -131,7 +130,7 @@ TEST(DecodeUtf8, TakesPairsOfBytesAsTheTableOfWellFormedSequences) {
   }
 }
 
-// On both sides of each bound of a byte's range, and a byte from the middle of each range.
+// Bytes on both sides of each bound of a range, and one inside each range.
 constexpr unsigned notable[] = {0x00, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xAA, 0xBF,
                                 0xC0, 0xC1, 0xC2, 0xDF, 0xE0, 0xED, 0xF0, 0xF4, 0xFF};
 
@@ -175,15 +174,15 @@ TEST(DecodeUtf8, EndsAtTheFirstByteThatCannotBeDecoded) {
       "\xF8\x88\x80\x80\x80",      // five bytes
       "\xFE",
       "\xFF",
-      "\xD1",          // the first half of a letter, the next letter behind it
-      "\xD1\xD1\x82",  // the same, that letter being Cyrillic
+      "\xD1",          // the first half of a letter, followed by a letter
+      "\xD1\xD1\x82",  // the same, followed by a Cyrillic letter
   };
   for (const char* bytes : bad) {
     EXPECT_EQ(DecodeUtf8(std::string("Ст\n") + bytes + "abc"), L"Ст\n") << bytes;
   }
 }
 
-// The view ends, the bytes in memory go on: nothing may be read from there.
+// In memory there are more bytes after the view, which must not be read.
 TEST(DecodeUtf8, DropsASequenceThatTheEndCutsShort) {
   for (const std::string_view whole : {"ab\xD1\x82", "ab\xE2\x82\xAC", "ab\xF0\x9F\x98\x80"}) {
     for (std::size_t length = 2; length < whole.size(); ++length) {
@@ -192,7 +191,7 @@ TEST(DecodeUtf8, DropsASequenceThatTheEndCutsShort) {
   }
 }
 
-TEST(DecodeUtf8, GivesAllWholeCharactersOfATextCutAnywhere) {
+TEST(DecodeUtf8, ReturnsAllWholeCharactersOfATextCutAnywhere) {
   const std::string_view bytes = "aСт€\U0001F600б\xEF\xBB\xBF.";
   for (std::size_t length = 0; length <= bytes.size(); ++length) {
     const std::string_view cut = bytes.substr(0, length);
@@ -210,7 +209,7 @@ TEST(DecodeUtf8, DecodesFiveMegabytesToTheEnd) {
   EXPECT_TRUE(DecodeUtf8(bytes) == text);
 }
 
-TEST(EncodeUtf8, GivesTheShortestForm) {
+TEST(EncodeUtf8, ReturnsTheShortestForm) {
   struct Case {
     std::wstring text;
     std::string bytes;

@@ -33,17 +33,17 @@ void PrintTo(const Declared& declared, std::ostream* out) {
        << testing::PrintToString(declared.secondWord);
 }
 
-// What the members hold ahead of each parse, so that it shows which of them stay.
+// The members before each parse, so that it shows which of them are unchanged.
 const Declared before = {L"title before", L"first before", L"second before"};
 
-// What the members hold behind it.
+// Returns the members after parsing the text.
 Declared Parse(std::wstring_view text) {
   Declared declared = before;
   EXPECT_EQ(ParseClassSection(declared.title, declared.firstWord, declared.secondWord, text), 0);
   return declared;
 }
 
-// What a file of these bytes declares.
+// Returns what a file of these bytes declares.
 Declared Load(std::string_view bytes) {
   const TempFolder folder;
   Classificator record(L"id");
@@ -74,12 +74,12 @@ TEST(ClassSection, IsOverwrittenMemberByMemberByALaterSection) {
             (Declared{L"V", L"C", L"B"}));
 }
 
-TEST(ClassSection, TakesNoNoticeOfTheOrderOfSectionsAndOfOtherLines) {
+TEST(ClassSection, IgnoresTheOrderOfSectionsAndOtherLines) {
   EXPECT_EQ(Load("==NOTES\n@@@ N (X Y)\n==CLASSIFICATION\nremark (P Q)\n@@@ Схема (А Б)\n@@ R\n"),
             (Declared{L"Схема (А Б)", L"А", L"Б"}));
 }
 
-TEST(ParseClassSection, TakesTheTitleBehindTheThreeAtSigns) {
+TEST(ParseClassSection, TakesTheTitleAfterTheThreeAtSigns) {
   struct Case {
     std::wstring text;
     std::wstring title;
@@ -117,7 +117,7 @@ TEST(ParseClassSection, PassesOverEntriesThatDoNotBeginWithThreeAtSigns) {
 TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
   struct Case {
     std::wstring entry;
-    std::optional<std::wstring> firstWord;  // none: it stays as it was
+    std::optional<std::wstring> firstWord;  // none if it is unchanged
     std::optional<std::wstring> secondWord;
   };
   const Case cases[] = {
@@ -133,7 +133,7 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
       {L"@@@ T (A )", L"A", L""},
       {L"@@@ T ( )", L"", L""},
       {L"@@@ T ( A B)", L"", L"A"},
-      // Only the blank separates words, but all white space at their ends is removed.
+      // Only blanks separate words, but all white space at their ends is removed.
       {L"@@@ T (A\tB)", L"A\tB", {}},
       {L"@@@ T (A\x00A0"
        L"B)",
@@ -160,7 +160,7 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
       {L"@@@ T )A B(", {}, {}},
       {L"@@@ T ))((", {}, {}},
       {L"@@@ T [A B] {C D} （E F）", {}, {}},
-      // Any other unit may stand in the brackets.
+      // The brackets may contain any other unit.
       {L"@@@ T (Стена \U0001F600)", L"Стена", L"\U0001F600"},
       {L"@@@ T (A\0b \0c)"s, L"A\0b"s, L"\0c"s},
       {L"@@@ T (.* \\))", L".*", L"\\)"},
@@ -174,17 +174,17 @@ TEST(ParseClassSection, TakesTheFirstTwoWordsInTheBrackets) {
   }
 }
 
-TEST(ParseClassSection, CutsAtSemicolonsUnlessLineFeedsGiveMoreEntries) {
+TEST(ParseClassSection, SplitsAtSemicolonsUnlessLineFeedsYieldMoreEntries) {
   struct Case {
     std::wstring text;
     Declared declared;
   };
   const Case cases[] = {
-      // One line with a semicolon behind it: two pieces against one.
+      // One line with a semicolon at its end: two pieces against one.
       {L"@@@ T (A B);", {L"T (A B)", L"A", L"B"}},
       {L"@@@ T; (A B)", {L"T", before.firstWord, before.secondWord}},
       {L"remark; @@@ T (A B); remark", {L"T (A B)", L"A", L"B"}},
-      // A tie goes to the semicolons.
+      // On a tie semicolons win.
       {L"@@@ T; remark\n@@@ U (A B)", {L"T", before.firstWord, before.secondWord}},
       {L"@@@ T\nmore (A B); remark", {L"T\nmore (A B)", L"A", L"B"}},
       // Line feeds win, and the semicolons stay.
@@ -202,7 +202,7 @@ TEST(ParseClassSection, LetsTheLastEntryWinMemberByMember) {
   EXPECT_EQ(Parse(L"@@@ T (A B);@@@ U ();@@@"), (Declared{L"", L"", L"B"}));
 }
 
-TEST(ParseClassSection, SeeksThePairOfBracketsInOneLineOfTheEntry) {
+TEST(ParseClassSection, SearchesForThePairOfBracketsInOneLineOfTheEntry) {
   for (const wchar_t* terminator : {L"\n", L"\r", L"\x2028", L"\x2029", L"\r\n"}) {
     struct Case {
       const wchar_t* head;
@@ -231,15 +231,15 @@ TEST(ParseClassSection, SeeksThePairOfBracketsInOneLineOfTheEntry) {
   }
 }
 
-TEST(ParseClassSection, TakesNoOtherUnitForTheEndOfALine) {
+TEST(ParseClassSection, TakesNoOtherUnitAsALineEnd) {
   for (const wchar_t* unit : {L"\v", L"\f", L"\x0085", L"\x001C", L"\x200B", L"\xFEFF"}) {
     const std::wstring word = L"A"s + unit + L"B";
     EXPECT_EQ(Parse(L"@@@ T (" + word + L")").firstWord, word);
   }
 }
 
-// Without line terminators, with which not all libraries agree, brackets are what the regular
-// expression finds.
+// The brackets are what the regular expression finds. Line terminators are left out, because
+// libraries differ on them.
 TEST(ParseClassSection, FindsTheBracketsOfTheRegularExpression) {
   const std::wregex expression(L"\\((.*)\\)");
   constexpr std::wstring_view alphabet = L"()a @";
@@ -270,7 +270,7 @@ TEST(ParseClassSection, FindsTheBracketsOfTheRegularExpression) {
   EXPECT_LT(matches, 4000);
 }
 
-TEST(ParseClassSection, IsDoneWithTenMillionOpeningBracketsAtOnce) {
+TEST(ParseClassSection, HandlesTenMillionOpeningBracketsQuickly) {
   ExpectDoneAtOnce(10'000'000, [](std::size_t size) {
     const std::wstring title(size, L'(');
     const Declared declared = Parse(L"@@@ " + title);
@@ -280,7 +280,7 @@ TEST(ParseClassSection, IsDoneWithTenMillionOpeningBracketsAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithFiveMillionPairsOfTurnedBracketsAtOnce) {
+TEST(ParseClassSection, HandlesFiveMillionPairsOfTurnedBracketsQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     const std::wstring title = Repeat(L")(", size);
     const Declared declared = Parse(L"@@@ " + title);
@@ -290,7 +290,7 @@ TEST(ParseClassSection, IsDoneWithFiveMillionPairsOfTurnedBracketsAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithMillionsOfLinesOfOneBracketAtOnce) {
+TEST(ParseClassSection, HandlesMillionsOfLinesOfOneBracketQuickly) {
   ExpectDoneAtOnce(2'500'000, [](std::size_t size) {
     const std::wstring title = Repeat(L"(\r", size) + L"(A B)";
     const Declared declared = Parse(L"@@@ " + title);
@@ -300,7 +300,7 @@ TEST(ParseClassSection, IsDoneWithMillionsOfLinesOfOneBracketAtOnce) {
   });
 }
 
-TEST(ParseClassSection, IsDoneWithAMillionWordsAndAMillionEntriesAtOnce) {
+TEST(ParseClassSection, HandlesAMillionWordsAndAMillionEntriesQuickly) {
   ExpectDoneAtOnce(1'000'000, [](std::size_t size) {
     const Declared declared = {L"T (A B)", L"A", L"B"};
     EXPECT_EQ(Parse(L"@@@ (" + Repeat(L"A ", size) + L")").secondWord, L"A");

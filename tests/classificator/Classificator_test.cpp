@@ -23,18 +23,18 @@ using namespace std::string_literals;
 
 using Texts = std::vector<std::wstring>;
 
-// What a file of these bytes leaves in a fresh record.
+// A new record after loading a file of these bytes.
 struct Loaded {
   explicit Loaded(std::string_view bytes) : status(record.Load(folder.Write("a.txt", bytes))) {}
 
-  // The pattern lines, which show that a ==MAPTEXT section has been parsed and with what.
+  // Returns the pattern lines, which show what has been parsed of ==MAPTEXT.
   Texts Patterns() const {
     Texts patterns;
     for (const MapTextRecord& one : record.mapTextSection.records) patterns.emplace_back(one.text);
     return patterns;
   }
 
-  // The codes of ==PARAM, to the same end.
+  // Returns the codes of ==PARAM, for the same purpose.
   Texts ParamCodes() const {
     Texts codes;
     for (const ParamRecord& one : record.paramSection.records) codes.push_back(one.code);
@@ -66,7 +66,7 @@ TEST(Classificator, StartsWithItsIdAndTheMarksAlone) {
   ExpectNoSections(record);
 }
 
-// All that a record holds, but for the items of its codes, as one text.
+// Returns a text of all members of a record except the items of its codes.
 std::wstring Describe(const Classificator& record) {
   std::wstring all;
   const auto add = [&all](std::wstring_view text) { all.append(text).append(L"|"); };
@@ -97,7 +97,7 @@ std::wstring Describe(const Classificator& record) {
   return all;
 }
 
-// Two files whose records differ in everything.
+// Two files whose records differ in every member.
 constexpr const char* fullFile =
     "==CLASS\n@@@ Title of walls (Aaaa Bbbb)\n==MAPTEXT\n@@ (Domain-of-walls)\n$ Z10\n"
     "@A-code-of-walls {P=1}\nwall of bricks and mortar\nwall of glass\n"
@@ -107,7 +107,7 @@ constexpr const char* otherFile =
     "@C-code-of-doors {Q=5}\ndoor of planks and nails!\ndoor of steel\n"
     "==PARAM\nC-code-of-doors Q=5\nD Q=6\n==COLORAT\n@doors Doors\nKey-text-of-a-door 5 6 7 8\n";
 
-// A record of the first file, with all that no file fills in.
+// Returns a record of the first file, with the members that files don't fill in set too.
 std::unique_ptr<Classificator> FullRecord(const TempFolder& folder) {
   auto record = std::make_unique<Classificator>(L"id");
   EXPECT_EQ(record->Load(folder.Write("full.txt", fullFile)), 0);
@@ -119,7 +119,7 @@ std::unique_ptr<Classificator> FullRecord(const TempFolder& folder) {
   return record;
 }
 
-// Loads the other file, and changes by hand whatever can be changed so.
+// Loads the other file and changes the members that files don't fill in.
 void ChangeAll(Classificator& record, const TempFolder& folder) {
   record.colorats.at(L"walls").Add(L"Another-key-text", {2, 0, 0, 0, 0});
   record.mapTextSection.domenIds.emplace_back(L"Another-domain");
@@ -162,7 +162,7 @@ TEST(Classificator, IsCopiedWhole) {
   EXPECT_EQ(copy.paramSection.records[0].code, L"A-code-of-walls");
 }
 
-TEST(Classificator, StaysAsItIsWhateverBecomesOfItsCopy) {
+TEST(Classificator, IsUnchangedWhateverHappensToItsCopy) {
   const TempFolder folder;
   const auto source = FullRecord(folder);
   const std::wstring before = Describe(*source);
@@ -174,7 +174,7 @@ TEST(Classificator, StaysAsItIsWhateverBecomesOfItsCopy) {
   EXPECT_EQ(Describe(*source), before);
 }
 
-TEST(Classificator, StaysAsItIsWhateverBecomesOfItsSource) {
+TEST(Classificator, IsUnchangedWhateverHappensToItsSource) {
   const TempFolder folder;
   auto source = FullRecord(folder);
   const std::wstring before = Describe(*source);
@@ -189,8 +189,8 @@ TEST(Classificator, StaysAsItIsWhateverBecomesOfItsSource) {
   EXPECT_EQ(Describe(assigned), before);
 }
 
-// Each section alone, so that none keeps the file for another. Where the texts of the source stood,
-// others of the same length may stand now.
+// Each section alone, so that none keeps the file for another. The memory of the source's texts may
+// be reused by texts of the same length.
 TEST(Classificator, KeepsItsTextsWhenItsSourceIsGone) {
   const TempFolder folder;
   for (const std::string bytes :
@@ -230,7 +230,7 @@ TEST(Load, StoresThePathWhateverTheStatus) {
   }
 }
 
-TEST(Load, GivesTwoForWhatCannotBeOpenedAndLeavesAllElseAsItWas) {
+TEST(Load, Returns2ForWhatCannotBeOpenedAndChangesNothingElse) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.Path() / "folder.txt");
   for (const std::wstring& path :
@@ -247,7 +247,7 @@ TEST(Load, GivesTwoForWhatCannotBeOpenedAndLeavesAllElseAsItWas) {
   }
 }
 
-TEST(Load, HandsEachSectionToItsParser) {
+TEST(Load, PassesEachSectionToItsParser) {
   const Loaded loaded(
       "Remarks\n"
       "@R\n"
@@ -288,7 +288,7 @@ TEST(Load, ReadsTheSectionsInAnyOrder) {
 TEST(Load, KnowsAHeadingByItsBeginning) {
   struct Case {
     const char* heading;
-    std::string_view keyword;  // that it is known by; none if it is empty
+    std::string_view keyword;  // by which it is recognised; none if empty
   };
   const Case cases[] = {
       {"==MAPTEXT", "==MAPTEXT"},
@@ -339,7 +339,7 @@ TEST(Load, KnowsAHeadingByItsBeginning) {
   }
 }
 
-TEST(Load, TakesABodyLineThatBeginsWithTwoEqualSignsForAHeading) {
+TEST(Load, TakesABodyLineThatBeginsWithTwoEqualSignsAsAHeading) {
   const Loaded loaded("==MAPTEXT\nwall\n==door\nroof");
   EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
 }
@@ -383,12 +383,12 @@ TEST(Load, ReadsCarriageReturnsIndentationAndBlankLinesAsIfTheyWereNotThere) {
 }
 
 TEST(Load, CutsTheSectionWithoutTheBlankLinesBetween) {
-  // With its blank lines, the section would have more lines than pieces at semicolons.
+  // If blank lines counted, the section would have more lines than pieces at semicolons.
   const Loaded loaded("==MAPTEXT\n\n\n\n\nwall;door\n\n\n\n\nroof\n\n\n");
   EXPECT_EQ(loaded.Patterns(), (Texts{L"wall", L"door\nroof"}));
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
+TEST(Load, ProcessesWhatIsBeforeBytesThatCannotBeDecoded) {
   struct Case {
     std::string bytes;
     Texts patterns;
@@ -397,7 +397,7 @@ TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
       {"==MAPTEXT\nwall\nba\xFFsic\ndoor", {L"wall", L"ba"}},
       {"==MAPTEXT\nwall\nСт\xD0", {L"wall", L"Ст"}},  // the file ends within a letter
       {"==MAPTEXT\nwall\n\xC0\x80\ndoor", {L"wall"}},
-      {"==MAPTEXT\nwall\n==MAPTEXT\xED\xA0\x80\ndoor", {}},  // the heading counts
+      {"==MAPTEXT\nwall\n==MAPTEXT\xED\xA0\x80\ndoor", {}},  // the cut line is still a heading
       {"==MAPTEXT\nwall\n==\xF5MAPTEXT\ndoor", {L"wall"}},
       {"\xFF==MAPTEXT\nwall", {}},
   };
@@ -408,14 +408,14 @@ TEST(Load, ProcessesWhatStandsAheadOfBytesThatCannotBeDecoded) {
   }
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfAFailureToReadOn) {
+TEST(Load, ProcessesWhatIsBeforeAReadError) {
   if (!std::ifstream("/proc/self/mem")) GTEST_SKIP() << "no file here fails so";
   Classificator record(L"id");
   EXPECT_EQ(record.Load(L"/proc/self/mem"), 0);
   ExpectNoSections(record);
 }
 
-TEST(Load, LosesAFirstHeadingBehindAByteOrderMarkAndReadsTheRest) {
+TEST(Load, LosesAFirstHeadingAfterAByteOrderMarkAndReadsTheRest) {
   const Loaded lost("\xEF\xBB\xBF==MAPTEXT\n$ Z\nwall\n==PARAM\nA P=1\nB P=2");
   EXPECT_EQ(lost.status, 0);
   EXPECT_EQ(lost.record.mapTextSection.defaultCode, L"");
@@ -438,7 +438,7 @@ TEST(Load, KeepsNulsInTheLines) {
   EXPECT_EQ(loaded.record.mapTextSection.defaultCode, L"Z\0"s);
 }
 
-TEST(Load, ProcessesWhatStandsAheadOfTheFirstByte1A) {
+TEST(Load, ProcessesWhatIsBeforeTheFirstByte1A) {
   struct Case {
     std::string bytes;
     Texts patterns;
@@ -447,7 +447,7 @@ TEST(Load, ProcessesWhatStandsAheadOfTheFirstByte1A) {
       {"==MAPTEXT\nwall\ndoor\n\x1A", {L"wall", L"door"}},
       {"==MAPTEXT\nwall\n\x1A\ndoor\n", {L"wall"}},
       {"==MAPTEXT\nwall\nba\x1Asic\ndoor", {L"wall", L"ba"}},
-      {"==MAPTEXT\nwall\n==MAPTEXT\x1A\ndoor", {}},  // the heading counts
+      {"==MAPTEXT\nwall\n==MAPTEXT\x1A\ndoor", {}},  // the cut line is still a heading
       {"\x1A==MAPTEXT\nwall", {}},
   };
   for (const Case& one : cases) {
@@ -476,7 +476,7 @@ TEST(Load, ReadsOverAMillionHeadings) {
   EXPECT_EQ(loaded.Patterns(), Texts{L"wall"});
 }
 
-TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
+TEST(Load, Returns3ForAnyExceptionAndKeepsWhatWasReadBefore) {
   const GlobalLocale failing(UpperFails);
   const Loaded loaded(
       "==PARAM\nA P=1\nB P=2\n"
@@ -490,8 +490,8 @@ TEST(Load, GivesThreeForAnyExceptionAndKeepsWhatWasFilledInBefore) {
   EXPECT_EQ(loaded.Patterns(), Texts{});
 }
 
-// They are sorted only once the section is at its end.
-TEST(Load, KeepsThePatternsAheadOfAnExceptionInTheOrderOfTheFile) {
+// They are sorted only at the end of the section.
+TEST(Load, KeepsThePatternsBeforeAnExceptionInFileOrder) {
   const GlobalLocale failing(
       [](wchar_t unit) { return unit == L'#' ? UpperFails(unit) : UpperOfLatin(unit); });
   const Loaded loaded("==MAPTEXT\n@A\nbasic wall\nwall\n@B\ndoor#\nroof");

@@ -65,16 +65,16 @@ TEST(ParseColoratSection, ReplacesWhatWasThereAndKeepsTheActiveIdIfNoBlockIsOne)
   EXPECT_EQ(parsed.active, L"third");
 }
 
-TEST(ParseColoratSection, LeavesOutWhatIsNoBlock) {
+TEST(ParseColoratSection, IgnoresWhatIsNoBlock) {
   for (const wchar_t* text : {
            L"", L" \t\n", L"@", L"@@@", L"@;@\n@",
            L"@main Main",                // one line
            L"@main Main\n",              //
-           L"@main Main;\n",             // empty lines are none
+           L"@main Main;\n",             // empty lines don't count
            L"main A 1 2 3 4",            //
-           L"@main\nA 1 2 3 4",          // no blank behind the id
+           L"@main\nA 1 2 3 4",          // no blank after the id
            L"@main \nA 1 2 3 4",         // which is trimmed away at the end of the line
-           L"@main\tMain\nA 1 2 3 4",    // a tab is none
+           L"@main\tMain\nA 1 2 3 4",    // a tab is no blank
            L"@main\x00A0M\nA 1 2 3 4",   //
            L"@main\nA 1 2 3 4@second",   //
            L"@main M@main M@A 1 2 3 4",  // blocks of one id, each of one line
@@ -92,7 +92,7 @@ TEST(ParseColoratSection, BeginsABlockAtEachAtSign) {
     AllColors all;
   };
   const Case cases[] = {
-      {L"main M\nA 1 2 3 4", {{L"main", colors}}},  // what stands in front of the first is one too
+      {L"main M\nA 1 2 3 4", {{L"main", colors}}},  // the text before the first one is a block too
       {L"m M\nA 1 2 3 4\n@n N\nA 1 2 3 4", {{L"m", colors}, {L"n", colors}}},
       {L"@m M\nA 1 2 3 4@n N\nA 1 2 3 4", {{L"m", colors}, {L"n", colors}}},
       {L"@m M @n N\nA 1 2 3 4", {{L"n", colors}}},
@@ -104,7 +104,7 @@ TEST(ParseColoratSection, BeginsABlockAtEachAtSign) {
   for (const Case& one : cases) EXPECT_EQ(Parsed(one.text).All(), one.all) << one.text;
 }
 
-TEST(ParseColoratSection, TakesTheTextAheadOfTheFirstBlankOfTheTitleForTheId) {
+TEST(ParseColoratSection, TakesTheTitleUpToItsFirstBlankAsTheId) {
   struct Case {
     std::wstring title;
     std::wstring id;
@@ -127,7 +127,7 @@ TEST(ParseColoratSection, TakesTheTextAheadOfTheFirstBlankOfTheTitleForTheId) {
   }
 }
 
-TEST(ParseColoratSection, CutsEachBlockAtSemicolonsUnlessLineFeedsGiveMoreLines) {
+TEST(ParseColoratSection, SplitsEachBlockAtSemicolonsUnlessLineFeedsYieldMoreLines) {
   const Colors ab = {{L"A", {1, 1, 2, 3, 4}}, {L"B", {2, 5, 6, 7, 8}}};
   struct Case {
     const wchar_t* text;
@@ -135,17 +135,17 @@ TEST(ParseColoratSection, CutsEachBlockAtSemicolonsUnlessLineFeedsGiveMoreLines)
   };
   const Case cases[] = {
       {L"@m M;A 1 2 3 4;B 5 6 7 8", {{L"m", ab}}},
-      {L"@m M;\nA 1 2 3 4;\nB 5 6 7 8;\n", {{L"m", ab}}},  // a tie goes to the semicolons
+      {L"@m M;\nA 1 2 3 4;\nB 5 6 7 8;\n", {{L"m", ab}}},  // on a tie semicolons win
       {L"@m M\nA 1 2 3 4\nB 5 6 7 8", {{L"m", ab}}},
       {L"@m M\nA 1 2 3 4;\nB 5 6 7 8;", {{L"m", ab}}},  // line feeds win; "4;" is the number 4
       {L"@m M\n;;;;A 1 2 3 4\n;;B 5 6 7 8;;", {{L"m", ab}}},  // empty lines don't count
-      {L"@m M\n\n\nA 1 2 3 4;\n\n", {{L"m", {{L"A", {1, 1, 2, 3, 4}}}}}},  // blank lines are none
-      // Where semicolons win, the title reaches over the line feed.
+      {L"@m M\n\n\nA 1 2 3 4;\n\n", {{L"m", {{L"A", {1, 1, 2, 3, 4}}}}}},  // nor do blank ones
+      // If semicolons win, the title extends over the line feed.
       {L"@m M\nA 1 2 3 4;B 5 6 7 8", {{L"m", {{L"B", {1, 5, 6, 7, 8}}}}}},
       {L"@m\nA 1 2 3 4;B 5 6 7 8", {{L"m\nA", {{L"B", {1, 5, 6, 7, 8}}}}}},
-      {L"@m M;A 1 2\n3 4;x", {{L"m", {}}}},  // four pieces: a line feed separates none
+      {L"@m M;A 1 2\n3 4;x", {{L"m", {}}}},  // four pieces: a line feed is no separator
       {L"@m M;A 1 2\n 3 4;x", {{L"m", {{L"A", {1, 1, 2, 3, 4}}}}}},
-      // Each block for itself.
+      // Each block is judged by itself.
       {L"@m M;A 1 2 3 4;B 5 6 7 8@n N\nA 1 2 3 4\nB 5 6 7 8", {{L"m", ab}, {L"n", ab}}},
   };
   for (const Case& one : cases) EXPECT_EQ(Parsed(one.text).All(), one.all) << one.text;
@@ -165,13 +165,13 @@ TEST(ParseColoratSection, TakesALineOfExactlyFivePieces) {
       {L"A 1 2 3 \t", {}},
       {L"A\t1 2 3 4", {}},  // only blanks separate
       {L"A\t1 2 3 4 5", {{L"A\t1", {1, 2, 3, 4, 5}}}},
-      {L"A \t1 2\t 3 \t4\t", {{L"A", {1, 1, 2, 3, 4}}}},  // and white space is trimmed
+      {L"A \t1 2\t 3 \t4\t", {{L"A", {1, 1, 2, 3, 4}}}},  // but all white space is trimmed
       {L"A \t 1 2 3 4", {{L"A", {1, 1, 2, 3, 4}}}},
       {L"A,1,2,3,4", {}},
       {L"1 2 3 4 5", {{L"1", {1, 2, 3, 4, 5}}}},
       {L"Дверь 1 2 3 4", {{L"Дверь", {1, 1, 2, 3, 4}}}},
       {L"\U0001F600 1 2 3 4", {{L"\U0001F600", {1, 1, 2, 3, 4}}}},
-      // A blank and a digit in their low 16 bits alone.
+      // Only their low 16 bits are a blank and a digit.
       {L"\U00012000 \U00010665 2 3 4", {{L"\U00012000", {1, 0, 2, 3, 4}}}},
       {L"a\0b 1 2 3 4"s, {{L"a\0b"s, {1, 1, 2, 3, 4}}}},
   };
@@ -196,8 +196,8 @@ TEST(ParseColoratSection, MovesValuesOutOfRangeToItsNearerEnd) {
       {L"-2147483649", 0, 0},
       {L"x", 0, 0},
       {L"2147483648", 255, 100},
-      {L"4294967301", 255, 100},  // 5 in 32 bits, but a number beyond them is the greatest
-      {L"-4294967291", 0, 0},     // 5 again
+      {L"4294967301", 255, 100},  // 5 modulo 2^32, but clamped to the maximum
+      {L"-4294967291", 0, 0},     // 5 modulo 2^32 again
       {L"12.9", 12, 12},
       {L"12%", 12, 12},
   };
@@ -235,7 +235,7 @@ TEST(ParseColoratSection, ActivatesTheLastBlockThatIsOneEvenIfItHasNoColours) {
   EXPECT_EQ(Parsed(L"@m M\nA 1 2 3 4\n@n N\n@o\nA 1 2 3 4").active, L"m");
 }
 
-TEST(ParseColoratSection, TellsKeysAndIdsApartUnitByUnit) {
+TEST(ParseColoratSection, DistinguishesKeysAndIdsUnitByUnit) {
   const Parsed parsed(L"@m M\na 1 1 1 1\nA 2 2 2 2\nAA 3 3 3 3\n@M M\na 4 4 4 4");
   EXPECT_EQ(
       parsed.All(),
@@ -244,7 +244,7 @@ TEST(ParseColoratSection, TellsKeysAndIdsApartUnitByUnit) {
           {L"m", {{L"A", {2, 2, 2, 2, 2}}, {L"AA", {3, 3, 3, 3, 3}}, {L"a", {1, 1, 1, 1, 1}}}}}));
 }
 
-TEST(ParseColoratSection, IsDoneWithAMillionSeparatorsAtOnce) {
+TEST(ParseColoratSection, HandlesAMillionSeparatorsQuickly) {
   for (const wchar_t separator : {L'@', L';', L'\n', L' '}) {
     ExpectDoneAtOnce(1'000'000, [separator](std::size_t size) {
       const std::wstring separators(size, separator);
@@ -313,7 +313,7 @@ TEST(ReadLeadingInt, ReadsAnOptionalSignAndDigitsAsFarAsTheyGo) {
   for (const Case& one : cases) EXPECT_EQ(ReadLeadingInt(one.text), one.number) << one.text;
 }
 
-TEST(ReadLeadingInt, GivesTheNearestLimitBeyond32Bits) {
+TEST(ReadLeadingInt, ReturnsTheNearestLimitBeyond32Bits) {
   struct Case {
     std::wstring text;
     int number;
@@ -360,7 +360,7 @@ TEST(ReadLeadingInt, KnowsTheDigitsOfTheScriptsThatTheRuntimeOfWindowsKnows) {
       L'\x1810',  // Mongolian
       L'\xFF10',  // of full width
   };
-  // A one in front tells a zero from no digit.
+  // A leading one distinguishes a zero from no digit.
   std::map<wchar_t, int> expected;
   for (const wchar_t zero : zeros) {
     for (int digit = 0; digit < 10; ++digit) {
@@ -382,11 +382,11 @@ TEST(ReadLeadingInt, MixesScriptsAndPassesOverDigitsOfOtherKinds) {
   EXPECT_EQ(ReadLeadingInt(L"\x2463"), 0);      // in a circle
   EXPECT_EQ(ReadLeadingInt(L"\x0BE7"), 0);      // Tamil
   EXPECT_EQ(ReadLeadingInt(L"\U0001D7CF"), 0);  // mathematical, above U+FFFF
-  EXPECT_EQ(ReadLeadingInt(L"\U00010665"), 0);  // whose low 16 bits are an Arabic one
+  EXPECT_EQ(ReadLeadingInt(L"\U00010665"), 0);  // its low 16 bits are an Arabic digit
   EXPECT_EQ(ReadLeadingInt(L"1\U0001FF15"), 1);
 }
 
-TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
+TEST(ReadLeadingInt, HandlesMillionsOfDigitsQuickly) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     EXPECT_EQ(ReadLeadingInt(std::wstring(size, L'9')), greatest);
     EXPECT_EQ(ReadLeadingInt(L"-" + std::wstring(size, L'9')), least);
@@ -394,7 +394,7 @@ TEST(ReadLeadingInt, IsDoneWithMillionsOfDigitsAtOnce) {
   });
 }
 
-TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {
+TEST(ParseColoratSection, KeepsTheKeyTextsWhateverHappensToTheSection) {
   Colorats colorats;
   std::wstring active;
   {
@@ -408,7 +408,7 @@ TEST(ParseColoratSection, KeepsTheKeyTextsWhateverBecomesOfTheSection) {
   EXPECT_EQ(copy.at(L"main").begin()->first, L"Key-of-many-letters");
 }
 
-TEST(ColorMap, FindsAndListsWhateverWasAddedInBetween) {
+TEST(ColorMap, FindsAndListsWhatWasAddedInBetween) {
   ColorMap colors;
   const auto keys = [&colors] {
     std::wstring all;

@@ -1,4 +1,4 @@
-// The files that the process has open while a classificator file is parsed.
+// Tests that no file is open while a classificator file is parsed.
 
 #include <gtest/gtest.h>
 
@@ -18,15 +18,15 @@ namespace fs = std::filesystem;
 
 constexpr const char* openFiles = "/proc/self/fd";
 
-// With the folder that is being counted.
+// Returns the number of open files, including the folder that is read for it.
 std::ptrdiff_t CountOpenFiles() {
   return std::distance(fs::directory_iterator(openFiles), fs::directory_iterator());
 }
 
 std::ptrdiff_t whileParsing = -1;
 
-// A section puts its patterns in capitals when it is parsed. The letter is one whose capital is
-// asked for each time.
+// Parsing a section converts its patterns to capitals. The capital of this letter is requested from
+// the locale each time.
 TEST(Load, HasClosedTheFileWhenItParsesTheFirstSection) {
   if (!fs::exists(openFiles)) GTEST_SKIP() << "the system doesn't tell which files are open";
   const TempFolder folder;

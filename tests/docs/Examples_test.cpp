@@ -1,8 +1,8 @@
-// Runs the examples of the documents. An example is one block of a classificator file, any number
-// of blocks of domain files, and a closing block. A domain file is a text file, or of the kind
-// `text json NAME.json` the file of that name. The closing block is one of answers, each line of
-// which reads `description -> mapping string`, or one of colours: a line
-// `key -> number channel1 channel2 channel3 percent` for each key text of the active Colorat.
+// Runs the examples of the documents. An example is a block of a classificator file, any number of
+// blocks of domain files, and a closing block. A domain file is a text file, or a block of the kind
+// `text json NAME.json` with the file of that name. The closing block has either answers, with
+// lines `description -> mapping string`, or colours, with a line `key -> number channel1 channel2
+// channel3 percent` for each key text of the active Colorat.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// An editor with the files of one example.
+// An editor that has loaded the files of one example.
 class Example {
  public:
   void LoadClassificator(const std::string& text) {
@@ -93,15 +93,15 @@ int RunExamples(const std::string& document) {
   return examples;
 }
 
-TEST(Documents, TheExamplesOfTheFormatsGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheFormatsReturnTheirAnswers) {
   EXPECT_GE(RunExamples("docs/formats.md"), 30);
 }
 
-TEST(Documents, TheExamplesOfTheLookupGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheLookupReturnTheirAnswers) {
   EXPECT_GE(RunExamples("docs/lookup.md"), 1);
 }
 
-TEST(Documents, TheExamplesOfTheReadmeGiveTheirAnswers) {
+TEST(Documents, TheExamplesOfTheReadmeReturnTheirAnswers) {
   EXPECT_GE(RunExamples("README.md"), 1);
 }
 

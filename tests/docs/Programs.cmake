@@ -1,7 +1,7 @@
-# Makes programs of the C++ blocks in documents, so that what a reader copies is what was compiled.
+# Builds programs from the C++ blocks of the documents, so that readers copy compiled code.
 
-# The texts of all blocks of a document whose opening fence is followed by `kind` and nothing else,
-# each put between `before` and `after`, one behind the other.
+# Returns the texts of all blocks of a document whose opening fence is followed by exactly `kind`,
+# each between `before` and `after`, joined.
 function(read_blocks document kind before after output)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${document})
   file(READ ${PROJECT_SOURCE_DIR}/${document} rest)
@@ -30,12 +30,11 @@ function(add_document_program name text)
   target_link_libraries(${name} PRIVATE RevitMappingEditorDll)
 endfunction()
 
-# The README shows a whole program.
+# The README has a complete program.
 read_blocks(README.md cpp "" "" readme_text)
 add_document_program(readme_program "${readme_text}")
 
-# The guide to the exports tells one program in pieces: its head, and behind that blocks that don't
-# share names.
+# The guide to the exports has one program in pieces: its head, and then blocks that share no names.
 read_blocks(docs/api.md "cpp head" "" "" api_head)
 read_blocks(docs/api.md cpp "{\n" "}\n" api_body)
 add_document_program(api_program "${api_head}${api_body}}\n")

@@ -1,4 +1,4 @@
-// What the programs in the documents print is what stands below them.
+// Tests that the programs in the documents print the output below them.
 
 #include <gtest/gtest.h>
 
@@ -13,18 +13,18 @@ namespace {
 
 const std::filesystem::path sources = Utf8Path(SOURCE_FOLDER);
 
-// Where the last line of a text begins.
+// Returns the start of the last line of a text.
 std::size_t LastLine(const std::string& text) {
   return text.rfind('\n', text.size() - 2) + 1;
 }
 
-TEST(Readme, TheProgramPrintsWhatStandsBelowIt) {
+TEST(Readme, TheProgramPrintsWhatIsBelowIt) {
   const Outcome outcome = RunProgram(README_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("README.md", "text output"));
 }
 
-TEST(ApiGuide, TheExamplesPrintWhatStandsBelowThem) {
+TEST(ApiGuide, TheExamplesPrintWhatIsBelowThem) {
   const Outcome outcome = RunProgram(API_PROGRAM, "", sources);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(WithoutCarriageReturns(outcome.output), BlocksOfKind("docs/api.md", "text output"));
@@ -79,7 +79,7 @@ TEST(Readme, TheDemoShowsTheFirstElementsAndTheSummary) {
   const std::size_t gap = demo.find("...\n\n");
   ASSERT_NE(gap, std::string::npos);
   EXPECT_TRUE(outcome.output.starts_with(demo.substr(0, gap)));
-  // The last line tells the speed, which no two runs share.
+  // The last line has the speed, which varies.
   const std::string summary = demo.substr(gap + 5);
   EXPECT_EQ(outcome.errors.substr(0, LastLine(outcome.errors)),
             summary.substr(0, LastLine(summary)));

@@ -1,4 +1,4 @@
-// Holds the picture of the rooms in docs/architecture.md against the includes of the sources. A
+// Compares the picture of the rooms in docs/architecture.md with the includes of the sources. A
 // room is a folder of src/, or all of tools/ or benchmarks/; a public header belongs to the room of
 // its source.
 
@@ -30,7 +30,7 @@ bool IsSource(const fs::path& file) {
   return file.extension() == ".h" || file.extension() == ".cpp";
 }
 
-// Every source of the project, as a path from its folder.
+// Returns all sources of the project, as paths relative to its folder.
 std::vector<fs::path> Sources() {
   std::vector<fs::path> sources;
   for (const std::string& top : tops) {
@@ -47,7 +47,7 @@ std::string FolderRoom(const fs::path& file) {
   return file.parent_path().lexically_relative(top).generic_string();
 }
 
-// Which room each file belongs to.
+// Returns the room of each file.
 std::map<fs::path, std::string> Rooms(const std::vector<fs::path>& sources) {
   std::map<fs::path, std::string> roomOfName;
   for (const fs::path& file : sources) {
@@ -74,8 +74,7 @@ std::vector<std::string> IncludesOf(const fs::path& file) {
   return includes;
 }
 
-// The file that an include names: the folders in which the compiler looks are those whose names end
-// the path.
+// Returns the file of an include: a source whose path ends with it.
 const fs::path* FileOf(const std::string& include, const std::vector<fs::path>& sources) {
   for (const fs::path& file : sources) {
     const std::string path = "/" + file.generic_string();
@@ -118,7 +117,7 @@ Arrows Without(const Arrows& arrows, const Arrows& others) {
 
 TEST(Rooms, IncludeNothingThatThePictureDoesNotShow) {
   const Arrows arrows = ArrowsOfTheSources();
-  EXPECT_TRUE(arrows.contains({"textfile", "base"}));  // includes are found at all
+  EXPECT_TRUE(arrows.contains({"textfile", "base"}));  // checks that includes are found at all
   EXPECT_EQ(Without(arrows, ArrowsOfThePicture()), Arrows());
 }
 
@@ -126,7 +125,7 @@ TEST(Rooms, IncludeAllThatThePictureShows) {
   EXPECT_EQ(Without(ArrowsOfThePicture(), ArrowsOfTheSources()), Arrows());
 }
 
-// Room after room is taken away that includes none of those left.
+// A topological sort: repeatedly removes a room that includes none of the others.
 TEST(Rooms, OnlyLookDown) {
   Arrows left = ArrowsOfThePicture();
   for (bool shrinks = true; shrinks;) {

@@ -1,4 +1,4 @@
-// What a domain file brings shows in a mapping string, whose items are the properties of domains.
+// Tests of `CreateDomen`. The contents of a domain file show in the items of a mapping string.
 
 #include <gtest/gtest.h>
 
@@ -19,19 +19,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Of a wall it tells the property P out of domain A, or else out of domain B.
+// The mapping string of a wall has the property P of domain A, or else of domain B.
 constexpr std::string_view scheme =
     "==MAPTEXT\n"
     "@@ (A B)\n"
     "@W10 {P}\n"
     "wall\n";
 
-// A domain with the property P, whose one field has this value.
+// Returns a file with a domain whose property P has one field with this value.
 std::string DomenOf(const std::string& id, const std::string& value) {
   return "==DOMEN\n@@@ " + id + "\n@ P 0 1\nF str 0 " + value + "\n";
 }
 
-// An editor with a data folder of its own, in which only the scheme is loaded.
+// An editor with its own data folder that has loaded only the scheme.
 class CreateDomen : public testing::Test {
  protected:
   CreateDomen() : editor(data.Wide().c_str(), L"") {
@@ -82,7 +82,7 @@ TEST_F(CreateDomen, PrefersTheFileUnderItsOwnNameToTheDataFolder) {
 
 TEST_F(CreateDomen, JoinsDataFolderAndNameBySlashWhateverTheyBeginAndEndWith) {
   data.Write("domens.txt", DomenOf("A", "data"));
-  // The root folder holds no file of this name, so that it is sought in the data folder too.
+  // The root folder has no such file, so the data folder is searched too.
   data.Write("domens-of-a-test.txt", DomenOf("B", "root"));
   EXPECT_EQ(Create(L"/domens-of-a-test.txt"), 0);
   EXPECT_EQ(Mapping(), L"Code W10;P= root;");
@@ -90,7 +90,7 @@ TEST_F(CreateDomen, JoinsDataFolderAndNameBySlashWhateverTheyBeginAndEndWith) {
   EXPECT_EQ(slash.CreateDomen(L"domens.txt"), 0);
 }
 
-TEST_F(CreateDomen, SeeksInTheRootFolderIfTheDataFolderIsEmpty) {
+TEST_F(CreateDomen, SearchesTheRootFolderIfTheDataFolderIsEmpty) {
   // The second path is "/" and the name.
   RevitMappingEditorDll rooted(L"", L"");
   const std::wstring path = elsewhere.Write("domens.txt", DomenOf("A", "own"));
@@ -100,7 +100,7 @@ TEST_F(CreateDomen, SeeksInTheRootFolderIfTheDataFolderIsEmpty) {
   EXPECT_EQ(rooted.CreateDomen(path.c_str() + 1), 0);
 }
 
-TEST_F(CreateDomen, GivesMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) {
+TEST_F(CreateDomen, ReturnsMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) {
   EXPECT_EQ(Create(elsewhere.Write("domens.txt", DomenOf("A", "old"))), 0);
   data.Write("file.txt", "");
   for (const wchar_t* file : {L"missing.txt", L"missing/domens.txt", L"file.txt/x.txt",
@@ -112,12 +112,12 @@ TEST_F(CreateDomen, GivesMinus1ForAFileThatIsInNeitherPlaceAndKeepsWhatThereIs) 
   EXPECT_EQ(Active(), L"A");
 }
 
-TEST_F(CreateDomen, GivesMinus1ForAFileOfAnotherExtensionAndDoesNotReadIt) {
+TEST_F(CreateDomen, ReturnsMinus1ForAFileWithAnotherExtensionAndDoesNotReadIt) {
   for (const char* name : {"domens", "domens.cfg", "domens.txt.bak", "domens.TXT", ".txt"}) {
     EXPECT_EQ(Create(elsewhere.Write(name, DomenOf("A", "own"))), -1) << name;
   }
   for (const char* name : {"Domens.Txt", "Domens.Json", "Domens.JSON"}) {
-    const TempFolder folder;  // of its own, as some systems take these for one name
+    const TempFolder folder;  // separate, because some systems treat these names as equal
     EXPECT_EQ(Create(folder.Write(name, DomenOf("A", "own"))), -1) << name;
   }
   EXPECT_EQ(Mapping(), noDomain);
@@ -133,28 +133,28 @@ TEST_F(CreateDomen, DoesNotGoOnToTheDataFolderFromAFileThatItRefuses) {
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives2ForAFolder) {
+TEST_F(CreateDomen, Returns2ForAFolder) {
   fs::create_directory(elsewhere.Path() / "own.txt");
   fs::create_directory(data.Path() / "data.txt");
   EXPECT_EQ(Create(elsewhere.Wide() + L"/own.txt"), 2);
   EXPECT_EQ(Create(L"data.txt"), 2);
 }
 
-TEST_F(CreateDomen, GivesMinus1ForTheEmptyNameWhichIsTheDataFolderItself) {
+TEST_F(CreateDomen, ReturnsMinus1ForTheEmptyNameWhichIsTheDataFolderItself) {
   data.Write("domens.txt", DomenOf("A", "data"));
   EXPECT_EQ(Create(L""), -1);
   EXPECT_EQ(Create(L"."), -1);
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives0ForAFileWithoutADomain) {
+TEST_F(CreateDomen, Returns0ForAFileWithoutADomain) {
   EXPECT_EQ(Create(elsewhere.Write("empty.txt", "")), 0);
   EXPECT_EQ(Create(elsewhere.Write("other.txt", "==NOTES\n@@@ A\n@ P 0 1\n")), 0);
   EXPECT_EQ(Create(elsewhere.Write("small.txt", "==domen\n@@@ A\n@ P 0 1\n")), 0);
   EXPECT_EQ(Mapping(), noDomain);
 }
 
-TEST_F(CreateDomen, Gives0ForAFileThatEndsInBytesThatCannotBeDecoded) {
+TEST_F(CreateDomen, Returns0ForAFileThatEndsInBytesThatCannotBeDecoded) {
   EXPECT_EQ(Create(elsewhere.Write("bad.txt", DomenOf("A", "own") + "G str 0 in\xFFt\n")), 0);
   EXPECT_EQ(Mapping(), L"Code W10;P= own in;");
 }
@@ -227,7 +227,7 @@ TEST_F(CreateDomen, PassesOnTheFileSystemsErrorThatIsNoAbsence) {
   EXPECT_THROW(Create(elsewhere.Wide() + L"/loop.txt"), fs::filesystem_error);
   EXPECT_THROW(Create(L"loop.txt"), fs::filesystem_error);
 
-  // The editor is as it was, and usable.
+  // The editor is unchanged and usable.
   EXPECT_EQ(Mapping(), L"Code W10;P= old;");
   EXPECT_EQ(Create(elsewhere.Write("more.txt", "==DOMEN\n@@@ A\n@ P 0 1\nG str 0 new\n")), 0);
   EXPECT_EQ(Mapping(), L"Code W10;P= old new;");
@@ -242,7 +242,7 @@ TEST_F(CreateDomen, FollowsASymbolicLinkToAFile) {
   EXPECT_EQ(Mapping(), L"Code W10;P= own;");
 }
 
-TEST_F(CreateDomen, TakesALinkToNothingForAMissingFile) {
+TEST_F(CreateDomen, TreatsALinkToNothingAsAMissingFile) {
   if (!MakeLink("missing", elsewhere.Path() / "link.txt")) {
     GTEST_SKIP() << "no links can be made here";
   }
@@ -250,11 +250,11 @@ TEST_F(CreateDomen, TakesALinkToNothingForAMissingFile) {
 }
 
 TEST_F(CreateDomen, PassesADefaultThroughItsTextFormOnceForEachCopyOfItsProperty) {
-  // Two copies are made for a mapping string. Each takes off a quotation mark and the tab in front
-  // of it, and the reading of the file takes off one more mark.
+  // A mapping string copies a property twice. Each copy removes a quotation mark and the tab before
+  // it, and reading the file removes one more mark.
   EXPECT_EQ(Create(elsewhere.Write("d.txt", DomenOf("A", "x\"\t\"\t\"\t\""))), 0);
   EXPECT_EQ(Mapping(), L"Code W10;P= x\"\t;");
-  // The copy of an editor takes off another.
+  // Copying the editor removes another.
   RevitMappingEditorDll copy(editor);
   EXPECT_EQ(Take(copy.GetMappingStr(L"wall", 1, L"=")), L"Code W10;P= x;");
   EXPECT_EQ(Mapping(), L"Code W10;P= x\"\t;");

@@ -52,7 +52,7 @@ TEST(IndexedProperties, AreReadAsAMapIs) {
   EXPECT_EQ(properties.begin()->first, L"a");
 }
 
-TEST(IndexedProperties, GiveThoseThatApplyToEachOfTheTypesInTheOrderOfTheKeys) {
+TEST(IndexedProperties, ReturnThoseThatApplyToAllOfTheTypesInKeyOrder) {
   const IndexedProperties properties = SomeProperties();
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({})), (Texts{L"a", L"b", L"c", L"d"}));
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({L"Door"})), (Texts{L"a", L"b", L"c"}));
@@ -65,14 +65,14 @@ TEST(IndexedProperties, GiveThoseThatApplyToEachOfTheTypesInTheOrderOfTheKeys) {
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({L""})), Texts{L"b"});
 }
 
-TEST(IndexedProperties, KnowNoTypeThatStandsForAll) {
+TEST(IndexedProperties, HaveNoWildcardType) {
   IndexedProperties properties;
   properties.Edit([](DomenProperties& map) { map.emplace(L"a", PropertyFor(L"a", {L"*"})); });
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({L"*"})), Texts{L"a"});
   EXPECT_EQ(IdsOf(properties.ThatApplyTo({L"Door"})), Texts{});
 }
 
-TEST(IndexedProperties, GiveWhatAnEditMadeOfThem) {
+TEST(IndexedProperties, ReturnWhatAnEditMadeOfThem) {
   IndexedProperties properties = SomeProperties();
   ASSERT_EQ(IdsOf(properties.ThatApplyTo({L"Door"})), (Texts{L"a", L"b", L"c"}));
   properties.Edit([](DomenProperties& map) { map.at(L"a").objectTypes = {L"Stair"}; });
@@ -98,7 +98,7 @@ TEST(IndexedProperties, AnswerForThemselvesWhenCopiedMovedAndAssigned) {
   EXPECT_EQ(source->ThatApplyTo({}).front(), &source->at(L"b"));
 }
 
-TEST(IndexedProperties, GiveWhatAWalkOverThemGives) {
+TEST(IndexedProperties, ReturnWhatALinearScanReturns) {
   std::mt19937 engine(1);
   const auto someTypes = [&engine](std::size_t most) {
     Texts types(engine() % (most + 1));
@@ -126,7 +126,7 @@ TEST(IndexedProperties, GiveWhatAWalkOverThemGives) {
 
 // Values
 
-// A property with a field of each type that was given this text, and fields as no text makes them.
+// Returns a property with a field of each type set to this text, and fields that no text can make.
 DomenProperty PropertyWith(const std::wstring& text) {
   using namespace Properties;
   DomenProperty property = PropertyFor(L"P", {L"Door"});

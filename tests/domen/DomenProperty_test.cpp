@@ -28,7 +28,7 @@ DomenProperty NewProperty() {
   return PropertyFor({});
 }
 
-// The value of the first field, as it is stored.
+// Returns the stored value of the first field.
 std::wstring& StoredString(const DomenProperty& property) {
   return dynamic_cast<PropertyStrParameter&>(*property.fields.at(0)).value;
 }
@@ -70,7 +70,7 @@ TEST(DomenProperty, AppliesToTheObjectTypesThatItNamesUnitByUnit) {
   }
 }
 
-TEST(DomenProperty, KnowsNoObjectTypeThatStandsForAll) {
+TEST(DomenProperty, HasNoWildcardObjectType) {
   const DomenProperty property = PropertyFor({L"*", L"All"});
   EXPECT_TRUE(property.AppliesToObjectType(L"*"));
   EXPECT_TRUE(property.AppliesToObjectType(L"All"));
@@ -83,7 +83,7 @@ TEST(DomenProperty, AppliesToTheEmptyObjectTypeIfItNamesThat) {
   EXPECT_FALSE(PropertyFor({L""}).AppliesToObjectType(L"Door"));
 }
 
-TEST(AddValueField, AddsAFieldOfEachTypeBehindTheOthers) {
+TEST(AddValueField, AppendsAFieldOfEachType) {
   DomenProperty property = NewProperty();
   EXPECT_EQ(property.AddValueField(L"f", L"First", 5, true, L"a b"), 0);
   EXPECT_EQ(property.AddValueField(L"e", L"Second", 4, false, L"0.9 1"), 0);
@@ -152,14 +152,14 @@ TEST(AddValueField, KnowsTheNamesOfManyFields) {
   EXPECT_EQ(moved.fields.size(), std::size_t{many} + 1);
 }
 
-// A property of so many fields that are named by their numbers.
+// Returns a property with `count` fields, named by their numbers.
 DomenProperty NumberedFields(int count, const std::wstring& text = L"1") {
   DomenProperty property = NewProperty();
   for (int i = 0; i < count; ++i) property.AddValueField(std::to_wstring(i), L"", 2, false, text);
   return property;
 }
 
-TEST(AddValueField, GoesByTheNamesThatTheFieldsHaveNow) {
+TEST(AddValueField, ComparesTheNamesThatTheFieldsHaveNow) {
   for (const int count : {2, 40, 100}) {
     SCOPED_TRACE(count);
     DomenProperty property = NumberedFields(count);
@@ -186,8 +186,7 @@ TEST(AddValueField, TakesTheNameOfAFieldThatIsGone) {
   }
 }
 
-// The names of another property's fields are not its own, also where these are where the other's
-// were.
+// Names of another property's fields don't count, even if the fields are at the same addresses.
 TEST(AddValueField, ForgetsTheNamesOfFieldsThatWereAssignedOver) {
   DomenProperty property = NewProperty();
   for (int i = 0; i < 100; ++i) property.AddValueField(std::to_wstring(i), L"", 0, false, L"1");
@@ -211,7 +210,7 @@ TEST(AddValueField, LooksAtTheNameBeforeTheType) {
   EXPECT_EQ(property.AddValueField(L"F", L"", 6, false, L"5"), -1);
 }
 
-TEST(AddValueField, LeavesTheStartingValueIfTheDefaultIsRefused) {
+TEST(AddValueField, LeavesTheInitialValueIfTheDefaultIsRefused) {
   DomenProperty property = NewProperty();
   EXPECT_EQ(property.AddValueField(L"a", L"", 0, false, L"word"), 0);
   EXPECT_EQ(property.AddValueField(L"b", L"", 1, false, L"1,5"), 0);
@@ -229,7 +228,7 @@ TEST(AddValueField, LeavesTheStartingValueIfTheDefaultIsRefused) {
             L"    slist f '' = \n");
 }
 
-// A property that differs from a new one in all it has.
+// Returns a property that differs from a new one in every member.
 DomenProperty FullProperty() {
   DomenProperty property(L"Rating", L"Класс", {L"Room", L"Door"}, true, -10);
   property.AddValueField(L"Minutes", L"Time", 0, true, L"-30");
@@ -294,7 +293,7 @@ TEST(DomenProperty, IsAssignedWithAllItsMembersAndFields) {
   EXPECT_EQ(source.fields[0]->GetValue(), L"-30");
 }
 
-TEST(DomenProperty, StaysAsItIsWhenItIsAssignedToItself) {
+TEST(DomenProperty, IsUnchangedWhenAssignedToItself) {
   DomenProperty property = FullProperty();
   const std::wstring described = Describe(property);
   const DomenProperty& itself = property;

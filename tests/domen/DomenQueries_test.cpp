@@ -1,4 +1,4 @@
-// The queries over domains, through the exports wherever they can show it.
+// Tests of the queries over domains, through the exports where possible.
 
 #include <gtest/gtest.h>
 
@@ -27,11 +27,11 @@ using namespace std::string_view_literals;
 using Editor = RevitMappingEditorDll;
 using Texts = std::vector<std::wstring>;
 
-// Ids, whether unique, field counts, whether lists.
+// Id, uniqueness, number of fields, and whether it is a list.
 using CheckRows = std::vector<std::tuple<std::wstring, bool, int, bool>>;
 using SortRows = std::vector<std::pair<std::wstring, int>>;
 
-// An editor with the domains of one file.
+// An editor that has loaded the domains of one file.
 struct LoadedDomens {
   explicit LoadedDomens(std::string_view section) : editor(L"", L"") {
     const std::wstring file = folder.Write("domens.txt", "==DOMEN\n" + std::string(section));
@@ -108,7 +108,7 @@ CheckRows CheckInfos(Editor& editor, const wchar_t* domenId) {
 
 // Lists of domains
 
-TEST(GetDomens, GiveNullAndNoCountWithoutADomain) {
+TEST(GetDomens, ReturnNullAndACountOf0WithoutADomain) {
   Editor editor(L"", L"");
   for (const auto list : {&Editor::GetDomensIds, &Editor::GetDomensNames}) {
     int count = -1;
@@ -117,7 +117,7 @@ TEST(GetDomens, GiveNullAndNoCountWithoutADomain) {
   }
 }
 
-TEST(GetDomens, GiveIdsAndNamesInTheOrderOfTheIdsUnits) {
+TEST(GetDomens, ReturnIdsAndNamesInTheOrderOfTheIdsUnits) {
   LoadedDomens loaded("@@@ a\n@@@ Стены\n@@@ B\n@@@ AB\n@@@ A\n@@@ _\n@@@ 2\n@@@ 10\n@@@ Двери\n");
   const Texts sorted = {L"10", L"2", L"A", L"AB", L"B", L"_", L"a", L"Двери", L"Стены"};
   EXPECT_EQ(Ids(loaded.editor), sorted);
@@ -130,14 +130,14 @@ TEST(GetDomens, KeepToTheUnitsBeyondTheBasicPlane) {
   EXPECT_EQ(Names(loaded.editor), inOrderOfUnits);
 }
 
-TEST(GetDomens, GiveTheDomainsOfAllFilesAndOfClassificators) {
+TEST(GetDomens, ReturnTheDomainsOfAllFilesAndOfClassificators) {
   LoadedDomens loaded("@@@ B\n");
   const std::wstring second = loaded.folder.Write("second.txt", "==DOMEN\n@@@ A\n@@@ B\n");
   ASSERT_EQ(loaded.editor.CreateClassificator(L"", L"", L"", second.c_str()), 0);
   EXPECT_EQ(Ids(loaded.editor), (Texts{L"A", L"B"}));
 }
 
-TEST(GetDomens, GiveATextUpToItsFirstNul) {
+TEST(GetDomens, ReturnATextUpToItsFirstNul) {
   LoadedDomens loaded("@@@ A\0B\n"sv);
   EXPECT_EQ(Ids(loaded.editor), Texts{L"A"});
   EXPECT_EQ(Names(loaded.editor), Texts{L"A"});
@@ -146,8 +146,8 @@ TEST(GetDomens, GiveATextUpToItsFirstNul) {
   EXPECT_EQ(loaded.editor.SetActiveDomenByName(L"A"), -1);
 }
 
-// Domains whose names are not their ids, as only a ".json" file can have it: a and c of one name, b
-// with the id of another for a name, and d without one.
+// Domains whose names differ from their ids, which only a ".json" file can express: a and c share a
+// name, the name of b is the id of another, and d has none.
 struct NamedDomens {
   NamedDomens() : editor(L"", L"") {
     Load("c.json", R"({"Domen": {"sName": "Same"}})");
@@ -164,13 +164,13 @@ struct NamedDomens {
   Editor editor;
 };
 
-TEST(GetDomens, GiveNamesBesideTheIdsAndANameThatTwoBearTwice) {
+TEST(GetDomens, ReturnANameForEachIdAndASharedNameTwice) {
   NamedDomens loaded;
   EXPECT_EQ(Ids(loaded.editor), (Texts{L"a", L"b", L"c", L"d"}));
   EXPECT_EQ(Names(loaded.editor), (Texts{L"Same", L"c", L"Same", L""}));
 }
 
-TEST(ListDomenIds, GivesTheKeysOfTheDomains) {
+TEST(ListDomenIds, ReturnsTheKeysOfTheDomains) {
   DomenStore store;
   store.AddDomen(L"key", Domen(L"id", L"name"));
   EXPECT_EQ(store.ListDomenIds(), Texts{L"key"});
@@ -192,7 +192,7 @@ TEST(GetActiveDomenId, IsTheLastDomainLoadedUntilAnotherIsSelected) {
   EXPECT_EQ(ActiveId(loaded.editor), L"B");
 }
 
-TEST(SetActiveDomen, GivesMinusOneForAnUnknownDomainAndKeepsTheSelection) {
+TEST(SetActiveDomen, ReturnsMinusOneForAnUnknownDomainAndKeepsTheSelection) {
   LoadedDomens loaded("@@@ Door\n@@@ Wall\n");
   for (const auto select : {&Editor::SetActiveDomenId, &Editor::SetActiveDomenByName}) {
     ASSERT_EQ((loaded.editor.*select)(L"Door"), 0);
@@ -203,7 +203,7 @@ TEST(SetActiveDomen, GivesMinusOneForAnUnknownDomainAndKeepsTheSelection) {
   }
 }
 
-TEST(SetActiveDomen, GivesMinusOneWithoutAnyDomainEvenForAnEmptyText) {
+TEST(SetActiveDomen, ReturnsMinusOneWithoutAnyDomainEvenForAnEmptyText) {
   Editor editor(L"", L"");
   EXPECT_EQ(editor.SetActiveDomenId(L""), -1);
   EXPECT_EQ(editor.SetActiveDomenByName(L""), -1);
@@ -255,7 +255,7 @@ TEST(SelectDomen, TakesTheKeyAndNotTheIdInTheRecord) {
 
 // Properties
 
-TEST(DomenQueries, NameTheirDomainAndTakeNoNoticeOfTheActiveOne) {
+TEST(DomenQueries, NameTheirDomainAndIgnoreTheActiveOne) {
   LoadedDomens loaded("@@@ A\n@ P 1 7 Title\nF int 1 5\n@@@ B\n@ Q 0 8\nG ilist 0 6\n");
   for (const wchar_t* active : {L"A", L"B"}) {
     ASSERT_EQ(loaded.editor.SetActiveDomenId(active), 0);
@@ -268,7 +268,7 @@ TEST(DomenQueries, NameTheirDomainAndTakeNoNoticeOfTheActiveOne) {
   }
 }
 
-TEST(DomenQueries, GiveNothingForAnUnknownDomain) {
+TEST(DomenQueries, ReturnNothingForAnUnknownDomain) {
   LoadedDomens loaded("@@@ A\n@ P 1 7 Title\nF int 1 5\n");
   for (const wchar_t* id : {L"", L"a", L"AA", L"A ", L"P"}) {
     EXPECT_EQ(SortIndexes(loaded.editor, id), SortRows{}) << id;
@@ -280,7 +280,7 @@ TEST(DomenQueries, GiveNothingForAnUnknownDomain) {
   EXPECT_EQ(Ids(loaded.editor), Texts{L"A"});  // and make none
 }
 
-TEST(DomenQueries, GiveNothingForADomainWithoutProperties) {
+TEST(DomenQueries, ReturnNothingForADomainWithoutProperties) {
   LoadedDomens loaded("@@@ A\n");
   EXPECT_EQ(SortIndexes(loaded.editor, L"A"), SortRows{});
   EXPECT_EQ(OfType(loaded.editor, L"A", L""), PropertyRows{});
@@ -288,7 +288,7 @@ TEST(DomenQueries, GiveNothingForADomainWithoutProperties) {
   EXPECT_EQ(CheckInfos(loaded.editor, L"A"), CheckRows{});
 }
 
-TEST(DomenQueries, GivePropertiesInTheOrderOfTheKeysUnitsWhateverTheSortIndexes) {
+TEST(DomenQueries, ReturnPropertiesInTheOrderOfTheKeysUnitsWhateverTheSortIndexes) {
   LoadedDomens loaded(
       "@@@ A\n"
       "@ b 0 1 Beta\nF int 0 1\n@ a 0 2 Alpha\nF int 0 1\n@ Я 0 -5\nF int 0 1\n"
@@ -318,7 +318,7 @@ constexpr const char* typedProperties =
     "@@ Room\n@ Rooms 0 4\n"
     "@@ Stair Door Room\n@ Three 0 5\n";
 
-TEST(GetDomenPropertysByObjType, GivesThePropertiesThatNameTheTypeAndThoseThatNameNone) {
+TEST(GetDomenPropertysByObjType, ReturnsThePropertiesThatNameTheTypeAndThoseThatNameNone) {
   LoadedDomens loaded(typedProperties);
   struct Case {
     const wchar_t* type;
@@ -328,7 +328,7 @@ TEST(GetDomenPropertysByObjType, GivesThePropertiesThatNameTheTypeAndThoseThatNa
       {L"Door", {L"All", L"Both", L"Doors", L"Three"}},
       {L"Room", {L"All", L"Both", L"Rooms", L"Three"}},
       {L"Stair", {L"All", L"Three"}},
-      {L"Roof", {L"All"}},  // no property names it
+      {L"Roof", {L"All"}},  // no property lists it
       // Types are compared unit by unit.
       {L"", {L"All"}},
       {L"door", {L"All"}},
@@ -346,7 +346,7 @@ TEST(GetDomenPropertysByObjType, GivesThePropertiesThatNameTheTypeAndThoseThatNa
   }
 }
 
-TEST(GetDomenPropertysByObjTypes, GivesThePropertiesThatFitEveryType) {
+TEST(GetDomenPropertysByObjTypes, ReturnsThePropertiesThatApplyToEveryType) {
   LoadedDomens loaded(typedProperties);
   struct Case {
     std::vector<const wchar_t*> types;
@@ -368,7 +368,7 @@ TEST(GetDomenPropertysByObjTypes, GivesThePropertiesThatFitEveryType) {
   }
 }
 
-TEST(GetDomenPropertysByObjTypes, ReadsOnlyAsManyTypesAsItIsTold) {
+TEST(GetDomenPropertysByObjTypes, ReadsOnlyAsManyTypesAsTheCountSays) {
   LoadedDomens loaded(typedProperties);
   const wchar_t* types[] = {L"Stair", L"Roof"};
   int count = -1;
@@ -379,7 +379,7 @@ TEST(GetDomenPropertysByObjTypes, ReadsOnlyAsManyTypesAsItIsTold) {
   EXPECT_EQ(IdsOf(TakeProperties(count, ids, names, indexes)), (Texts{L"All", L"Three"}));
 }
 
-TEST(GetDomenPropertysByObjTypes, AsksForNothingWithANumberOf0AndNoArray) {
+TEST(GetDomenPropertysByObjTypes, SelectsAllWithACountOf0AndNoArray) {
   LoadedDomens loaded(typedProperties);
   int count = -1;
   Output<const wchar_t*> ids, names;
@@ -389,7 +389,7 @@ TEST(GetDomenPropertysByObjTypes, AsksForNothingWithANumberOf0AndNoArray) {
   EXPECT_EQ(TakeProperties(count, ids, names, indexes).size(), 5u);
 }
 
-TEST(GetDomenPropertysByObjType, GivesNothingIfNoPropertyFits) {
+TEST(GetDomenPropertysByObjType, ReturnsNothingIfNoPropertyApplies) {
   LoadedDomens loaded("@@@ D\n@@ Door\n@ P 0 1\n@ Q 0 2\n");
   EXPECT_EQ(OfType(loaded.editor, L"D", L"Room"), PropertyRows{});
   EXPECT_EQ(OfTypes(loaded.editor, L"D", {L"Door", L"Room"}), PropertyRows{});
@@ -397,7 +397,7 @@ TEST(GetDomenPropertysByObjType, GivesNothingIfNoPropertyFits) {
 
 // Fields
 
-TEST(GetDomenPropertyFieldsValues, GivesTheFieldsInTheirOwnOrder) {
+TEST(GetDomenPropertyFieldsValues, ReturnsTheFieldsInTheirOwnOrder) {
   LoadedDomens loaded(
       "@@@ D\n@ P 0 1\n"
       "z int 0 -7 An integer\ny real 1 0.5 A real\nx str 0 \"K30\" A string\n"
@@ -411,7 +411,7 @@ TEST(GetDomenPropertyFieldsValues, GivesTheFieldsInTheirOwnOrder) {
                        {L"u", L"Strings of a list", 5, true, L"main"}}));
 }
 
-TEST(GetDomenPropertyFieldsValues, GivesTheStartingValueOfAFieldThatRefusedItsDefault) {
+TEST(GetDomenPropertyFieldsValues, ReturnsTheInitialValueOfAFieldThatRefusedItsDefault) {
   LoadedDomens loaded(
       "@@@ D\n@ P 0 1\n"
       "a int 0 x\nb real 0 x\nc str 0 \"\"\nd ilist 0 x\ne rlist 0 x\nf slist 0 \"\"\n");
@@ -420,7 +420,7 @@ TEST(GetDomenPropertyFieldsValues, GivesTheStartingValueOfAFieldThatRefusedItsDe
   EXPECT_EQ(values, (Texts{L"1", L"1", L"", L"1", L"1", L""}));
 }
 
-TEST(GetDomenPropertyFieldsValues, GivesNothingForAPropertyWithoutFields) {
+TEST(GetDomenPropertyFieldsValues, ReturnsNothingForAPropertyWithoutFields) {
   LoadedDomens loaded("@@@ D\n@ P 0 1\n");
   EXPECT_EQ(Fields(loaded.editor, L"D", L"P"), FieldRows{});
 }
@@ -449,8 +449,8 @@ TEST(GetDomenPropertyFieldsValues, RaisesForAnUnknownPropertyAndWritesNothing) {
   EXPECT_EQ(Fields(loaded.editor, L"D", L"P"), (FieldRows{{L"F", L"F", 0, false, L"5"}}));
 }
 
-// Each text form takes one layer of quotation marks and one of blanks: the first when the value is
-// read, the second when the property enters its domain, the third on the way out.
+// Each pass through the text form removes a layer of quotation marks and one of blanks: when the
+// value is read, when the property is added to its domain, and when it is returned.
 TEST(GetDomenPropertyFieldsValues, PassesTheValuesThroughTheirTextFormOnceMore) {
   const TempFolder folder;
   Editor editor(L"", L"");
@@ -468,7 +468,7 @@ TEST(GetDomenPropertyFieldsValues, PassesTheValuesThroughTheirTextFormOnceMore) 
   }
 }
 
-TEST(FindProperty, GivesTheBlankPropertyForAnUnknownDomain) {
+TEST(FindProperty, ReturnsTheBlankPropertyForAnUnknownDomain) {
   const DomenProperty blank = DomenStore().FindProperty(L"D", L"P");
   EXPECT_EQ(blank.id, L"");
   EXPECT_EQ(blank.name, L"");
@@ -499,7 +499,7 @@ TEST(GetDomenPropertiesCheckInfo, LetsTheLastFieldAloneDecideWhetherThePropertyI
                                                         {L"i", false, 3, false}}));
 }
 
-TEST(GetDomenPropertiesCheckInfo, TellsWhichPropertiesAreUnique) {
+TEST(GetDomenPropertiesCheckInfo, ReturnsWhichPropertiesAreUnique) {
   LoadedDomens loaded(
       "@@@ D\n@ a 1 1\nF int 0 1\n@ b 0 1\nF int 1 1\n@ c 2 1\nF int 1 1\n@ d 1 1\nF ilist 0 1\n");
   EXPECT_EQ(CheckInfos(loaded.editor, L"D"), (CheckRows{{L"a", true, 1, false},
@@ -508,7 +508,7 @@ TEST(GetDomenPropertiesCheckInfo, TellsWhichPropertiesAreUnique) {
                                                         {L"d", true, 1, true}}));
 }
 
-TEST(GetDomenPropertiesCheckInfo, RaisesForOnePropertyWithoutFieldsAndGivesNoPartialAnswer) {
+TEST(GetDomenPropertiesCheckInfo, RaisesForOnePropertyWithoutFieldsAndReturnsNoPartialAnswer) {
   for (const char* section :
        {"@@@ D\n@ a 0 1\n@ b 0 1\nF int 0 1\n", "@@@ D\n@ a 0 1\nF int 0 1\n@ b 0 1\n",
         "@@@ D\n@ a 0 1\nF int 0 1\n@ b 0 1\n@ c 0 1\nF int 0 1\n", "@@@ D\n@ a 0 1\n"}) {
@@ -525,7 +525,7 @@ TEST(GetDomenPropertiesCheckInfo, RaisesForOnePropertyWithoutFieldsAndGivesNoPar
         << section;
     EXPECT_EQ(count, 0);
     EXPECT_FALSE(ids.Written() || unique.Written() || fieldCounts.Written() || lists.Written());
-    EXPECT_NE(SortIndexes(loaded.editor, L"D"), SortRows{});  // the other queries go on
+    EXPECT_NE(SortIndexes(loaded.editor, L"D"), SortRows{});  // the other queries still work
   }
 }
 
@@ -536,7 +536,7 @@ TEST(GetDomenPropertiesCheckInfo, IsNotHurtByAPropertyWithoutFieldsInAnotherDoma
 
 // Keys and ids
 
-// A property under a key that is not its id, as no file can have it.
+// Returns a property under a key that is not its id, which no file can express.
 DomenStore StoreWithKeyAndId() {
   DomenStore store;
   Domen domen(L"D", L"D");
@@ -546,12 +546,12 @@ DomenStore StoreWithKeyAndId() {
   return store;
 }
 
-TEST(SortIndexes, GivesTheKeyAndNotTheId) {
+TEST(SortIndexes, ReturnsTheKeyAndNotTheId) {
   const DomenStore store = StoreWithKeyAndId();
   EXPECT_EQ(store.SortIndexes(L"D"), (std::vector<std::pair<std::wstring_view, int>>{{L"key", 3}}));
 }
 
-TEST(CheckInfos, GivesTheKeyAndNotTheId) {
+TEST(CheckInfos, ReturnsTheKeyAndNotTheId) {
   const DomenStore store = StoreWithKeyAndId();
   const std::vector<PropertyCheckInfo> infos = store.CheckInfos(L"D");
   ASSERT_EQ(infos.size(), 1u);
@@ -561,7 +561,7 @@ TEST(CheckInfos, GivesTheKeyAndNotTheId) {
   EXPECT_EQ(infos[0].fieldCount, 1);
 }
 
-// The number of a type may be any, as no file can have it.
+// A field's type can be any number, though not in a file.
 TEST(CheckInfos, TakesTheNumbersFrom3To5ForLists) {
   DomenStore store = StoreWithKeyAndId();
   const auto& fields = store.domens.at(L"D").properties.at(L"key").fields;

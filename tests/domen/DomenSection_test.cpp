@@ -21,7 +21,7 @@ void Parse(DomenStore& store, std::wstring_view body) {
   ParseDomenSection(store, fields, body);
 }
 
-// What the body of a section makes of an empty store.
+// Returns the domains after parsing the body of a section into an empty store.
 std::wstring Parsed(std::wstring_view body) {
   DomenStore store;
   Parse(store, body);
@@ -35,14 +35,14 @@ std::wstring ActiveAfter(std::wstring_view body) {
   return store.activeDomenId;
 }
 
-// What one entry makes of the domain D, in which nothing stands yet.
+// Returns the empty domain D after parsing one entry.
 std::wstring ParsedInDomain(const std::wstring& entry) {
   DomenStore store;
   Parse(store, L"@@@ D\n" + entry);
   return Describe(store.domens.at(L"D").properties);
 }
 
-// What one entry makes of the property P, which has no fields yet.
+// Returns the property P without fields after parsing one entry.
 std::wstring ParsedInProperty(const std::wstring& entry) {
   DomenStore store;
   Parse(store, L"@@@ D\n@ P 0 1\n" + entry);
@@ -90,7 +90,7 @@ TEST(TextDomainFile, IsReadLineByLine) {
   EXPECT_EQ(store.activeDomenId, L"Openings");
 }
 
-TEST(TextDomainFile, CanStandOnOneLineCutAtSemicolons) {
+TEST(TextDomainFile, CanBeOneLineSplitAtSemicolons) {
   const TempFolder folder;
   const std::wstring path =
       folder.Write("domens.txt", "==DOMEN\n@@@ Simple;@@ Room;@ Area 0 1;Value real 1 0.5\n");
@@ -103,7 +103,7 @@ TEST(TextDomainFile, CanStandOnOneLineCutAtSemicolons) {
   EXPECT_EQ(store.activeDomenId, L"Simple");
 }
 
-// Cutting into entries
+// Splitting into entries
 
 TEST(ParseDomenSection, DoesNothingWithAnEmptyBody) {
   for (const wchar_t* body : {L"", L" ", L"\n", L";", L" ; \n ; "}) {
@@ -112,39 +112,39 @@ TEST(ParseDomenSection, DoesNothingWithAnEmptyBody) {
   }
 }
 
-TEST(ParseDomenSection, CutsAtLineFeedsIfTheyGiveMorePieces) {
-  // Three lines, two pieces at the semicolon, which stays in its line.
+TEST(ParseDomenSection, SplitsAtLineFeedsIfTheyYieldMorePieces) {
+  // Three lines but two pieces at semicolons: the semicolon stays in its line.
   EXPECT_EQ(Parsed(L"@@@ D\n@ P 0 1 one;two\nF int 0 5"),
             L"domain D 'D'\n"
             L"  property P 'one;two' 1 []\n"
             L"    int F 'F' = 5\n");
 }
 
-TEST(ParseDomenSection, CutsAtSemicolonsIfTheyGiveMorePieces) {
+TEST(ParseDomenSection, SplitsAtSemicolonsIfTheyYieldMorePieces) {
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1;F int 0 5;G\nint 0 6"),
             L"domain D 'D'\n"
             L"  property P 'P' 1 []\n"
             L"    int F 'F' = 5\n");
 }
 
-TEST(ParseDomenSection, CutsAtSemicolonsOnATie) {
-  // Two semicolons in the comment make three pieces of three lines, and all of it is one comment
-  // and two entries that say nothing.
+TEST(ParseDomenSection, SplitsAtSemicolonsOnATie) {
+  // Two semicolons in the comment split the three lines into three pieces: a comment and two
+  // entries without meaning.
   EXPECT_EQ(Parsed(L"/ walls; roofs; stairs\n@@@ D\n@ P 0 1"), L"");
-  // The line ends stay in the entries, as white space that separates no pieces.
+  // The line ends stay in the entries as white space, which separates no pieces.
   EXPECT_EQ(Parsed(L"@@@ D\nx;@ P 0 1"), L"domain D\nx 'D\nx'\n  property P 'P' 1 []\n");
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1 one\ntwo"), L"domain D 'D'\n  property P 'one\ntwo' 1 []\n");
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1\nF int 0 5"), L"domain D 'D'\n");
 }
 
-TEST(ParseDomenSection, CutsABodyOfOneLineAtSemicolons) {
+TEST(ParseDomenSection, SplitsABodyOfOneLineAtSemicolons) {
   EXPECT_EQ(Parsed(L"@@@ D"), L"domain D 'D'\n");
   EXPECT_EQ(Parsed(L"@@@ D;"), L"domain D 'D'\n");
   EXPECT_EQ(Parsed(L"@@@ D;@ P 0 1"), L"domain D 'D'\n  property P 'P' 1 []\n");
 }
 
 TEST(ParseDomenSection, DoesNotCountEmptyPieces) {
-  // Two lines that say something, and no more than one piece at the many semicolons.
+  // Two lines, and only one piece at the many semicolons.
   EXPECT_EQ(Parsed(L"@@@ D\n@ P 0 1;;;; ; ;;"), L"domain D 'D'\n");
   EXPECT_EQ(Parsed(L"@@@ D;\n\n\n \n@ P 0 1;\nF int 0 5;G int 0 6"),
             L"domain D 'D'\n"
@@ -175,7 +175,7 @@ TEST(ParseDomenSection, SkipsAnEntryThatBeginsWithASlashOrAnExclamationMark) {
   }
 }
 
-TEST(ParseDomenSection, TakesNoCommentBehindOtherText) {
+TEST(ParseDomenSection, TakesNoCommentAfterOtherText) {
   EXPECT_EQ(ParsedInDomain(L"@ P 1 2 / text"), L"  property P '/ text' unique 2 []\n");
   EXPECT_EQ(ParsedInDomain(L"@ P 1 2 ! text"), L"  property P '! text' unique 2 []\n");
   EXPECT_EQ(ParsedInDomain(L"@ /P 0 1"), L"  property /P '/P' 1 []\n");
@@ -234,7 +234,7 @@ TEST(ParseDomenSection, MakesTheLastDomainActiveEvenIfItExists) {
   EXPECT_EQ(ActiveAfter(L"@ P 0 1\nF int 0 5\n@@ Door"), L"before");
 }
 
-TEST(ParseDomenSection, ExtendsADomainThatItMeetsAgain) {
+TEST(ParseDomenSection, ExtendsADomainThatAppearsAgain) {
   EXPECT_EQ(Parsed(L"@@@ A first\n@ P 0 1\n@@@ B\n@ Q 0 2\n@@@ A second\n@ R 0 3"),
             L"domain A 'A'\n"
             L"  property P 'P' 1 []\n"
@@ -243,18 +243,18 @@ TEST(ParseDomenSection, ExtendsADomainThatItMeetsAgain) {
             L"  property Q 'Q' 2 []\n");
 }
 
-TEST(ParseDomenSection, TellsDomainsApartByCase) {
+TEST(ParseDomenSection, DistinguishesDomainsByCase) {
   EXPECT_EQ(Parsed(L"@@@ a\n@@@ A"), L"domain A 'A'\ndomain a 'a'\n");
 }
 
-TEST(ParseDomenSection, LeavesOutPropertiesAndFieldsAheadOfTheFirstDomain) {
+TEST(ParseDomenSection, IgnoresPropertiesAndFieldsBeforeTheFirstDomain) {
   EXPECT_EQ(Parsed(L"@ P 0 1\nF int 0 5"), L"");
   EXPECT_EQ(Parsed(L"@ P 0 1\n@@@ D\nF int 0 5"), L"domain D 'D'\n");
 }
 
 // Object types
 
-TEST(ParseDomenSection, GivesObjectTypesToEveryPropertyUpToTheNextSuchEntry) {
+TEST(ParseDomenSection, AppliesObjectTypesToEveryPropertyUpToTheNextSuchEntry) {
   EXPECT_EQ(
       Parsed(L"@@@ D\n@ A 0 1\n@@ Door Room\n@ B 0 1\n@ C 0 1\n@@ Stair\n@ D 0 1\n@@\n@ E 0 1"),
       L"domain D 'D'\n"
@@ -265,7 +265,7 @@ TEST(ParseDomenSection, GivesObjectTypesToEveryPropertyUpToTheNextSuchEntry) {
       L"  property E 'E' 1 []\n");
 }
 
-TEST(ParseDomenSection, CutsObjectTypesAtBlanksAndKeepsTheirOrder) {
+TEST(ParseDomenSection, SplitsObjectTypesAtBlanksAndKeepsTheirOrder) {
   struct Case {
     const wchar_t* entry;
     const wchar_t* types;
@@ -291,7 +291,7 @@ TEST(ParseDomenSection, CutsObjectTypesAtBlanksAndKeepsTheirOrder) {
   }
 }
 
-TEST(ParseDomenSection, TakesObjectTypesAheadOfTheFirstDomain) {
+TEST(ParseDomenSection, TakesObjectTypesBeforeTheFirstDomain) {
   EXPECT_EQ(Parsed(L"@@ Door\n@@@ D\n@ P 0 1"), L"domain D 'D'\n  property P 'P' 1 [Door]\n");
 }
 
@@ -357,14 +357,14 @@ TEST(ParseDomenSection, SkipsAPropertyWithTooFewColumnsOrANumberThatIsNone) {
   }
 }
 
-TEST(ParseDomenSection, KeepsTheFieldsBehindABadPropertyOutOfTheOneBefore) {
+TEST(ParseDomenSection, KeepsTheFieldsAfterABadPropertyOutOfTheOneBefore) {
   for (const wchar_t* entry : {L"@", L"@ Q", L"@ Q 1", L"@ Q 1 x", L"@ Q x 1"}) {
     EXPECT_EQ(ParsedInProperty(L"F int 0 5\n"s + entry + L"\nG int 0 6"), L"int F 'F' = 5\n")
         << entry;
   }
 }
 
-TEST(ParseDomenSection, KeepsTheFirstPropertyOfAnIdAndGivesItTheFieldsBehindTheSecond) {
+TEST(ParseDomenSection, KeepsTheFirstPropertyOfAnIdAndAddsToItTheFieldsAfterTheSecond) {
   EXPECT_EQ(Parsed(L"@@@ D\n@@ Door\n@ P 1 10 First\nF int 0 5\n@ Q 0 1\n"
                    L"@@ Room\n@ P 0 20 Second\nF str 1 x\nG int 0 6"),
             L"domain D 'D'\n"
@@ -374,7 +374,7 @@ TEST(ParseDomenSection, KeepsTheFirstPropertyOfAnIdAndGivesItTheFieldsBehindTheS
             L"  property Q 'Q' 1 [Door]\n");
 }
 
-TEST(ParseDomenSection, TellsPropertiesApartByCaseAndByDomain) {
+TEST(ParseDomenSection, DistinguishesPropertiesByCaseAndByDomain) {
   EXPECT_EQ(Parsed(L"@@@ A\n@ P 0 1\n@ p 0 2\n@@@ B\n@ P 0 3"),
             L"domain A 'A'\n"
             L"  property P 'P' 1 []\n"
@@ -453,7 +453,7 @@ TEST(ParseDomenSection, SkipsAFieldWithTooFewColumnsOrWithoutTypeOrFlag) {
   }
 }
 
-TEST(ParseDomenSection, TakesOneWordForTheDefault) {
+TEST(ParseDomenSection, TakesOneWordAsTheDefault) {
   struct Case {
     const wchar_t* entry;
     const wchar_t* field;
@@ -471,7 +471,7 @@ TEST(ParseDomenSection, TakesOneWordForTheDefault) {
   }
 }
 
-TEST(ParseDomenSection, LeavesTheStartingValueIfTheFieldRefusesTheDefault) {
+TEST(ParseDomenSection, LeavesTheInitialValueIfTheFieldRefusesTheDefault) {
   struct Case {
     const wchar_t* entry;
     const wchar_t* field;
@@ -497,11 +497,11 @@ TEST(ParseDomenSection, KeepsTheFirstFieldOfAName) {
             L"int F 'First' = 5\nint f 'f' = 6\n");
 }
 
-TEST(ParseDomenSection, LeavesOutFieldsAheadOfTheFirstProperty) {
+TEST(ParseDomenSection, IgnoresFieldsBeforeTheFirstProperty) {
   EXPECT_EQ(ParsedInDomain(L"F int 0 5\n@ P 0 1"), L"  property P 'P' 1 []\n");
 }
 
-TEST(ParseDomenSection, TakesNoPropertyForOneOfTheEmptyId) {
+TEST(ParseDomenSection, DoesNotTreatNoPropertyAsOneWithAnEmptyId) {
   DomenStore store;
   Domen domen(L"D", L"D");
   domen.AddProperty(L"", DomenProperty(L"", L"", {}, false, 0));
@@ -512,7 +512,7 @@ TEST(ParseDomenSection, TakesNoPropertyForOneOfTheEmptyId) {
 
 // The current property outlives a change of domain.
 
-TEST(ParseDomenSection, GivesAFieldBehindADomainToItsPropertyOfTheSameId) {
+TEST(ParseDomenSection, AddsAFieldAfterADomainToItsPropertyOfTheSameId) {
   EXPECT_EQ(Parsed(L"@@@ A\n@ P 0 1\n@@@ B\n@ P 0 2\n@@@ A\nF int 0 5"),
             L"domain A 'A'\n"
             L"  property P 'P' 1 []\n"
@@ -521,7 +521,7 @@ TEST(ParseDomenSection, GivesAFieldBehindADomainToItsPropertyOfTheSameId) {
             L"  property P 'P' 2 []\n");
 }
 
-TEST(ParseDomenSection, DropsAFieldBehindADomainThatHasNoPropertyOfThatId) {
+TEST(ParseDomenSection, DropsAFieldAfterADomainWithoutAPropertyOfThatId) {
   EXPECT_EQ(Parsed(L"@@@ A\n@ P 0 1\n@@@ B\nF int 0 5\n@@@ C\n@ Q 0 1"),
             L"domain A 'A'\n"
             L"  property P 'P' 1 []\n"
@@ -543,7 +543,7 @@ TEST(ParseDomenSection, ForgetsTheCurrentPropertyAtAPropertyWithoutADomain) {
             L"  property P 'P' 1 []\n");
 }
 
-// One section and the next
+// Several sections
 
 TEST(ParseDomenSection, StartsWithoutADomainWithoutObjectTypesAndWithoutAProperty) {
   DomenStore store;
@@ -556,7 +556,7 @@ TEST(ParseDomenSection, StartsWithoutADomainWithoutObjectTypesAndWithoutAPropert
             L"  property R 'R' 1 []\n");
 }
 
-// Texts of any length and of any units
+// Long texts and all units
 
 TEST(ParseDomenSection, TakesUnitsOfAnyKind) {
   EXPECT_EQ(Parsed(L"@@@ A\0B\n@@ \U0001F6AA\n@ P\0 0 1 \0\nF str 0 \0"s),

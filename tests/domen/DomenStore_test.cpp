@@ -48,7 +48,7 @@ TEST(DomenStore, StartsEmpty) {
 
 // Adding
 
-TEST(AddDomen, MovesTheDomainInAndGivesItsPosition) {
+TEST(AddDomen, MovesTheDomainInAndReturnsItsPosition) {
   DomenStore store;
   const auto [position, inserted] = store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
   EXPECT_TRUE(inserted);
@@ -57,7 +57,7 @@ TEST(AddDomen, MovesTheDomainInAndGivesItsPosition) {
   EXPECT_EQ(Describe(store), L"domain D 'Name'\n  property P 'Name.P' 0 []\n");
 }
 
-TEST(AddDomen, KeepsTheFirstDomainUnderAKeyAndGivesItsPosition) {
+TEST(AddDomen, KeepsTheFirstDomainUnderAKeyAndReturnsItsPosition) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"First", {L"P"}));
   const auto [position, inserted] = store.AddDomen(L"D", NewDomen(L"Second", {L"P", L"Q"}));
@@ -89,7 +89,7 @@ TEST(AddDomen, PassesNoValueThroughItsTextForm) {
   EXPECT_EQ(position->second.properties.at(L"P").fields[0]->GetValue(), L"x\" ");
 }
 
-TEST(DomenStore, WalksItsDomainsInTheOrderOfTheKeysUnits) {
+TEST(DomenStore, IteratesOverItsDomainsInTheOrderOfTheKeysUnits) {
   DomenStore store;
   for (const wchar_t* key : {L"б", L"a", L"Б", L"B", L"a1", L"", L"\xFFFD", L"A"}) {
     store.AddDomen(key, Domen(key, key));
@@ -99,8 +99,8 @@ TEST(DomenStore, WalksItsDomainsInTheOrderOfTheKeysUnits) {
   EXPECT_EQ(keys, (std::vector<std::wstring>{L"", L"A", L"B", L"a", L"a1", L"Б", L"б", L"\xFFFD"}));
 }
 
-// Where a character above U+FFFF has two units, they come ahead of the last ones below it.
-TEST(DomenStore, WalksKeysAboveFFFFInTheOrderOfTheirUnitsToo) {
+// Where a character above U+FFFF has two units, it sorts before the last characters below it.
+TEST(DomenStore, IteratesOverKeysAboveFFFFInTheOrderOfTheirUnitsToo) {
   DomenStore store;
   for (const wchar_t* key : {L"\xFFFD", L"\U0001F6AA"}) store.AddDomen(key, Domen(key, key));
   EXPECT_EQ(store.domens.begin()->first, sizeof(wchar_t) == 2 ? L"\U0001F6AA" : L"\xFFFD");
@@ -119,9 +119,9 @@ TEST(DomenStore, SharesNothingWithItsCopy) {
   EXPECT_EQ(Describe(store), L"domain D 'Name'\n  property P 'Name.P' 0 []\n");
 }
 
-// Whether it has changed
+// State
 
-TEST(DomenStore, StaysInItsStateThroughQuestionsAndSelections) {
+TEST(DomenStore, StaysInItsStateThroughQueriesAndSelections) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
   const auto state = store.State();
@@ -147,7 +147,7 @@ TEST(DomenStore, StaysInItsStateThroughQuestionsAndSelections) {
   EXPECT_EQ(store.State(), state);
 }
 
-TEST(DomenStore, IsInAnotherStateBehindWhateverChangesItsDomains) {
+TEST(DomenStore, IsInAnotherStateAfterAnyChangeOfItsDomains) {
   const TempFolder folder;
   const std::wstring text = folder.Write("a.txt", "==DOMEN\n@@@ D\n@ Q 0 1\nF int 0 5\n");
   const std::wstring json = folder.Write("b.json", R"({Domen: {sName: "B"}})");
@@ -181,8 +181,8 @@ TEST(DomenStore, IsInAnotherStateBehindWhateverChangesItsDomains) {
   }
 }
 
-// The next question must not find the state of before the failure.
-TEST(DomenStore, IsInAnotherStateBehindAChangeThatFails) {
+// The next query must not find the state before the failure.
+TEST(DomenStore, IsInAnotherStateAfterAChangeThatFails) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
   const auto state = store.State();
@@ -195,7 +195,7 @@ TEST(DomenStore, IsInAnotherStateBehindAChangeThatFails) {
   EXPECT_NE(store.State(), state);
 }
 
-TEST(DomenStore, GivesUpWhatItHadWhenItIsMovedOrAssignedTo) {
+TEST(DomenStore, IsEmptyAfterAMoveAndLosesItsContentsByAnAssignment) {
   DomenStore source;
   source.activeDomenId = L"D";
   source.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
@@ -214,8 +214,8 @@ TEST(DomenStore, GivesUpWhatItHadWhenItIsMovedOrAssignedTo) {
   EXPECT_EQ(Describe(assigned), described);
 }
 
-// Nothing is copied, and so no value passes through its text form.
-TEST(DomenStore, StaysAsItIsWhenItIsAssignedToItself) {
+// Nothing is copied, so no value passes through its text form.
+TEST(DomenStore, IsUnchangedWhenAssignedToItself) {
   DomenStore store;
   store.AddDomen(L"D", NewDomen(L"Name", {L"P"}));
   EditDomen(store, L"D", [](Domen& domen) {
@@ -228,16 +228,16 @@ TEST(DomenStore, StaysAsItIsWhenItIsAssignedToItself) {
   EXPECT_EQ(store.domens.at(L"D").properties.at(L"P").fields[0]->GetValue(), L"x\" \" ");
 }
 
-// The last that an editor does that is assigned to, when nothing may fail any more.
+// The last step of an editor's assignment, which must not fail.
 static_assert(std::is_nothrow_move_assignable_v<DomenStore>);
 
-// It is what its members are.
+// The store has no members but these.
 static_assert(sizeof(DomenStore) ==
               sizeof(std::wstring) + sizeof(Domens::Map) + sizeof(std::shared_ptr<const char>));
 
 // Collecting
 
-// Domains A and B, which both hold Both, and each of which holds one property alone.
+// Returns domains A and B, which share the property Both and have one more each.
 DomenStore TwoDomens() {
   DomenStore store;
   store.AddDomen(L"A", NewDomen(L"a", {L"Both", L"OnlyA"}));
@@ -247,7 +247,7 @@ DomenStore TwoDomens() {
 
 using Texts = std::vector<std::wstring>;
 
-// The names of the collected properties, which tell their domains.
+// Returns the names of the collected properties, which identify their domains.
 Texts Collected(const DomenStore& store, const Texts& domenIds, const Texts& keys) {
   Texts names;
   for (const auto& [key, property] : store.CollectProperties(domenIds, keys)) {
@@ -275,16 +275,16 @@ TEST(CollectProperties, PassesOverDomainsAndKeysThatDoNotExist) {
   EXPECT_EQ(Collected(DomenStore(), {L"A"}, {L"Both"}), Texts{});
 }
 
-TEST(CollectProperties, GivesNothingForNoDomainOrNoKey) {
+TEST(CollectProperties, ReturnsNothingForNoDomainOrNoKey) {
   EXPECT_EQ(Collected(TwoDomens(), {}, {L"Both"}), Texts{});
   EXPECT_EQ(Collected(TwoDomens(), {L"A"}, {}), Texts{});
 }
 
-TEST(CollectProperties, GivesAKeyThatIsNamedTwiceOnce) {
+TEST(CollectProperties, ReturnsAKeyThatIsNamedTwiceOnce) {
   EXPECT_EQ(Collected(TwoDomens(), {L"A", L"A"}, {L"Both", L"Both"}), Texts{L"a.Both"});
 }
 
-TEST(CollectProperties, GivesTheOrderOfTheKeysUnits) {
+TEST(CollectProperties, ReturnsThePropertiesInTheOrderOfTheKeysUnits) {
   DomenStore store;
   store.AddDomen(L"A", NewDomen(L"a", {L"b", L"C", L"a", L"я"}));
   EXPECT_EQ(Collected(store, {L"A"}, {L"я", L"b", L"a", L"C"}),
@@ -298,7 +298,7 @@ TEST(CollectProperties, LooksForTheKeyAndNotForTheId) {
   EXPECT_EQ(store.CollectProperties({L"Key"}, {L"K"}).at(L"K").id, L"P");
 }
 
-TEST(CollectProperties, GivesCopies) {
+TEST(CollectProperties, ReturnsCopies) {
   DomenStore store = TwoDomens();
   EditDomen(store, L"A",
             [](Domen& domen) { domen.AddPropertyField(L"Both", L"F", L"", 0, false, L"5"); });
@@ -369,14 +369,14 @@ TEST(LoadDomen, LooksForTheExtensionInTheLastPartOfThePath) {
                               L"no:stream.txt", L".txt:stream", L"no/..", L"no.cfg"}) {
     EXPECT_EQ(store.LoadDomen(path, L""), -1) << path;
   }
-  // These go to the reader of text files, which finds none.
+  // The reader of text files gets these paths, and there are no such files.
   for (const wchar_t* path : {L"no.txt", L"no.cfg/no.txt", L"no.cfg\\no.txt", L"no.txt:stream",
                               L"no/a.b.txt", L"no/..txt", L"no/домен.txt"}) {
     EXPECT_EQ(store.LoadDomen(path, L""), 2) << path;
   }
 }
 
-TEST(LoadDomen, TakesNoNoticeOfTheConfigurationForATextFile) {
+TEST(LoadDomen, IgnoresTheConfigurationForATextFile) {
   const TempFolder folder;
   const std::wstring path = folder.Write("domens.txt", domenText);
   DomenStore store;
@@ -386,7 +386,7 @@ TEST(LoadDomen, TakesNoNoticeOfTheConfigurationForATextFile) {
 
 // Loading a text file
 
-// What a file of these bytes makes of an empty store. The status is expected to be 0.
+// Loads a file of these bytes into an empty store and expects the status 0.
 DomenStore Load(std::string_view bytes) {
   const TempFolder folder;
   DomenStore store;
@@ -398,7 +398,7 @@ std::wstring Loaded(std::string_view bytes) {
   return Describe(Load(bytes));
 }
 
-TEST(LoadDomenText, ReadsAFileWithoutADomainSectionAndLeavesTheStoreAsItWas) {
+TEST(LoadDomenText, ReadsAFileWithoutADomainSectionAndLeavesTheStoreUnchanged) {
   const TempFolder folder;
   DomenStore store;
   store.AddDomen(L"Old", Domen(L"Old", L"Old"));
@@ -414,7 +414,7 @@ TEST(LoadDomenText, ReadsAFileWithoutADomainSectionAndLeavesTheStoreAsItWas) {
   }
 }
 
-TEST(LoadDomenText, Gives2ForWhatCannotBeOpenedAndLeavesTheStoreAsItWas) {
+TEST(LoadDomenText, Returns2ForWhatCannotBeOpenedAndLeavesTheStoreUnchanged) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "folder.txt");
   DomenStore store;
@@ -471,7 +471,7 @@ TEST(LoadDomenText, EndsASectionAtEveryLineThatBeginsWithTwoEqualsSigns) {
             L"  property Q 'Q' 1 []\n");
 }
 
-TEST(LoadDomenText, TakesALineThatBeginsWithOneEqualsSignForAValueLine) {
+TEST(LoadDomenText, TakesALineThatBeginsWithOneEqualsSignAsAValueLine) {
   EXPECT_EQ(Loaded("==DOMEN\n@@@ A\n@ P 0 1\n=F int 0 5\n= int 0 6\n"),
             L"domain A 'A'\n"
             L"  property P 'P' 1 []\n"
@@ -497,7 +497,7 @@ TEST(LoadDomenText, TrimsLinesAndPassesOverBlankOnes) {
             L"    int F 'F' = 5\n");
 }
 
-TEST(LoadDomenText, TakesACarriageReturnForAnEndOfLineOnlyInFrontOfALineFeed) {
+TEST(LoadDomenText, TakesACarriageReturnAsALineEndOnlyBeforeALineFeed) {
   EXPECT_EQ(Loaded("==DOMEN\r\n@@@ A\r\n@ P 0 1\r\n"), L"domain A 'A'\n  property P 'P' 1 []\n");
   EXPECT_EQ(Loaded("==DOMEN\n@@@ A\r@ P 0 1\n"), L"domain A\r@ 'A\r@'\n");
 }
@@ -506,7 +506,7 @@ TEST(LoadDomenText, ReadsALastLineWithoutALineFeed) {
   EXPECT_EQ(Loaded("==DOMEN\n@@@ A\n@ P 0 1"), L"domain A 'A'\n  property P 'P' 1 []\n");
 }
 
-TEST(LoadDomenText, TakesAByteOrderMarkForAPartOfTheFirstLine) {
+TEST(LoadDomenText, TakesAByteOrderMarkAsPartOfTheFirstLine) {
   EXPECT_EQ(Loaded("\xEF\xBB\xBF==DOMEN\n@@@ A\n==DOMEN\n@@@ B\n"), L"domain B 'B'\n");
   EXPECT_EQ(Loaded("\xEF\xBB\xBF\n==DOMEN\n@@@ A\n"), L"domain A 'A'\n");
 }
@@ -519,7 +519,7 @@ TEST(LoadDomenText, DecodesUtf8) {
             L"    str Предел 'Огнестойкость' = \U0001F6AA\n");
 }
 
-TEST(LoadDomenText, EndsAtBytesThatCannotBeDecodedAndReadsWhatStandsInFrontOfThem) {
+TEST(LoadDomenText, EndsAtBytesThatCannotBeDecodedAndReadsWhatIsBeforeThem) {
   for (const std::string_view bad : {"\xFF"sv, "\x80"sv, "\xC0\x80"sv, "\xE2\x82\n"sv,
                                      "\xED\xA0\x80"sv, "\xF4\x90\x80\x80"sv, "\xD0 "sv}) {
     const std::string tail = std::string(bad) + "tle\nF int 0 5\n==DOMEN\n@@@ NeverRead\n";
@@ -531,7 +531,7 @@ TEST(LoadDomenText, EndsAtBytesThatCannotBeDecodedAndReadsWhatStandsInFrontOfThe
   EXPECT_EQ(Loaded("==DOMEN\xFF\n@@@ A\n"), L"");
 }
 
-TEST(LoadDomenText, TakesANulForAUnitLikeAnyOther) {
+TEST(LoadDomenText, TakesANulLikeAnyOtherUnit) {
   EXPECT_EQ(Loaded("==DOMEN\n@@@ A\0B C\n@ P\0 0 1\nF int 0 5\n@ Q 0\0 1\n"sv),
             L"domain A\0B 'A\0B'\n  property P\0 'P\0' 1 []\n    int F 'F' = 5\n"s);
 }

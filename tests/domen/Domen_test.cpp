@@ -20,7 +20,7 @@ DomenProperty NewProperty(const std::wstring& name) {
   return DomenProperty(L"P", name, {}, false, 0);
 }
 
-// A domain of one property with one field.
+// Returns a domain of one property with one field.
 Domen NewDomen() {
   Domen domen(L"D", L"Domain");
   domen.AddProperty(L"P", NewProperty(L"Title"));
@@ -118,7 +118,7 @@ TEST(Domen, DropsAFieldThatThePropertyRefuses) {
   EXPECT_EQ(Describe(domen.properties), newDomenProperties);
 }
 
-// Fields that are made anew where the property is copied in.
+// The fields are made anew when the property is copied in.
 TEST(Domen, KnowsTheNamesOfManyFieldsThatAPropertyBroughtWithIt) {
   DomenProperty property = NewProperty(L"Title");
   for (int i = 0; i < 40; ++i) {
@@ -134,14 +134,14 @@ TEST(Domen, KnowsTheNamesOfManyFieldsThatAPropertyBroughtWithIt) {
   EXPECT_EQ(domen.properties.at(L"P").fields.size(), 40u);
 }
 
-TEST(Domen, WalksItsPropertiesInTheOrderOfTheKeysUnits) {
+TEST(Domen, IteratesOverItsPropertiesInTheOrderOfTheKeysUnits) {
   const std::vector<std::wstring> ascending = {
       L"",  L"\0"s, L"-", L"1",    L"10",    L"2",  L"A",      L"A B",    L"AA",
       L"C", L"Z",   L"a", L"a\0"s, L"a\0a"s, L"aB", L"aa",     L"b",      L"z",
       L"Ё", L"А",   L"Я", L"а",    L"я",     L"ё",  L"\x4E00", L"\xA000", L"\xFFFD"};
   Domen domen(L"D", L"D");
   for (std::size_t i = 0; i < ascending.size(); ++i) {
-    // In another order: 11 has no divisor in common with the number of keys.
+    // In another order: 11 is coprime to the number of keys.
     domen.AddProperty(ascending[11 * i % ascending.size()], NewProperty(L""));
   }
   std::vector<std::wstring> walked;
@@ -149,7 +149,7 @@ TEST(Domen, WalksItsPropertiesInTheOrderOfTheKeysUnits) {
   EXPECT_EQ(walked, ascending);
 }
 
-TEST(Domen, WalksCapitalLettersAheadOfSmallOnes) {
+TEST(Domen, SortsCapitalLettersBeforeSmallOnes) {
   Domen domen(L"D", L"D");
   for (const wchar_t* key : {L"b", L"C", L"а", L"a"}) domen.AddProperty(key, NewProperty(key));
   EXPECT_EQ(Describe(domen.properties),
@@ -192,7 +192,7 @@ TEST(Domen, PassesItsValuesThroughTheirTextFormOnceForEachCopy) {
 }
 
 TEST(Domen, IsEmptyOnceItHasBeenMovedFrom) {
-  // Texts beyond the size that a string keeps within itself, and within.
+  // Names that fit into a string's internal buffer, and names that don't.
   for (const wchar_t* name : {L"D", L"a domain with a name of some length"}) {
     Domen source = NewDomen();
     source.id = source.name = name;
@@ -221,7 +221,7 @@ TEST(Domen, CanBeFilledAgainOnceItHasBeenMovedFrom) {
   EXPECT_EQ(Describe(source.properties), L"  Q: property P 'New' 0 []\n");
 }
 
-// Its move is as its map's is, and what it is assigned to takes no memory anyway.
+// Moving it can allocate if and only if moving its map can. Move assignment never does.
 static_assert(std::is_nothrow_move_constructible_v<Domen> ==
               std::is_nothrow_move_constructible_v<DomenProperties>);
 static_assert(std::is_nothrow_move_assignable_v<Domen>);

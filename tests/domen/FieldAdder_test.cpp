@@ -18,7 +18,7 @@ TEST(FieldAdder, AddsAsAddValueFieldDoes) {
   DomenProperty property;
   DomenProperty plain;
   for (int i = 0; i < 200; ++i) {
-    // Each name twice, far apart, and types from -1 to 6.
+    // Each name occurs twice, far apart, with types from -1 to 6.
     const std::wstring name = Name(i % 100 < 70 ? i % 100 : i);
     const int valueType = i % 8 - 1;
     ASSERT_EQ(adder.Add(property, name, L"Title", valueType, i % 2 == 0, L"5"),

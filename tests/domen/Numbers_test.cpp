@@ -25,7 +25,7 @@ constexpr double maxReal = std::numeric_limits<double>::max();
 constexpr double minNormal = std::numeric_limits<double>::min();
 constexpr double minReal = std::numeric_limits<double>::denorm_min();
 
-// What the text stands for, or nothing if it is no number. A refused text changes no number.
+// Returns the number, or nothing if the text is none. Checks that a refused text changes no number.
 std::optional<int> IntOf(std::wstring_view text) {
   int number = 77;
   if (ParseInt(text, number)) return number;
@@ -40,7 +40,7 @@ std::optional<double> RealOf(std::wstring_view text) {
   return std::nullopt;
 }
 
-// So that -0 differs from 0, and the last digit counts.
+// Distinguishes -0 from 0 and numbers that differ in their last bit.
 std::uint64_t Bits(double number) {
   return std::bit_cast<std::uint64_t>(number);
 }
@@ -53,8 +53,8 @@ bool Same(std::optional<double> one, std::optional<double> other) {
   return one.has_value() == other.has_value() && (!one || Bits(*one) == Bits(*other));
 }
 
-// A wide input stream, by which the readers are defined: it skips white space in front, and the
-// number is good if the stream has come to its end and nothing else has happened.
+// A wide input stream, which defines the readers: it skips leading white space, and the text is a
+// number if the extraction succeeds and reaches the end.
 class NumberStream {
  public:
   NumberStream() {
@@ -65,10 +65,10 @@ class NumberStream {
   std::optional<int> IntOf(const std::wstring& text) { return Read<int>(text); }
 
   std::optional<double> RealOf(const std::wstring& text) {
-    // Some streams read a hexadecimal real. It is no number here.
+    // Some streams accept hexadecimal reals; the readers don't.
     if (readsHexadecimalReals && text.find_first_of(L"xX") != text.npos) return std::nullopt;
     const std::optional<double> number = Read<double>(text);
-    // Some streams give 0 for a number too small to be told from it. It is no number here.
+    // Some streams return 0 for a number that underflows; the readers refuse it.
     if (number == 0 && HasDigitAbove0(text.substr(0, text.find_first_of(L"eE")))) {
       return std::nullopt;
     }
@@ -94,7 +94,7 @@ class NumberStream {
   bool readsHexadecimalReals;
 };
 
-// The texts on which a reader and the stream differ. It gathers no more than a few.
+// Collects the first few texts on which a reader and the stream differ.
 class Differences {
  public:
   void Compare(const std::wstring& text) {
@@ -111,7 +111,7 @@ class Differences {
 
 constexpr std::wstring_view numberUnits = L"0123456789+-.eExX ,\t";
 
-// All texts that begin with `text` and have up to `more` units more.
+// Compares all texts that consist of `text` and up to `more` further units.
 void CompareAll(Differences& differences, std::wstring& text, int more) {
   differences.Compare(text);
   if (more == 0) return;
@@ -134,7 +134,7 @@ TEST(ParseNumber, AgreesWithAStreamOnLongerTextsByChance) {
   std::mt19937 random(20);
   std::wstring text;
   for (int i = 0; i < 150'000; ++i) {
-    // In half of the texts digits prevail, as too few of the others are numbers.
+    // Half of the texts are mostly digits, because few of the others are numbers.
     const std::size_t kinds = i % 2 == 0 ? numberUnits.size() : 3 * numberUnits.size();
     text.resize(5 + random() % 10);
     for (wchar_t& unit : text) {
@@ -199,7 +199,7 @@ TEST(ParseNumber, AgreesWithAStreamAtTheLimitsOfTheTypes) {
   EXPECT_TRUE(differences.texts.empty()) << testing::PrintToString(differences.texts);
 }
 
-TEST(ParseInt, TakesDecimalDigitsWithWhiteSpaceASignOrZerosInFront) {
+TEST(ParseInt, TakesDecimalDigitsAfterWhiteSpaceASignOrZeros) {
   struct Case {
     const wchar_t* text;
     int number;
@@ -225,7 +225,7 @@ TEST(ParseInt, TakesThe32BitRangeAndNoMore) {
   EXPECT_EQ(IntOf(L"99999999999999999999"), std::nullopt);
 }
 
-TEST(ParseInt, RefusesWhatIsNoIntegerAlone) {
+TEST(ParseInt, RefusesAnythingButAnInteger) {
   for (const wchar_t* text :
        {L"",      L" ",     L"\t",    L"+",  L"-",     L"+-5",  L"-+5", L"--5", L"- 5",
         L"12abc", L"abc",   L"0x10",  L"x",  L"0b1",   L"2.5",  L"2.",  L".5",  L"1e3",
@@ -234,7 +234,7 @@ TEST(ParseInt, RefusesWhatIsNoIntegerAlone) {
   }
 }
 
-TEST(ParseInt, RefusesWhiteSpaceBehindTheNumber) {
+TEST(ParseInt, RefusesWhiteSpaceAfterTheNumber) {
   for (const wchar_t* text : {L"12 ", L"12\t", L"12\n", L"12\r", L"12\xA0", L" 12 "}) {
     EXPECT_EQ(IntOf(text), std::nullopt) << text;
   }
@@ -244,22 +244,22 @@ TEST(ParseInt, TakesNoDigitsButTheAsciiOnes) {
   EXPECT_EQ(IntOf(L"\x0661\x0662"), std::nullopt);  // Arabic
   EXPECT_EQ(IntOf(L"1\x0662"), std::nullopt);
   EXPECT_EQ(IntOf(L"\xFF11"), std::nullopt);      // of full width
-  EXPECT_EQ(IntOf(L"\x0131"), std::nullopt);      // its last byte is that of "1"
-  EXPECT_EQ(IntOf(L"5\x0135"), std::nullopt);     // its last byte is that of "5"
+  EXPECT_EQ(IntOf(L"\x0131"), std::nullopt);      // its low byte is "1"
+  EXPECT_EQ(IntOf(L"5\x0135"), std::nullopt);     // its low byte is "5"
   EXPECT_EQ(IntOf(L"\U0001D7CF"), std::nullopt);  // above U+FFFF
   EXPECT_EQ(IntOf(L"\x2212"
                   L"5"),
             std::nullopt);  // the mathematical minus
 }
 
-// A unit of no character, which counts as negative on some systems.
+// A unit that is no character and is negative on some systems.
 TEST(ParseNumber, TakesNoDigitsButTheAsciiOnes) {
-  const std::wstring unit(1, static_cast<wchar_t>(0xFFFFFF36));  // its last byte is that of "6"
+  const std::wstring unit(1, static_cast<wchar_t>(0xFFFFFF36));  // its low byte is "6"
   EXPECT_EQ(IntOf(L"5" + unit), std::nullopt);
   EXPECT_EQ(RealOf(L"1." + unit), std::nullopt);
 }
 
-TEST(ParseNumber, SkipsWhiteSpaceOfAnyScriptInFront) {
+TEST(ParseNumber, SkipsLeadingWhiteSpaceOfAnyScript) {
   EXPECT_EQ(IntOf(L"\x2003-5"), -5);
   EXPECT_EQ(IntOf(L"\x3000\x2003 12"), 12);
   EXPECT_EQ(RealOf(L"\x3000+2.5"), 2.5);
@@ -301,7 +301,7 @@ TEST(ParseReal, KeepsTheSignOfZero) {
   EXPECT_FALSE(std::signbit(*RealOf(L"0")));
 }
 
-TEST(ParseReal, RefusesWhatIsNoRealAlone) {
+TEST(ParseReal, RefusesAnythingButAReal) {
   for (const wchar_t* text :
        {L"",    L" ",    L"+",    L"-",     L".",     L"+.",   L"-.",   L"e",       L"e3",
         L".e3", L"1e",   L"1e+",  L"1e-",   L"1,5",   L"1.5.", L"1..5", L"1.5e2.5", L"1e2e3",
@@ -397,7 +397,7 @@ TEST(FormatReal, PrintsAnExponentOnlyWhereThatIsShorter) {
   EXPECT_EQ(FormatReal(0.00001), L"1e-05");
 }
 
-TEST(FormatReal, PrintsNumbersThatNoTextStandsForByTheirNames) {
+TEST(FormatReal, PrintsInfinitiesAndNanByTheirNames) {
   EXPECT_EQ(FormatReal(std::numeric_limits<double>::infinity()), L"inf");
   EXPECT_EQ(FormatReal(-std::numeric_limits<double>::infinity()), L"-inf");
   EXPECT_EQ(FormatReal(std::numeric_limits<double>::quiet_NaN()), L"nan");
@@ -406,7 +406,7 @@ TEST(FormatReal, PrintsNumbersThatNoTextStandsForByTheirNames) {
 TEST(FormatInt, ReadsBack) {
   std::mt19937 random(21);
   for (int i = 0; i < 20'000; ++i) {
-    // Of all lengths alike.
+    // All lengths are equally likely.
     const int number = static_cast<int>(random()) >> (random() % 32);
     ASSERT_EQ(IntOf(FormatInt(number)), number);
   }
@@ -415,7 +415,7 @@ TEST(FormatInt, ReadsBack) {
 TEST(FormatReal, ReadsBackAsTheSameNumber) {
   std::mt19937_64 random(22);
   for (int i = 0; i < 50'000; ++i) {
-    // Any bits, so of all magnitudes, and some from the range that people write.
+    // Random bits have all magnitudes; some numbers are of usual size.
     double number = std::bit_cast<double>(random());
     if (i % 4 == 1) number = static_cast<double>(random() % 10'000'000) / 1000;
     if (i % 4 == 2) number = std::bit_cast<double>(random() >> 12);  // subnormal
@@ -427,7 +427,7 @@ TEST(FormatReal, ReadsBackAsTheSameNumber) {
   }
 }
 
-// While it lives, the global locale is another one.
+// Replaces the global locale for its lifetime.
 class GlobalNumberLocale {
  public:
   explicit GlobalNumberLocale(const std::locale& locale) : previous(std::locale::global(locale)) {}
@@ -478,7 +478,7 @@ TEST(Numbers, AreThoseOfTheClassicLocaleWhateverTheLocaleOfTheProcess) {
     } catch (const std::runtime_error&) {
       continue;  // not installed
     }
-    // A locale with a name becomes that of the C library, too.
+    // A named locale becomes that of the C library too.
     const GlobalNumberLocale global(*locale);
     ExpectNumbersOfTheClassicLocale();
     return;

@@ -17,13 +17,13 @@ using Ints = std::vector<int>;
 using Reals = std::vector<double>;
 using Strings = std::vector<std::wstring>;
 
-// Every new field of these tests has this name, this title and no flag.
+// Returns a new field with the name, title and flag that all these tests use.
 template <class Field>
 Field New() {
   return Field(L"name", L"title", false);
 }
 
-// The text that a new field gives after it has been handed `text`, or a word of refusal.
+// Returns the text of a new field after setting it to `text`, or a word if it refuses the text.
 template <class Field>
 std::wstring ValueAfter(const std::wstring& text) {
   Field field = New<Field>();
@@ -68,7 +68,7 @@ TEST(PropertyParameter, PrintsItsStartingValue) {
   EXPECT_EQ(New<PropertySListParameter>().GetValue(), L"");
 }
 
-// One field of each type, as the library holds them.
+// Returns one field of each type.
 std::vector<std::unique_ptr<PropertyParameter>> OneOfEachType() {
   std::vector<std::unique_ptr<PropertyParameter>> fields;
   fields.push_back(std::make_unique<PropertyIntParameter>(L"name", L"title", true));
@@ -263,7 +263,7 @@ TEST(PropertyStrParameter, TakesUnitsOfAnyKind) {
   EXPECT_EQ(ValueAfter<PropertyStrParameter>(loneSurrogate), loneSurrogate);
 }
 
-TEST(PropertyStrParameter, PrintsTheStoredTextAsItIs) {
+TEST(PropertyStrParameter, PrintsTheStoredTextUnchanged) {
   auto field = New<PropertyStrParameter>();
   field.value = L" \"x\" ";
   EXPECT_EQ(field.GetValue(), L" \"x\" ");
@@ -332,7 +332,7 @@ TEST(PropertyIListParameter, PassesATextWithoutPiecesOnlyInACheck) {
   }
 }
 
-TEST(PropertyIListParameter, TrimsOtherWhiteSpaceThatStandsNextToABlank) {
+TEST(PropertyIListParameter, TrimsOtherWhiteSpaceNextToABlank) {
   auto field = New<PropertyIListParameter>();
   EXPECT_TRUE(field.SetValue(L"1 \t2\t 3\r\n"));
   EXPECT_EQ(field.value, (Ints{1, 2, 3}));
@@ -417,7 +417,7 @@ TEST(PropertySListParameter, RemovesTheQuotationMarksOfItsEntriesWhenItPrintsThe
   EXPECT_EQ(field.GetValue(), L"one two three fo\"ur");
 }
 
-TEST(PropertySListParameter, PutsABlankInFrontOfAnEntryIfAnyTextStandsThereAlready) {
+TEST(PropertySListParameter, PutsABlankBeforeAnEntryIfThereIsTextAlready) {
   struct Case {
     const wchar_t* text;
     const wchar_t* printed;
@@ -464,7 +464,7 @@ TEST(PropertyParameter, TakesAListOfAMillionEntries) {
   EXPECT_TRUE(strings.GetValue() == text);
 }
 
-// The family itself
+// The class hierarchy
 
 template <class Field>
 constexpr bool derivesFromTheBase =

@@ -18,7 +18,7 @@ TEST(ParsePropertyType, NumbersTheSixKeywordsFrom0) {
   EXPECT_EQ(ParsePropertyType(L"slist"), 5);
 }
 
-TEST(ParsePropertyType, GivesMinus1ForAnyOtherText) {
+TEST(ParsePropertyType, ReturnsMinus1ForAnyOtherText) {
   for (const wchar_t* text : {L"",       L" ",       L"Int",  L"INT",    L"Real", L"STR",
                               L"iList",  L"integer", L"list", L"string", L"in",   L"i",
                               L"r",      L"s",       L"il",   L"rl",     L"sl",   L" int",

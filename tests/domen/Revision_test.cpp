@@ -10,7 +10,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-TEST(Revision, GivesOneTokenUntilAChange) {
+TEST(Revision, ReturnsOneTokenUntilAChange) {
   Revision revision;
   const auto first = revision.Get();
   ASSERT_TRUE(first);
@@ -19,7 +19,7 @@ TEST(Revision, GivesOneTokenUntilAChange) {
   EXPECT_NE(revision.Get(), first);
 }
 
-TEST(Revision, GivesNoTokenThatAnybodyStillHas) {
+TEST(Revision, ReturnsNoTokenThatAnybodyStillHas) {
   Revision revision;
   std::vector<std::shared_ptr<const void>> tokens;
   for (int i = 0; i < 100; ++i) {
@@ -29,7 +29,7 @@ TEST(Revision, GivesNoTokenThatAnybodyStillHas) {
   EXPECT_EQ(std::set(tokens.begin(), tokens.end()).size(), 100u);
 }
 
-TEST(Revision, IsAnotherForACopyAndStaysForItsSource) {
+TEST(Revision, DiffersForACopyAndStaysForItsSource) {
   const Revision source;
   const auto token = source.Get();
   const Revision copy(source);
@@ -37,7 +37,7 @@ TEST(Revision, IsAnotherForACopyAndStaysForItsSource) {
   EXPECT_EQ(source.Get(), token);
 }
 
-TEST(Revision, IsAnotherForWhatIsAssignedTo) {
+TEST(Revision, ChangesForTheTargetOfAnAssignment) {
   const Revision source;
   const auto token = source.Get();
   Revision target;
@@ -48,7 +48,7 @@ TEST(Revision, IsAnotherForWhatIsAssignedTo) {
   EXPECT_EQ(source.Get(), token);
 }
 
-TEST(Revision, IsAnotherForBothSidesOfAMove) {
+TEST(Revision, ChangesForBothSidesOfAMove) {
   Revision source;
   const auto token = source.Get();
   Revision moved(std::move(source));

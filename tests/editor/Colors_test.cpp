@@ -1,4 +1,4 @@
-// The colours of the active Classificator.
+// Tests of the colours of the active Classificator.
 
 #include <gtest/gtest.h>
 
@@ -42,14 +42,14 @@ Color ColorOf(Editor& editor, const wchar_t* text) {
   return color;
 }
 
-// The active Colorat.
+// Returns the active Colorat.
 Colors ActiveColors(Editor& editor) {
   Colors colors;
   for (const std::wstring& text : KeyTexts(editor)) colors[text] = ColorOf(editor, text.c_str());
   return colors;
 }
 
-// What each of the four calls raises; the arguments are to stay as they were.
+// Expects each of the four calls to throw and to leave its arguments unchanged.
 void ExpectNoColor(Editor& editor, const wchar_t* text, const char* failure) {
   EXPECT_EQ(OutOfRangeOf([&] { editor.GetColorNum(text); }), failure) << text;
   Color color = {-1, -2, -3, -4, -5};
@@ -89,19 +89,19 @@ TEST(Colors, AreWhatTheLinesOfTheSectionSay) {
       {"@m M\nA 300 -5 12 150\n", {{L"A", {1, 255, 0, 12, 100}}}},
       {"@m M\nA x 1 2 3\n", {{L"A", {1, 0, 1, 2, 3}}}},
       {"@m M\nA 4294967301 +7 007 5%\n", {{L"A", {1, 255, 7, 7, 5}}}},
-      // A line that is left out uses up no number, and a repeated key does.
+      // An ignored line takes no number, but a repeated key does.
       {"@m M\nA 1 2 3\nB 1 2 3 4\n", {{L"B", {1, 1, 2, 3, 4}}}},
       {"@m M\nA 1 2 3 4\nA 5 6 7 8\nB 9 9 9 9\n",
        {{L"A", {1, 1, 2, 3, 4}}, {L"B", {3, 9, 9, 9, 9}}}},
-      // Blocks of one id make one Colorat, with numbers that begin again.
+      // Blocks with the same id make one Colorat, and the numbers restart with each.
       {"@m M\nA 1 1 1 1\n@m again\nA 2 2 2 2\nB 3 3 3 3\n@m M\nC 4 4 4 4\n",
        {{L"A", {1, 1, 1, 1, 1}}, {L"B", {2, 3, 3, 3, 3}}, {L"C", {1, 4, 4, 4, 4}}}},
-      // No Colorat: a block of one line, and an id without a blank.
+      // A block of one line and an id without a blank make no Colorat.
       {"@m M\nA 1 1 1 1\n@n N\n", {{L"A", {1, 1, 1, 1, 1}}}},
       {"@m M\nA 1 1 1 1\n@n\nB 1 1 1 1\n", {{L"A", {1, 1, 1, 1, 1}}}},
-      // A block of malformed lines is one, and being the last is active.
+      // A block of malformed lines makes a Colorat, which is active because it is the last.
       {"@m M\nA 1 1 1 1\n@n N\nbroken\n", {}},
-      // Carriage returns, indentation and semicolons at line ends leave no trace.
+      // Carriage returns, indentation and semicolons at line ends have no effect.
       {" @m M;\r\n\tA 1 2 3 4;\r\n\r\n", {{L"A", {1, 1, 2, 3, 4}}}},
       {"@Цвета Стен\nСтена \xD9\xA1\xD9\xA2 2 3 4\n", {{L"Стена", {1, 12, 2, 3, 4}}}},
       // A further section replaces the earlier one.
@@ -146,7 +146,7 @@ TEST(Colors, NeedAnActiveClassificator) {
     EXPECT_FALSE(ids.Written());
     ExpectNoColor(*editor, L"B1", badSubscript);
   }
-  // The failures have left the editor as it was.
+  // The failures have not changed the editor.
   ASSERT_EQ(loaded.SetActiveClassificator(L"S"), 0);
   EXPECT_EQ(ActiveColors(loaded), secondColors);
 }
@@ -171,7 +171,7 @@ TEST(Colors, AreThoseOfTheActiveClassificatorWhichKeepsItsOwnSelection) {
   EXPECT_EQ(KeyTexts(editor), Texts{L"X"});
 }
 
-TEST(Colors, StayTheSelectedOnesWhateverIsLoadedLater) {
+TEST(Colors, StaySelectedWhateverIsLoadedLater) {
   LoadedScheme scheme(twoColorats);
   Editor& editor = scheme.editor;
   ASSERT_EQ(editor.SetActiveColorat(L"main"), 0);
@@ -194,7 +194,7 @@ TEST(Colors, AreCopiedWithTheSelection) {
   EXPECT_EQ(ActiveColors(scheme.editor), secondColors);
 }
 
-TEST(SetActiveColorat, GivesMinusOneForAnUnknownIdAndKeepsTheSelection) {
+TEST(SetActiveColorat, ReturnsMinusOneForAnUnknownIdAndKeepsTheSelection) {
   LoadedScheme scheme(twoColorats);
   ASSERT_EQ(scheme.editor.SetActiveColorat(L"main"), 0);
   for (const wchar_t* id : {L"", L"Main", L"MAIN", L"mai", L"main ", L" main", L"mains", L"@main",
@@ -212,7 +212,7 @@ TEST(SetActiveColorat, CopiesItsArgument) {
   EXPECT_EQ(ActiveColors(scheme.editor), mainColors);
 }
 
-TEST(GetColoratsIds, GivesTheKeyTextsOfTheActiveColoratInTheOrderOfTheirUnits) {
+TEST(GetColoratsIds, ReturnsTheKeyTextsOfTheActiveColoratInTheOrderOfTheirUnits) {
   LoadedScheme scheme(
       "==COLORAT\n@m M\n"
       "Стена 1 1 1 1\nb 1 1 1 1\nAB 1 1 1 1\nC 1 1 1 1\nA 1 1 1 1\na 1 1 1 1\n10 1 1 1 1\n"
@@ -238,7 +238,7 @@ TEST(GetColor, LooksForTheTextExactly) {
   EXPECT_EQ(ColorOf(scheme.editor, L"Key"), (Color{1, 1, 2, 3, 4}));
 }
 
-TEST(GetColor, NeverFindsAKeyWithANulWhichIsHandedOutUpToIt) {
+TEST(GetColor, NeverFindsAKeyWithANulWhichIsReturnedUpToIt) {
   LoadedScheme scheme("==COLORAT\n@m M\na\0b 1 2 3 4\n"sv);
   EXPECT_EQ(KeyTexts(scheme.editor), Texts{L"a"});
   ExpectNoColor(scheme.editor, L"a", badKey);

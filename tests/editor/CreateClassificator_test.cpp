@@ -1,4 +1,4 @@
-// The loading of classificator files by the exported class, their list and the choice among them.
+// Tests of loading, listing and selecting classificator files through the exported class.
 
 #include <gtest/gtest.h>
 
@@ -32,12 +32,12 @@ int Create(Editor& editor, const std::wstring& file) {
   return editor.CreateClassificator(L"id", L"name", L"Param", file.c_str());
 }
 
-// A classificator file that is known by its default code.
+// Returns a classificator file, identified by its default code.
 std::string Scheme(std::string_view code) {
   return "==MAPTEXT\n$ " + std::string(code) + "\n";
 }
 
-// The default code of a Classificator, which is left the active one.
+// Selects a Classificator and returns its default code.
 std::wstring CodeOfScheme(Editor& editor, const wchar_t* id = L"id") {
   EXPECT_EQ(editor.SetActiveClassificator(id), 0);
   return Take(editor.GetDefaultClaccificatorCode());
@@ -45,14 +45,14 @@ std::wstring CodeOfScheme(Editor& editor, const wchar_t* id = L"id") {
 
 constexpr const char* colors = "==COLORAT\n@m M\nA 1 2 3 4\n";
 
-// A selected Classificator without the key A raises something else.
+// A selected Classificator without the key A throws another exception.
 bool NoneIsSelected(Editor& editor) {
   return OutOfRangeOf([&editor] { editor.GetColorNum(L"A"); }) == badSubscript;
 }
 
 // The search for the file
 
-TEST(CreateClassificator, TakesAPathThatExistsAsItStands) {
+TEST(CreateClassificator, TakesAPathThatExistsUnchanged) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", Scheme("A"));
   Editor editor(L"no such folder", L"");
@@ -60,7 +60,7 @@ TEST(CreateClassificator, TakesAPathThatExistsAsItStands) {
   EXPECT_EQ(CodeOfScheme(editor), L"A");
 }
 
-TEST(CreateClassificator, SeeksInTheDataFolderWhatIsNotInTheCurrentOne) {
+TEST(CreateClassificator, SearchesTheDataFolderForWhatIsNotInTheCurrentOne) {
   const TempFolder current;
   const TempFolder data;
   current.Write("both.txt", Scheme("CURRENT"));
@@ -74,14 +74,14 @@ TEST(CreateClassificator, SeeksInTheDataFolderWhatIsNotInTheCurrentOne) {
   EXPECT_EQ(CodeOfScheme(editor, L"data"), L"DATA");
 }
 
-TEST(CreateClassificator, PutsASlashBehindADataFolderThatEndsInOne) {
+TEST(CreateClassificator, PutsASlashAfterADataFolderThatEndsInOne) {
   const TempFolder data;
   data.Write("a.txt", Scheme("A"));
   Editor editor((data.Wide() + L"/").c_str(), L"");
   EXPECT_EQ(Create(editor, L"a.txt"), 0);
 }
 
-TEST(CreateClassificator, TakesItsDataFolderAsItStands) {
+TEST(CreateClassificator, TakesItsDataFolderUnchanged) {
   if (fs::path::preferred_separator != '/') GTEST_SKIP() << "no folder's name can end so here";
   const TempFolder folder;
   fs::create_directory(folder.Path() / " data ");
@@ -100,7 +100,7 @@ TEST(CreateClassificator, FindsNamesAndFoldersInAnyScript) {
   EXPECT_EQ(CodeOfScheme(editor), L"A");
 }
 
-TEST(CreateClassificator, GivesMinusOneForWhatIsInNeitherPlaceAndStoresNothing) {
+TEST(CreateClassificator, ReturnsMinusOneForWhatIsInNeitherPlaceAndStoresNothing) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", Scheme("A"));
   Editor editor(folder.Wide().c_str(), L"");
@@ -114,7 +114,7 @@ TEST(CreateClassificator, GivesMinusOneForWhatIsInNeitherPlaceAndStoresNothing) 
   EXPECT_EQ(editor.SetActiveClassificator(L"id"), 1);
 }
 
-TEST(CreateClassificator, GivesMinusOneForAnEmptyNameWithoutADataFolder) {
+TEST(CreateClassificator, ReturnsMinusOneForAnEmptyNameWithoutADataFolder) {
   const TempFolder folder;
   Editor editor((folder.Wide() + L"/missing").c_str(), L"");
   EXPECT_EQ(Create(editor, L""), -1);
@@ -137,7 +137,7 @@ TEST(CreateClassificator, RaisesTheErrorOfTheSearchAndStoresNothing) {
 
 // The statuses
 
-TEST(CreateClassificator, GivesZeroForAnEmptyFileAndForOneWithoutSections) {
+TEST(CreateClassificator, ReturnsZeroForAnEmptyFileAndForOneWithoutSections) {
   const TempFolder folder;
   Editor editor(folder.Wide().c_str(), L"");
   for (const char* bytes : {"", "wall\n@A\n"}) {
@@ -146,7 +146,7 @@ TEST(CreateClassificator, GivesZeroForAnEmptyFileAndForOneWithoutSections) {
   }
 }
 
-TEST(CreateClassificator, GivesMinusOneForAnyOtherExtensionAndStoresTheEntryAllTheSame) {
+TEST(CreateClassificator, ReturnsMinusOneForAnyOtherExtensionButStoresTheEntry) {
   const TempFolder folder;
   for (const char* name :
        {"a.dat", "a.TXT", "a.Txt", "a.txtx", "a.tx", "a", "a.", "a.txt.bak", ".txt"}) {
@@ -158,7 +158,7 @@ TEST(CreateClassificator, GivesMinusOneForAnyOtherExtensionAndStoresTheEntryAllT
   }
 }
 
-TEST(CreateClassificator, GivesZeroForTheExtensionBehindTheLastPoint) {
+TEST(CreateClassificator, JudgesTheExtensionAfterTheLastPoint) {
   const TempFolder folder;
   Editor editor(folder.Wide().c_str(), L"");
   for (const char* name : {"a.txt", "a.b.txt", "a.json.txt", ".a.txt"}) {
@@ -166,11 +166,11 @@ TEST(CreateClassificator, GivesZeroForTheExtensionBehindTheLastPoint) {
   }
 }
 
-TEST(CreateClassificator, GivesTwoForAFolderAndStoresAnEntryOfTheArgumentsAlone) {
+TEST(CreateClassificator, ReturnsTwoForAFolderAndStoresAnEntryOfTheArgumentsAlone) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "folder.txt");
   fs::create_directory(folder.Path() / "folder");
-  // The empty name finds the data folder itself.
+  // The empty name is that of the data folder itself.
   for (const wchar_t* name : {L"folder.txt", L"folder", L""}) {
     Editor editor(folder.Wide().c_str(), L"");
     EXPECT_EQ(Create(editor, name), 2) << name;
@@ -181,7 +181,7 @@ TEST(CreateClassificator, GivesTwoForAFolderAndStoresAnEntryOfTheArgumentsAlone)
   }
 }
 
-TEST(CreateClassificator, GivesTwoForAFileThatIsClosedToTheUser) {
+TEST(CreateClassificator, ReturnsTwoForAFileThatTheUserMayNotRead) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", Scheme("A"));
   fs::permissions(folder.Path() / "a.txt", fs::perms::none);
@@ -192,7 +192,7 @@ TEST(CreateClassificator, GivesTwoForAFileThatIsClosedToTheUser) {
   EXPECT_EQ(ListClassificators(editor), (Names{{L"id", L"name"}}));
 }
 
-TEST(CreateClassificator, GivesThreeForAnExceptionAndStoresWhatWasRead) {
+TEST(CreateClassificator, ReturnsThreeForAnExceptionAndStoresWhatWasRead) {
   if (!oneRuntime) GTEST_SKIP() << "the tests can't make the library fail";
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt",
@@ -207,7 +207,7 @@ TEST(CreateClassificator, GivesThreeForAnExceptionAndStoresWhatWasRead) {
   EXPECT_EQ(ListClassificators(editor), (Names{{L"id", L"name"}}));
   EXPECT_EQ(CodeOfScheme(editor), L"Z");
 
-  // The editor works on, and the failed file has brought no domains.
+  // The editor still works, and the failed file has added no domains.
   EXPECT_EQ(editor.CreateClassificator(L"good", L"", L"Param", good.c_str()), 0);
   EXPECT_EQ(editor.SetActiveClassificator(L"good"), 0);
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L"Param A;");
@@ -215,7 +215,7 @@ TEST(CreateClassificator, GivesThreeForAnExceptionAndStoresWhatWasRead) {
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L"Param A;P= 7;");
 }
 
-// The two halves
+// Domains of classificator files
 
 TEST(CreateClassificator, LoadsTheDomainsThatTheFileHolds) {
   const TempFolder folder;
@@ -276,7 +276,7 @@ TEST(CreateClassificator, LeavesTheActiveDomainAloneUnlessTheFileNamesOne) {
 
 // The entries
 
-TEST(CreateClassificator, TakesItsArgumentsAsTheyStand) {
+TEST(CreateClassificator, TakesItsArgumentsUnchanged) {
   const TempFolder folder;
   folder.Write(" a.txt", "");
   Editor editor(folder.Wide().c_str(), L"");
@@ -302,7 +302,7 @@ TEST(CreateClassificator, CopiesItsArguments) {
   EXPECT_EQ(Take(editor.GetActiveClassificatorParamName()), L"p");
 }
 
-TEST(GetClassificatorsNames, GivesEachEntryInTheOrderOfLoadingWhateverItsStatus) {
+TEST(GetClassificatorsNames, ReturnsEachEntryInTheOrderOfLoadingWhateverItsStatus) {
   const TempFolder folder;
   Editor editor(L"", L"");
   const std::wstring good = folder.Write("a.txt", "");
@@ -353,13 +353,13 @@ TEST(SetActiveClassificator, SelectsNothingForAnUnknownId) {
   EXPECT_TRUE(NoneIsSelected(editor));
 }
 
-TEST(SetActiveClassificator, GivesOneWhileNothingIsLoadedEvenForAnEmptyId) {
+TEST(SetActiveClassificator, ReturnsOneWhileNothingIsLoadedEvenForAnEmptyId) {
   Editor editor(L"", L"");
   EXPECT_EQ(editor.SetActiveClassificator(L"id"), 1);
   EXPECT_EQ(editor.SetActiveClassificator(L""), 1);
 }
 
-TEST(SetActiveClassificator, GivesMinusOneForAnUnknownIdAndKeepsTheSelection) {
+TEST(SetActiveClassificator, ReturnsMinusOneForAnUnknownIdAndKeepsTheSelection) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a.txt", "");
   Editor editor(L"", L"");
@@ -400,7 +400,7 @@ TEST(SetActiveClassificator, FindsAnEmptyId) {
   EXPECT_EQ(Take(editor.GetActiveClassificatorParamName()), L"p2");
 }
 
-TEST(SetActiveClassificator, GoesBackAndForth) {
+TEST(SetActiveClassificator, SwitchesBackAndForth) {
   const TempFolder folder;
   Editor editor(L"", L"");
   editor.CreateClassificator(L"a", L"", L"", folder.Write("a.txt", Scheme("A")).c_str());

@@ -1,4 +1,4 @@
-// The exported class as an object, and what its results are.
+// Tests of the exported class as an object, and of its results.
 
 #include <gtest/gtest.h>
 
@@ -26,12 +26,12 @@ namespace {
 using Editor = RevitMappingEditorDll;
 using Names = ClassificatorNames;
 
-// A classificator and the domain that it draws on, in one file.
+// A classificator and its domain in one file.
 constexpr const char* walls =
     "==MAPTEXT\n@@ (D)\n@A {P=8} {Q}\nwall\n"
     "==DOMEN\n@@@ D\n@P 0 0\nF int 0 7\n@Q 0 0\nF str 0 q\n";
 
-// What `walls` gives for a wall.
+// The items of a wall by `walls`.
 constexpr const wchar_t* wallItems = L"A;P= 8;Q= q;";
 
 constexpr const char* doors = "==MAPTEXT\n@B\ndoor\n";
@@ -43,7 +43,7 @@ std::wstring Map(Editor& editor, const wchar_t* text = L"wall") {
   return Take(editor.GetMappingStr(text, 1, L"="));
 }
 
-// Everything that an editor with an active Classificator says about itself.
+// Returns the answers of an editor with an active Classificator.
 std::vector<std::wstring> Answers(Editor& editor) {
   std::vector<std::wstring> answers = {Take(editor.GetStartMark()),
                                        Take(editor.GetEndMark()),
@@ -59,7 +59,7 @@ std::vector<std::wstring> Answers(Editor& editor) {
   return answers;
 }
 
-// An editor with both files loaded and all selections and marks set.
+// An editor that has loaded both files, with all selections and marks set.
 class FilledEditor : public testing::Test {
  protected:
   FilledEditor() : editor(std::make_unique<Editor>(folder.Wide().c_str(), L"")) {
@@ -102,7 +102,7 @@ TEST(Editor, CopiesTheArgumentsOfItsConstructor) {
   EXPECT_EQ(editor.CreateClassificator(L"id", L"", L"", L"walls.txt"), 0);
 }
 
-TEST(Editor, TakesItsFirstArgumentForTheDataFolder) {
+TEST(Editor, TakesItsFirstArgumentAsTheDataFolder) {
   const TempFolder folder;
   folder.Write("walls.txt", walls);
   Editor crossed(L"config", folder.Wide().c_str());
@@ -111,7 +111,7 @@ TEST(Editor, TakesItsFirstArgumentForTheDataFolder) {
 
 // Marks
 
-TEST(Marks, AreGivenWithABlankThatIsNotStored) {
+TEST(Marks, AreReturnedWithABlankThatIsNotStored) {
   Editor editor(L"", L"");
   editor.SetStartMark(L"AB");
   editor.SetEndMark(L"CD");
@@ -121,7 +121,7 @@ TEST(Marks, AreGivenWithABlankThatIsNotStored) {
   }
 }
 
-TEST(Marks, AreKeptAsTheyAreSet) {
+TEST(Marks, AreStoredUnchanged) {
   Editor editor(L"", L"");
   for (const std::wstring mark : {L"", L" ", L" \tметка\n ", L"{;}", L"\U0001F600", L"x"}) {
     editor.SetStartMark(mark.c_str());
@@ -155,7 +155,7 @@ TEST(Results, AreNewBuffersEachTime) {
   EXPECT_EQ(Take(first), Take(second));
 }
 
-TEST_F(FilledEditor, GivesABufferWithANulForAnEmptyText) {
+TEST_F(FilledEditor, ReturnsABufferWithANulForAnEmptyText) {
   editor->CreateClassificator(L"", L"", L"", L"doors.txt");
   editor->SetActiveClassificator(L"");
   const wchar_t* paramName = editor->GetActiveClassificatorParamName();
@@ -168,7 +168,7 @@ TEST_F(FilledEditor, GivesABufferWithANulForAnEmptyText) {
   delete[] items;
 }
 
-TEST(Results, LeaveTheArraysAsTheyWereWhenTheCountIsZero) {
+TEST(Results, LeaveTheArraysUnchangedWhenTheCountIsZero) {
   Editor editor(L"", L"");
   int count = 17;
   const wchar_t* untouched = L"untouched";
@@ -180,7 +180,7 @@ TEST(Results, LeaveTheArraysAsTheyWereWhenTheCountIsZero) {
   EXPECT_EQ(names, nullptr);
 }
 
-TEST_F(FilledEditor, GivesNewArraysOfNewStringsEachTime) {
+TEST_F(FilledEditor, ReturnsNewArraysOfNewStringsEachTime) {
   editor->CreateClassificator(L"same", L"same", L"", L"doors.txt");
   int count = 0;
   const wchar_t** ids = nullptr;
@@ -201,7 +201,7 @@ TEST_F(FilledEditor, GivesNewArraysOfNewStringsEachTime) {
   EXPECT_EQ(TakeAll(count, firstNames), TakeAll(count, names));
 }
 
-TEST_F(FilledEditor, LeavesItsResultsBehindUnchanged) {
+TEST_F(FilledEditor, DoesNotChangeItsResultsWhenDestroyed) {
   const wchar_t* mark = editor->GetStartMark();
   const wchar_t* paramName = editor->GetActiveClassificatorParamName();
   const wchar_t* mapping = editor->GetMappingStr(L"wall", 1, L"=");
@@ -224,7 +224,7 @@ TEST_F(FilledEditor, LeavesItsResultsBehindUnchanged) {
 
 // Failures
 
-TEST_F(FilledEditor, LetsAnExceptionReachTheCallerAndIsTheSameBehindIt) {
+TEST_F(FilledEditor, LetsAnExceptionReachTheCallerAndIsUnchangedAfterIt) {
   if (!oneRuntime) GTEST_SKIP() << "the tests can't make the library fail";
   const std::vector<std::wstring> before = Answers(*editor);
   EXPECT_EQ(OutOfRangeOf([&] { delete[] editor->GetClaccificatorCode(1); }), badSubscript);
@@ -245,7 +245,7 @@ TEST_F(FilledEditor, HasACopyThatAnswersAlike) {
   EXPECT_EQ(Answers(copyOfCopy), Answers(*editor));
 }
 
-TEST_F(FilledEditor, HasACopyThatSeeksInTheSameDataFolder) {
+TEST_F(FilledEditor, HasACopyThatSearchesTheSameDataFolder) {
   Editor copy(*editor);
   EXPECT_EQ(copy.CreateClassificator(L"more", L"", L"", L"doors.txt"), 0);
 }
@@ -291,7 +291,7 @@ TEST(Editor, CanBeCopiedWhileItIsEmpty) {
 
 // Assignment
 
-TEST_F(FilledEditor, HandsAllItHasToTheEditorThatItIsAssignedTo) {
+TEST_F(FilledEditor, CopiesAllItHasToTheEditorThatItIsAssignedTo) {
   Editor target(L"no such folder", L"");
   EXPECT_EQ(&(target = *editor), &target);
   EXPECT_EQ(Answers(target), Answers(*editor));
@@ -303,8 +303,8 @@ TEST_F(FilledEditor, HandsAllItHasToTheEditorThatItIsAssignedTo) {
   EXPECT_EQ(Answers(target), before);
 }
 
-TEST_F(FilledEditor, LosesAllItHadWhenItIsAssignedTo) {
-  // The same names as in `walls`, with other contents.
+TEST_F(FilledEditor, LosesAllItHadWhenAssignedTo) {
+  // The names of `walls` with other contents.
   folder.Write("other.txt",
                "==MAPTEXT\n@@ (D)\n@A {P} {Q}\nwall\n"
                "==DOMEN\n@@@ D\n@P 0 0\nF int 0 1\n");
@@ -319,7 +319,7 @@ TEST_F(FilledEditor, LosesAllItHadWhenItIsAssignedTo) {
   EXPECT_EQ(Take(editor->GetEndMark()), L" ");
 }
 
-TEST(Editor, HandsOnThatNoClassificatorIsSelected) {
+TEST(Editor, PassesOnThatNoClassificatorIsSelected) {
   const TempFolder folder;
   const std::wstring file = folder.Write("colors.txt", "==COLORAT\n@m M\nA 1 2 3 4\n");
   Editor source(L"", L"");
@@ -340,7 +340,7 @@ TEST_F(FilledEditor, IsEmptyWhenAnEmptyEditorIsAssignedToIt) {
   *editor = Editor(folder.Wide().c_str(), L"");
   EXPECT_EQ(ListClassificators(*editor), Names{});
   EXPECT_EQ(editor->SetActiveClassificator(L"walls"), 1);
-  // Of the domains nothing is left either.
+  // The domains are gone too.
   folder.Write("later.txt", "==MAPTEXT\n@@ (D)\n@A {P}\nwall");
   editor->CreateClassificator(L"later", L"", L"Code", L"later.txt");
   editor->SetActiveClassificator(L"later");
@@ -354,8 +354,8 @@ TEST_F(FilledEditor, KeepsEverythingWhenItIsAssignedToItself) {
   EXPECT_EQ(Answers(*editor), before);
 }
 
-// A value field is made anew from its text by each copy. A text with several pairs of quotation
-// marks, each with tabs inside, loses one pair and one pair of tabs each time, and so counts.
+// Each copy makes a value field anew from its text. A text with several pairs of quotation marks
+// and tabs loses one pair of each every time, so it counts the copies.
 class LayeredValue : public testing::Test {
  protected:
   LayeredValue() : editor(folder.Wide().c_str(), L"") {
@@ -367,7 +367,7 @@ class LayeredValue : public testing::Test {
     editor.SetActiveClassificator(L"id");
   }
 
-  // How many pairs of quotation marks the value still has when it is written.
+  // Returns the number of pairs of quotation marks that the value has left when it is written.
   static std::ptrdiff_t Layers(Editor& one) {
     const std::wstring text = Map(one);
     return std::count(text.begin(), text.end(), L'"') / 2;
@@ -394,7 +394,7 @@ TEST_F(LayeredValue, PassesThroughItsTextOnceInAnAssignment) {
   EXPECT_EQ(Layers(target), layers - 1);
 }
 
-TEST_F(LayeredValue, StaysAsItIsWhenTheEditorIsAssignedToItself) {
+TEST_F(LayeredValue, IsUnchangedWhenTheEditorIsAssignedToItself) {
   const std::ptrdiff_t layers = Layers(editor);
   const Editor& same = editor;
   editor = same;

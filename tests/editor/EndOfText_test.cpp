@@ -1,5 +1,4 @@
-// The byte 1A ends a text file, whichever call reads it. To a `.json` file it is a byte like
-// others.
+// Tests that the byte 1A ends a text file, whichever call reads it, but not a `.json` file.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +18,7 @@ namespace {
 using Editor = RevitMappingEditorDll;
 using Texts = std::vector<std::wstring>;
 
-// The mapping strings of a wall and a door, and of what fits no pattern.
+// Returns the mapping strings of a wall, a door, and a text that matches no pattern.
 Texts MappingsOf(Editor& editor) {
   Texts mappings;
   for (const wchar_t* text : {L"wall", L"door", L"roof"}) {
@@ -28,7 +27,7 @@ Texts MappingsOf(Editor& editor) {
   return mappings;
 }
 
-// The same with the classificator and the domains of one file.
+// The same for the classificator and the domains of one file.
 Texts MappingsBy(std::string_view scheme) {
   const TempFolder folder;
   const std::wstring file = folder.Write("scheme.txt", scheme);
@@ -38,7 +37,7 @@ Texts MappingsBy(std::string_view scheme) {
   return MappingsOf(editor);
 }
 
-TEST(TheByte1A, EndsAClassificatorFileWhereverItStands) {
+TEST(TheByte1A, EndsAClassificatorFileWhereverItIs) {
   struct Case {
     const char* scheme;
     Texts mappings;
@@ -60,7 +59,7 @@ TEST(TheByte1A, EndsAClassificatorFileWhereverItStands) {
        {L"Code W10;", L"Code Z99;", L"Code Z99;"}},
       {"==MAPTEXT\n$ Z99\n@W10\nwall\n@D20\ndo\x1Aor\n",
        {L"Code W10;", L"Code D20;", L"Code Z99;"}},
-      // In the domains alone.
+      // Only in the domains.
       {"==MAPTEXT\n@@ (A)\n$ Z99\n@W10 {P}\nwall\n@D20\ndoor\n==DOMEN\n@@@ A\n@ P 0 1\n"
        "F str 0 o\x1Awn\nG str 0 more\n",
        {L"Code W10;P= o;", L"Code D20;", L"Code Z99;"}},
@@ -69,7 +68,7 @@ TEST(TheByte1A, EndsAClassificatorFileWhereverItStands) {
   for (const Case& one : cases) EXPECT_EQ(MappingsBy(one.scheme), one.mappings) << one.scheme;
 }
 
-// The fields of the property P of domain A out of a file of these bytes.
+// Returns the fields of property P of domain A in a file of these bytes.
 FieldRows FieldsBy(std::string_view domens) {
   const TempFolder folder;
   const std::wstring file = folder.Write("domens.txt", domens);
@@ -79,7 +78,7 @@ FieldRows FieldsBy(std::string_view domens) {
   return Fields(editor, L"A", L"P");
 }
 
-TEST(TheByte1A, EndsATextDomainFileWhereverItStands) {
+TEST(TheByte1A, EndsATextDomainFileWhereverItIs) {
   const FieldRow f = {L"F", L"F", 2, false, L"own"};
   const FieldRow g = {L"G", L"G", 2, false, L"more"};
   struct Case {
@@ -98,7 +97,8 @@ TEST(TheByte1A, EndsATextDomainFileWhereverItStands) {
   for (const Case& one : cases) EXPECT_EQ(FieldsBy(one.domens), one.fields) << one.domens;
 }
 
-// The name of the domain and the value of its one field, or nothing of a malformed file.
+// Returns the name of the domain and the value of its one field, or nothing if the file is
+// malformed.
 std::wstring DomenBy(std::string_view json) {
   const TempFolder folder;
   const std::wstring file = folder.Write("A.json", json);

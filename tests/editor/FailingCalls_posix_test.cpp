@@ -1,4 +1,4 @@
-// Files when the system refuses: each call that the library makes of it fails in turn.
+// Tests of reading and replacing files while each system call fails in turn.
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -45,10 +45,10 @@ struct Replaced {
 
   bool HoldsNew() const { return ReadBytes(path) == newBytes && (!old || Mode() == 0640); }
 
-  // The folder holds what it held, and nothing else.
+  // Returns whether the folder is unchanged.
   bool AsBefore() const { return HoldsOld() && Files() == (old ? 1 : 0); }
 
-  // The folder holds the new file, and nothing else.
+  // Returns whether the folder has the new file and nothing else.
   bool Done() const { return HoldsNew() && Files() == 1; }
 
   long Files() const {
@@ -62,7 +62,7 @@ struct Replaced {
   bool old;
 };
 
-// What a system says that has no files without a name, or not in this folder.
+// The errors of a system without files without a name.
 constexpr int noUnnamed[] = {EOPNOTSUPP, EISDIR, EINVAL};
 
 TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneAndNothingElseWhicheverCallFails) {
@@ -123,14 +123,14 @@ TEST(ReplaceWholeFile, EndsWithTheFirstErrorWhereNoFilesWithoutANameAreTheReason
   EXPECT_TRUE(replaced.AsBefore());
 }
 
-TEST(ReplaceWholeFile, TriesAgainWhereAnotherProcessTookTheNameOnTheWay) {
+TEST(ReplaceWholeFile, RetriesIfAnotherProcessTookTheTemporaryName) {
   const Replaced replaced(true);
   const Faults taken{.call = "rename", .failIn = 1, .error = ENOENT};
   EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), 0);
   EXPECT_TRUE(replaced.Done());
 }
 
-TEST(ReplaceWholeFile, GivesUpWhereTheNameOnTheWayStaysTaken) {
+TEST(ReplaceWholeFile, FailsIfTheTemporaryNameStaysTaken) {
   const Replaced replaced(true);
   const Faults taken{.call = "linkat", .failIn = 1, .times = 1000, .error = EEXIST};
   EXPECT_EQ(ErrorOf(taken, [&] { replaced.Replace(); }), EBUSY);
@@ -156,7 +156,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileOrTheNewOneWhicheverCallFailsAndNothingCa
   }
 }
 
-// Who has the name on the way in use can't be told, so nobody waits for it to be free.
+// It is unknown who uses the temporary name, so nobody waits for it to be free.
 TEST(ReplaceWholeFile, RemovesTheNextTimeWhatItCouldNotRemove) {
   const Replaced replaced(true);
   const auto replace = [&] { replaced.Replace(); };
@@ -170,7 +170,7 @@ TEST(ReplaceWholeFile, RemovesTheNextTimeWhatItCouldNotRemove) {
   EXPECT_TRUE(replaced.Done());
 }
 
-// Under a name that the next replacement doesn't take.
+// The next replacement doesn't use that name.
 TEST(ReplaceWholeFile, LeavesWhatItCannotRemoveWhereFilesNeedNames) {
   for (const bool old : {true, false}) {
     for (const char* call : {"write", "rename"}) {
@@ -189,8 +189,8 @@ TEST(ReplaceWholeFile, LeavesWhatItCannotRemoveWhereFilesNeedNames) {
   }
 }
 
-// A file system on another machine, which has no files without a name, may tell only at the end of
-// the file that it has no room.
+// A network file system, which has no files without a name, may report only at the end of the file
+// that it is full.
 TEST(ReplaceWholeFile, LeavesTheOldFileWhereAFileWithANameCannotBeClosed) {
   for (const bool old : {true, false}) {
     const Replaced replaced(old);
@@ -200,7 +200,7 @@ TEST(ReplaceWholeFile, LeavesTheOldFileWhereAFileWithANameCannotBeClosed) {
   }
 }
 
-// It has its place by then.
+// The file has its name by then.
 TEST(ReplaceWholeFile, IsDoneWhereAFileThatHadNoNameCannotBeClosed) {
   for (const bool old : {true, false}) {
     const Replaced replaced(old);
@@ -237,7 +237,7 @@ TEST(ReplaceWholeFile, LeavesNothingWhereNotAllPiecesComeAndFilesNeedNames) {
   }
 }
 
-// So that no two processes write to one file.
+// Otherwise two processes could write to one file.
 TEST(ReplaceWholeFile, WritesUnderANameOfItsProcessWhereFilesNeedNames) {
   const Replaced replaced(false);
   std::string name;
@@ -252,7 +252,7 @@ TEST(ReplaceWholeFile, WritesUnderANameOfItsProcessWhereFilesNeedNames) {
   EXPECT_TRUE(name.ends_with(".new" + std::to_string(getpid()))) << name;
 }
 
-// What a process of this number has left, and the file of another thread, stay as they are.
+// A file left by a process with the same id, and the file of another thread, are not touched.
 TEST(ReplaceWholeFile, TakesAnotherNameWhereThatOfItsProcessIsTaken) {
   const Replaced replaced(true);
   std::vector<fs::path> taken;
@@ -270,7 +270,7 @@ TEST(ReplaceWholeFile, TakesAnotherNameWhereThatOfItsProcessIsTaken) {
   EXPECT_TRUE(replaced.Done());
 }
 
-TEST(ReplaceWholeFile, GivesUpWhereAllNamesAreTaken) {
+TEST(ReplaceWholeFile, FailsIfAllNamesAreTaken) {
   const Replaced replaced(true);
   const Faults taken{
       .call = "open", .failIn = 1, .times = 1000, .error = EEXIST, .unnamedError = EOPNOTSUPP};
@@ -278,7 +278,7 @@ TEST(ReplaceWholeFile, GivesUpWhereAllNamesAreTaken) {
   EXPECT_TRUE(replaced.AsBefore());
 }
 
-// What the file gives with these faults, and the planned failure comes about.
+// Reads the file with these faults and expects that the planned failure happens.
 std::string ReadWith(const std::wstring& file, const Faults& planned) {
   std::optional<std::string> bytes;
   const FaultyWork outcome = With(planned, [&] { bytes = ReadFile(file); });
@@ -286,7 +286,7 @@ std::string ReadWith(const std::wstring& file, const Faults& planned) {
   return bytes.value_or("no file");
 }
 
-TEST(ReadFile, GivesWhatWasReadUntilACallFailed) {
+TEST(ReadFile, ReturnsWhatWasReadUntilACallFailed) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", newBytes);
   for (int n = 1; n <= 8; ++n) {
@@ -304,8 +304,8 @@ TEST(ReadFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
   EXPECT_TRUE(ReadWith(file, interrupted) == newBytes);
 }
 
-// Neither whether the path is a folder, nor how the end of the file went, changes what was read.
-TEST(ReadFile, GivesAllBytesWhereACallBesideTheReadingFails) {
+// Failures of the check for a folder and of closing the file don't change what was read.
+TEST(ReadFile, ReturnsAllBytesIfACallOtherThanReadFails) {
   const TempFolder folder;
   const std::wstring file = folder.Write("a", newBytes);
   for (const char* call : {"stat", "close"}) {
@@ -344,7 +344,7 @@ TEST(ReadWholeFile, ReadsOnWhereACallReadsLessOrIsInterrupted) {
   EXPECT_EQ(ErrorOf(interrupted, [&] { EXPECT_TRUE(ReadWholeFile(file) == newBytes); }), 0);
 }
 
-TEST(LoadDomenJson, TakesNoPartOfAConfigurationFileForTheWhole) {
+TEST(LoadDomenJson, DoesNotTakeAPartOfAConfigurationFileForTheWhole) {
   const TempFolder folder;
   const std::wstring file =
       folder.Write("zones.json", "{Domen: {sName: 'Zones', asFuncsNames: ['P']}}");

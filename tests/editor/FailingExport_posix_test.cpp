@@ -1,4 +1,5 @@
-// An export that can't go on: the system refuses a call, the disk is full, the process is killed.
+// Tests of exports that can't complete: a system call fails, the disk is full, the process is
+// killed.
 
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -31,19 +32,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What the system says of files without a name: that it has them, or that it has none.
+// The error when a file without a name is opened: none, or that there are no such files.
 constexpr int waysToReplace[] = {0, EOPNOTSUPP};
 
-// What exports left of which each was killed one stop later than the one before, until the last one
-// ended by itself.
+// What exports left that were each killed one stop later than the previous one, until one
+// completed.
 struct KilledExports {
   int keptOld = 0;
   int madeNew = 0;
-  std::vector<std::string> beside = {};  // what the files held that were left beside the target
+  std::vector<std::string> beside = {};  // contents of other files that were left in the folder
   bool ended = false;
 };
 
-// An editor with a domain whose file takes more than a hundred thousand bytes, and a target for it.
+// An editor with a domain whose file has over a hundred thousand bytes, and a target for it.
 class FailingExport : public testing::Test {
  protected:
   FailingExport() : editor(L"", L"") {
@@ -59,7 +60,7 @@ class FailingExport : public testing::Test {
 
   void Export() { editor.ExportJson(L"Zones", target.wstring().c_str()); }
 
-  // The target as it was before the export: with what it held, or missing.
+  // Restores the target to these bytes, or removes it.
   void Reset(const std::optional<std::string>& bytes) {
     fs::remove(target);
     if (bytes) folder.Write("zones.json", *bytes);
@@ -85,13 +86,13 @@ class FailingExport : public testing::Test {
   const std::optional<std::string> olds[2] = {"old", std::nullopt};
 };
 
-// The calls for memory: how many a process makes depends on how much it has at hand.
+// Returns whether it is a call for memory. Their number depends on the state of the heap.
 bool AsksForMemory(std::uint64_t call) {
   return call == SYS_brk || call == SYS_mmap || call == SYS_munmap || call == SYS_madvise;
 }
 
-// How a process ends that is killed at a stop: before a system call of its work, or behind one. If
-// it makes fewer stops it ends by itself. Nothing if no process can be stopped here.
+// Kills a process at a stop, before or after a system call of its work, and returns how it ended. A
+// process with fewer stops ends by itself. Returns nothing if no process can be stopped here.
 template <class Work>
 std::optional<int> RunKilled(int stop, Work work) {
   const pid_t child = fork();
@@ -142,8 +143,8 @@ KilledExports FailingExport::ExportKilled(const std::optional<std::string>& old,
   return exports;
 }
 
-// Between its last two steps it leaves the whole new file under another name, which goes with the
-// next export.
+// Between its last two steps it leaves the complete new file under another name, which the next
+// export removes.
 TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAtWhicheverSystemCallTheProcessIsKilled) {
   for (const std::optional<std::string>& old : olds) {
     const KilledExports exports = ExportKilled(old, 0);
@@ -158,7 +159,7 @@ TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAtWhicheverSystemCallTheProcess
   }
 }
 
-// There it leaves the part that it has written.
+// Without files without a name it leaves the part that it has written.
 TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAlsoWhereEveryFileHasAName) {
   for (const std::optional<std::string>& old : olds) {
     const KilledExports exports = ExportKilled(old, EOPNOTSUPP);
@@ -195,7 +196,7 @@ TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneAndNothingElseWhicheverCallFail
   RecordProperty("calls", most);
 }
 
-TEST_F(FailingExport, LeavesTheOldFileWhateverFailsAheadOfItsEnd) {
+TEST_F(FailingExport, LeavesTheOldFileWhateverFailsBeforeItsEnd) {
   struct Case {
     std::string_view call;
     bool done;
@@ -224,7 +225,7 @@ TEST_F(FailingExport, LeavesTheOldFileOrTheNewOneWhicheverCallFailsAndNothingCan
         EXPECT_TRUE(Held() == newBytes || (failed && Held() == old)) << n;
         EXPECT_LE(NamesBeside().size(), 1u) << n;
         left.merge(NamesBeside());
-        // What one export leaves goes with the next, if that can tell that it is nobody else's.
+        // The next export removes what one leaves, if it is certain that nobody else uses it.
         if (unnamedError != 0) {
           for (const std::string& name : NamesBeside()) fs::remove(folder.Path() / name);
         }
@@ -251,8 +252,8 @@ TEST_F(FailingExport, LeavesAPipeAndDoesNotWaitForIt) {
   EXPECT_EQ(NamesBeside(), std::set<std::string>());
 }
 
-// Runs the work in a process that has a disk of its own in the place of the folder. False if no
-// such disk can be made.
+// Runs the work in a process with a disk of its own mounted on the folder. Returns false if no such
+// disk can be made.
 template <class Work>
 bool RunOnDisk(const fs::path& folder, const char* size, Work work) {
   constexpr int noDisk = 77;

@@ -1,5 +1,5 @@
-// Text files that can't be read to their end, or not without a failure on the way: the exports
-// answer as the naive forms do of the part that was read.
+// Tests of text files that can't be read to their end: the exports answer as the naive forms do for
+// the part that was read.
 
 #include <gtest/gtest.h>
 
@@ -18,14 +18,13 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// The rich files that are text files, each by the call that it is for.
+// The rich files that are text files.
 constexpr RichFile textFiles[] = {richFiles[0], richFiles[1]};
 
-// How many bytes a call reads.
+// The number of bytes that a call reads.
 constexpr std::size_t portion = SLOW_BUILD ? 7 : 1;
 
-// A load of the whole file while a call of the system fails, and one of its part by the naive
-// forms.
+// Loads the whole file while a system call fails, and the part that was read into the naive forms.
 struct FailingLoad {
   FailingLoad(const RichFile& file, const Faults& planned, std::string_view part) {
     const std::wstring whole = folder.Write(file.fileName, file.bytes);
@@ -44,7 +43,7 @@ struct FailingLoad {
   FaultyWork outcome = {};
 };
 
-TEST(FailingReads, LeaveWhatWasReadAheadOfThem) {
+TEST(FailingReads, LeaveWhatWasReadBeforeThem) {
   for (const RichFile& file : textFiles) {
     std::size_t calls = 0;
     bool failed = true;
@@ -53,7 +52,7 @@ TEST(FailingReads, LeaveWhatWasReadAheadOfThem) {
       const Faults planned{.call = "read", .failIn = n, .portion = portion};
       FailingLoad load(file, planned, file.bytes.substr(0, read));
       ASSERT_EQ(load.status, 0) << file.fileName << ' ' << n;
-      ASSERT_TRUE(load.SameAnswers()) << file.fileName << " fails behind byte " << read;
+      ASSERT_TRUE(load.SameAnswers()) << file.fileName << " fails after byte " << read;
       failed = load.outcome.callFailed;
       calls += failed;
     }
@@ -66,7 +65,7 @@ TEST(FailingReads, AreTheOnlyCallsThatCostAPartOfTheFile) {
   struct Case {
     std::string_view call;
     int failIn;
-    int status;  // -1 for a load that ends in an exception
+    int status;  // -1 if the load throws
     bool whole;
   };
   const Case cases[] = {{"stat", 1, -1, false}, {"stat", 2, 0, true},  {"open", 1, 2, false},

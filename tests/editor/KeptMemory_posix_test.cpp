@@ -1,4 +1,4 @@
-// What a loaded file keeps in memory, by the count that the C library has of its heap.
+// Tests of the memory that a loaded file keeps, by the heap statistics of the C library.
 
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -19,14 +19,14 @@ std::size_t HeapInUse() {
   return info.uordblks + info.hblkhd;
 }
 
-// Whether the count is that of this program's heap. A sanitizer has a heap of its own.
+// Returns whether the statistics are of this program's heap. A sanitizer has its own heap.
 bool IsCounted() {
   const std::size_t before = HeapInUse();
   const std::vector<char> block(1'000'000);
   return HeapInUse() >= before + block.size();
 }
 
-// The bytes that an editor keeps once it has loaded the file.
+// Returns the number of bytes that an editor keeps after loading the file.
 std::size_t Kept(const std::string& bytes) {
   const TempFolder folder;
   const std::wstring path = folder.Write("scheme.txt", bytes);
@@ -57,8 +57,7 @@ TEST(Classificator, KeepsMemoryInProportionToWhatItHolds) {
   }
 }
 
-// Records keep the whole file where it is nothing but patterns: no more than a few times what they
-// hold.
+// If a file is nothing but patterns, the records keep all of it: a few times their contents.
 TEST(Classificator, KeepsAFewTimesAFileThatIsNothingButPatterns) {
   if (!IsCounted()) GTEST_SKIP() << "the heap isn't that of the C library";
   std::string patterns = "==MAPTEXT\n";

@@ -1,8 +1,8 @@
-// What the exports allocate, who owns it, and what a failed allocation leaves behind.
+// Tests of what the exports allocate, who owns it, and what remains after a failed allocation.
 //
-// The operators below count what this program takes from the heap and gives back, and fail on
-// demand. They stand in for those of the language in the whole program, and in the library where
-// the platform lets a program's operators reach into it; elsewhere the tests skip themselves.
+// The operators below count this program's allocations and fail on demand. They replace those of
+// the language in the whole program, and in the library where the platform allows that; elsewhere
+// the tests are skipped.
 
 #include <gtest/gtest.h>
 
@@ -42,20 +42,20 @@
 
 namespace {
 
-// The business of one thread with the heap.
+// The use of the heap by one thread.
 struct Heap {
-  long blocks = 0;             // taken and not given back
-  long arrayBlocks = 0;        // those of them that the array forms have taken
-  std::size_t arrayBytes = 0;  // that the array forms have ever been asked for
-  long failIn = 0;             // which allocation that may throw fails from now on; 0 for none
-  bool keepsFailing = false;   // whether all fail behind that one, until `failIn` is set anew
-  bool failed = false;         // whether that one was asked for
-  bool refuses = false;        // whether all fail that may not throw
+  long blocks = 0;             // allocated and not released
+  long arrayBlocks = 0;        // those of them from the array forms
+  std::size_t arrayBytes = 0;  // total allocated by the array forms
+  long failIn = 0;             // the throwing allocation that fails, counted from now; 0 for none
+  bool keepsFailing = false;   // whether all after that one fail too, until `failIn` is set again
+  bool failed = false;         // whether that one was requested
+  bool refuses = false;        // whether all non-throwing allocations fail
 };
 
 constinit thread_local Heap heap;
 
-long dearest = 0;  // how many allocations a call that was let fail has made at most
+long dearest = 0;  // the most allocations of a call under test
 
 void* Allocate(std::size_t size, bool array) noexcept {
   void* const block = std::malloc(std::max<std::size_t>(size, 1));
@@ -75,7 +75,7 @@ void Free(void* block, bool array) noexcept {
   std::free(block);
 }
 
-// A greater block, with its own address in front of the aligned part of it.
+// Allocates a larger block and stores its address before its aligned part.
 void* Allocate(std::size_t size, std::align_val_t alignment, bool array) noexcept {
   const std::size_t step = std::max(static_cast<std::size_t>(alignment), alignof(void*));
   const std::size_t more = step + sizeof(void*);
@@ -93,7 +93,7 @@ void FreeAligned(void* place, bool array) noexcept {
   if (place) Free(static_cast<void**>(place)[-1], array);
 }
 
-// Whether this allocation, which may throw, is to fail.
+// Returns whether this throwing allocation is to fail.
 bool Fails() noexcept {
   if (heap.failIn == 0 || --heap.failIn != 0) return false;
   heap.failed = true;
@@ -101,7 +101,7 @@ bool Fails() noexcept {
   return true;
 }
 
-// What the forms that may throw do.
+// The throwing forms.
 template <class... Arguments>
 void* AllocateOrThrow(Arguments... arguments) {
   if (Fails()) throw std::bad_alloc();
@@ -110,7 +110,7 @@ void* AllocateOrThrow(Arguments... arguments) {
   return block;
 }
 
-// What the others do: whoever calls them, like a sort that seeks a buffer, goes on without a block.
+// The non-throwing forms. Their callers, such as a sort that tries to get a buffer, work without.
 template <class... Arguments>
 void* AllocateOrNot(Arguments... arguments) noexcept {
   const bool exhausted = heap.failed && heap.keepsFailing;
@@ -187,7 +187,7 @@ namespace {
 using namespace std::string_literals;
 using Editor = RevitMappingEditorDll;
 
-// Everything that a call can hand out, freed as a caller frees it.
+// All results that a call can return, released as a caller releases them.
 struct Results {
   Results() = default;
   Results(const Results&) = delete;
@@ -199,14 +199,14 @@ struct Results {
            flags[0].Written() || flags[1].Written();
   }
 
-  // The arrays and strings, and the bytes in them, that a caller has to expect of these results.
+  // The number of arrays and strings of these results, and their bytes, as a caller expects them.
   long Blocks() const;
   std::size_t Bytes() const;
 
-  // The buffers by their addresses.
+  // Returns the addresses of the buffers.
   std::vector<const void*> Addresses() const;
 
-  // All of it as one text.
+  // Returns all results as one text.
   std::wstring Take();
 
   int count = -1;
@@ -280,7 +280,7 @@ struct Call {
 
 const wchar_t* objectTypes[] = {L"Door of some kind", L"Room of some kind"};
 
-// Each export that answers a question, once or more. None of them changes the editor.
+// Each query, at least once. None of them changes the editor.
 const Call queries[] = {
     {"GetActiveClassificatorParamName",
      [](Editor& editor, Results& to) { to.text = editor.GetActiveClassificatorParamName(); }},
@@ -367,8 +367,8 @@ const Call queries[] = {
     {"GetStartMark", [](Editor& editor, Results& to) { to.text = editor.GetStartMark(); }},
 };
 
-// Those that compose the items of a code. An item in which anything fails is left out, so a failed
-// allocation may cost an item instead of the answer.
+// The calls that compose the items of a code. They omit an item that fails, so a failed allocation
+// may cost an item instead of the answer.
 const Call compositions[] = {
     {"GetClaccificatorCodeParams",
      [](Editor& editor, Results& to) {
@@ -390,7 +390,7 @@ std::vector<Call> AllQueries() {
   return all;
 }
 
-// Calls that change the editor, here to what it is already, or not at all.
+// Calls that change the editor, here to the state that it is already in.
 const Call changes[] = {
     {"CreateClassificator, absent",
      [](Editor& editor, Results& to) {
@@ -449,7 +449,7 @@ constexpr const char* firstFile =
     "==CLASS\n@@@ A scheme of walls (Walls Openings)\n"
     "==MAPTEXT\n"
     "@@ (Structures Openings)\n"
-    "unclassified thing\n"  // ahead of any code, and so with an empty one
+    "unclassified thing\n"  // before any code, so with an empty one
     "$ Z99-everything-else\n"
     "@B2010-exterior-walls {EveryType=5,2.5,text,6,7.5,word} {Rating:Class=K60} {Absent=1}"
     " {Fieldless=1} {Rating:Class=}\n"
@@ -470,7 +470,7 @@ constexpr const char* firstFile =
 constexpr const char* secondFile =
     "==MAPTEXT\n@C-doors\ninner door\n==COLORAT\n@doors Doors\nD1 1 2 3 4\n";
 
-// Every section, and of each more than one step of growth takes.
+// Returns a file with every section, each long enough for its containers to grow more than once.
 std::string RichFile() {
   std::string file =
       "==CLASS\n@@@ A scheme with all sections (Rich Scheme)\n"
@@ -494,7 +494,7 @@ std::string RichFile() {
   return file + params + colors + domens + "@@@ Rooms\n@ Room 0 1 A room\nName slist 0 \"a\"\n";
 }
 
-// All that an editor says to these questions. A question that it can't answer is answered so.
+// Returns the editor's answers to these queries, or the message of the exception.
 template <class Calls>
 std::wstring AnswersTo(const Calls& calls, Editor& editor) {
   std::wstring answers;
@@ -510,12 +510,12 @@ std::wstring AnswersTo(const Calls& calls, Editor& editor) {
   return answers;
 }
 
-// All that an editor says about itself.
+// Returns all answers of an editor.
 std::wstring Answers(Editor& editor) {
   return AnswersTo(AllQueries(), editor);
 }
 
-// The same, without what every load adds to.
+// The same without the answers that every load extends.
 std::wstring AnswersAboutTheFirst(Editor& editor) {
   std::vector<Call> calls = AllQueries();
   std::erase_if(calls, [](const Call& call) {
@@ -526,7 +526,7 @@ std::wstring AnswersAboutTheFirst(Editor& editor) {
   return AnswersTo(calls, editor);
 }
 
-// What it says of itself while no Classificator has to be active.
+// The same without the answers that need an active Classificator.
 std::wstring AnswersWithoutClassificator(Editor& editor) {
   std::vector<Call> calls = AllQueries();
   std::erase_if(calls, [](const Call& call) {
@@ -537,7 +537,7 @@ std::wstring AnswersWithoutClassificator(Editor& editor) {
   return AnswersTo(calls, editor);
 }
 
-// What an editor says about the rich file.
+// The queries about the rich file.
 const Call richQueries[] = {
     {"GetActiveDomenId", [](Editor& editor, Results& to) { to.text = editor.GetActiveDomenId(); }},
     {"GetActiveClassificatorParamName",
@@ -567,7 +567,7 @@ const Call richQueries[] = {
      [](Editor& editor, Results& to) { to.text = editor.GetMappingStr(L"new other", 2, L"="); }},
 };
 
-// What it says about the values of the properties in it.
+// The queries about the values of its properties.
 const Call richValueQueries[] = {
     {"GetDomenPropertyFieldsValues",
      [](Editor& editor, Results& to) {
@@ -581,8 +581,8 @@ const Call richValueQueries[] = {
      }},
 };
 
-// An editor with two classificators, two colorats in the active one, two domains, all marks and
-// selections.
+// An editor with two classificators, two colorats in the active one, two domains, and all marks and
+// selections set.
 class Ownership : public testing::Test {
  protected:
   void SetUp() override {
@@ -593,7 +593,7 @@ class Ownership : public testing::Test {
     std::filesystem::create_directory(folder.Path() / "folder.txt");
     editor.emplace(folder.Wide().c_str(), L"a configuration text");
     Fill(*editor);
-    // What lookups remember is made by the first of them.
+    // The first lookups fill the caches.
     Answers(*editor);
 
     const long before = heap.blocks;
@@ -609,7 +609,7 @@ class Ownership : public testing::Test {
     if (dearest != 0) RecordProperty("allocations", static_cast<int>(dearest));
   }
 
-  // An editor of the same, that hasn't been asked anything.
+  // Returns an equal editor whose caches are empty.
   Editor Unasked() const {
     Editor unasked(folder.Wide().c_str(), L"a configuration text");
     Fill(unasked);
@@ -673,7 +673,7 @@ TEST_F(Ownership, IsOfArrayBlocksOfTheExactSizeAndOfNothingElse) {
   }
 }
 
-TEST_F(Ownership, IsPaidBackByTheCallerInFull) {
+TEST_F(Ownership, IsReleasedByTheCallerInFull) {
   for (const Call& query : AllQueries()) {
     SCOPED_TRACE(query.name);
     const Heap before = heap;
@@ -686,7 +686,7 @@ TEST_F(Ownership, IsPaidBackByTheCallerInFull) {
   }
 }
 
-TEST_F(Ownership, IsLeftAsItIsByCallsThatChangeNothing) {
+TEST_F(Ownership, IsUnchangedByCallsThatChangeNothing) {
   const std::wstring answers = Answers(*editor);
   for (const Call& change : changes) {
     SCOPED_TRACE(change.name);
@@ -695,7 +695,7 @@ TEST_F(Ownership, IsLeftAsItIsByCallsThatChangeNothing) {
       Results results;
       change.run(*editor, results);
     }
-    // What lookups remembered may have been forgotten with it, and is there again after these.
+    // The call may have cleared the caches; these queries fill them again.
     EXPECT_EQ(Answers(*editor), answers);
     EXPECT_EQ(heap.blocks, before.blocks);
     EXPECT_EQ(heap.arrayBlocks, before.arrayBlocks);
@@ -724,7 +724,7 @@ TEST_F(Ownership, IsTheSameForAnEditorAndItsCopies) {
   const long before = heap.blocks;
   std::optional<Editor> second(first);
   const long blocks = heap.blocks - before;
-  first = *second;  // gives up as much as it takes
+  first = *second;  // releases as much as it allocates
   EXPECT_EQ(heap.blocks, before + blocks);
   second.reset();
   EXPECT_EQ(heap.blocks, before);
@@ -732,7 +732,7 @@ TEST_F(Ownership, IsTheSameForAnEditorAndItsCopies) {
 
 // Buffers
 
-TEST_F(Ownership, IsOfBuffersThatNoOtherCallGives) {
+TEST_F(Ownership, IsOfBuffersThatNoOtherCallReturns) {
   for (const Call& query : AllQueries()) {
     SCOPED_TRACE(query.name);
     Results first;
@@ -779,8 +779,8 @@ TEST_F(Ownership, IsOfANewBufferEvenForAnEmptyText) {
   }
 }
 
-// A NUL in a file ends the text for the caller.
-TEST_F(Ownership, IsOfNoUnitBehindTheFirstNulOfAText) {
+// A NUL in a file ends the text of a result.
+TEST_F(Ownership, IsOfNoUnitAfterTheFirstNulOfAText) {
   const std::wstring file = folder.Write("nul.txt", "==MAPTEXT\n@A1\0B2\nwall\n"s);
   Editor one(L"", L"");
   ASSERT_EQ(one.CreateClassificator(L"S", L"Scheme", L"Code", file.c_str()), 0);
@@ -823,7 +823,7 @@ TEST_F(Ownership, IsNotTouchedByLaterCallsNorByTheEndOfTheEditor) {
 struct Failure {
   const char* name;
   const char* text;
-  int count;  // what the call leaves in it, -1 being what it finds there
+  int count;  // its value after the call; it is -1 before
   void (*run)(Editor& editor, Results& results);
 };
 
@@ -870,7 +870,7 @@ const Failure withClassificator[] = {
      }},
 };
 
-// What a call that fails leaves of the results.
+// Expects that a failed call has written no results, and that `results.count` is `count`.
 void ExpectUntouched(const Results& results, int count) {
   const Results untouched;
   EXPECT_EQ(results.count, count);
@@ -910,7 +910,7 @@ TEST_F(Ownership, IsOfNothingWhenALookupFails) {
 
 // Failed allocations
 
-// What else fails once an allocation has: nothing, or every further one, as where memory is short.
+// Whether only one allocation fails, or all further ones too, as when memory is exhausted.
 class FailureMode {
  public:
   explicit FailureMode(bool keepsFailing) { heap.keepsFailing = keepsFailing; }
@@ -929,11 +929,11 @@ INSTANTIATE_TEST_SUITE_P(Ownership, FailedAllocations, testing::ValuesIn(failure
                          [](const auto& mode) { return mode.param ? "AndAllAfterIt" : "Alone"; });
 
 struct Attempt {
-  bool failed;  // the allocation was asked for, and failed
-  bool raised;  // `bad_alloc` left the call
+  bool failed;  // the allocation was requested and failed
+  bool raised;  // the call threw `bad_alloc`
 };
 
-// Runs the call while its n-th allocation fails, and in one mode all that follow in the call.
+// Runs the call while its n-th allocation fails, and in one mode all further ones.
 template <class Run>
 Attempt RunFailing(long n, Run run) {
   bool raised = false;
@@ -956,7 +956,7 @@ Attempt RunFailing(long n, Run run) {
 // More allocations than any call of these tests makes.
 constexpr long enough = 5000;
 
-// Whether the call ends in its own failure. Takes no memory for itself.
+// Returns whether the call ends in its own failure. Allocates nothing itself.
 bool EndsInItsFailure(const Failure& failure, Editor& editor, Results& results) {
   try {
     failure.run(editor, results);
@@ -1044,8 +1044,8 @@ std::vector<std::wstring> ItemsOf(std::wstring_view text) {
   return items;
 }
 
-// Whether the text is the full one, but for items that are left out whole. `head` is what both
-// begin with.
+// Returns whether the text is the full one except for whole items that are omitted. `head` is their
+// common prefix.
 bool IsWithoutItems(const std::wstring& text, const std::wstring& full, std::wstring_view head) {
   if (!text.starts_with(head)) return false;
   const std::vector<std::wstring> items = ItemsOf(std::wstring_view(text).substr(head.size()));
@@ -1093,7 +1093,7 @@ TEST_P(FailedAllocations, IsOfNothingOrOfWholeItemsWhenAnyAllocationOfACompositi
   }
 }
 
-// What an editor remembers of its first answers must not show, nor what it failed to remember.
+// The caches must not affect the answers, nor must a failure to fill them.
 TEST_P(FailedAllocations, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) {
   const std::wstring answers = Answers(*editor);
   for (const Call& query : AllQueries()) {
@@ -1130,11 +1130,11 @@ TEST_P(FailedAllocations, IsOfTheSameAnswersWhenAnyAllocationOfAFirstCallFails) 
   }
 }
 
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFails) {
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfACallThatChangesNothingFails) {
   const std::wstring answers = AnswersAboutTheFirst(*editor);
   for (const Call& change : changes) {
     SCOPED_TRACE(change.name);
-    // A load makes a status of a failure, an export makes nothing of it.
+    // A load returns a status for a failure, and an export ignores it.
     const bool load = std::string_view(change.name).starts_with("Create");
     const bool silent = std::string_view(change.name).starts_with("ExportJson");
     Results undisturbed;
@@ -1154,7 +1154,7 @@ TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFai
         EXPECT_EQ(results.values[0], unread ? 3 : undisturbed.values[0]) << n;
       }
       ASSERT_EQ(AnswersAboutTheFirst(*editor), answers) << n;
-      // Again, so that each way through the call ends alike.
+      // Repeats the call, so that it ends in the same state whether or not it failed before.
       change.run(*editor, results);
       EXPECT_EQ(results.values[0], undisturbed.values[0]) << n;
       AnswersAboutTheFirst(*editor);
@@ -1164,7 +1164,7 @@ TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfACallThatChangesNothingFai
   }
 }
 
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfASelectionOrAMarkFails) {
   const Call changing[] = {
       {"SetActiveClassificator",
        [](Editor& one, Results&) { EXPECT_EQ(one.SetActiveClassificator(L""), 0); }},
@@ -1198,7 +1198,7 @@ TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfASelectionOrAMarkFails) {
       const long before = heap.blocks;
       {
         Editor copy(*editor);
-        Answers(copy);  // what it remembers of them must not show later
+        Answers(copy);  // fills its caches, which must not show later
         Results results;
         const Attempt attempt = RunFailing(n, [&] { change.run(copy, results); });
         complete = !attempt.failed;
@@ -1240,8 +1240,8 @@ TEST_P(FailedAllocations, IsOfNothingWhenAnyAllocationOfANewEditorFails) {
   EXPECT_EQ(Answers(*editor), answers);
 }
 
-// A failure inside a reader is its status 3, one outside leaves the call; either way the editor
-// answers what it did, can be asked about what was read, and takes the file the next time.
+// A failure inside a reader is its status 3, and one outside is thrown. Either way the editor keeps
+// its earlier answers, answers about what was read, and can load the file again.
 TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadFails) {
   folder.Write("rich.txt", RichFile());
   const auto load = [](Editor& one, const wchar_t* id) {
@@ -1274,7 +1274,7 @@ TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadFails) {
         const std::size_t added = classificator && !attempt.raised ? 1 : 0;
         ASSERT_EQ(ListClassificators(copy).size(), count + added) << n;
         ASSERT_EQ(AnswersAboutTheFirst(copy), answers) << n;
-        // As far as it was read.
+        // Up to where it was read.
         if (added != 0) {
           EXPECT_EQ(copy.SetActiveClassificator(L"a new id"), 0);
           AnswersTo(richQueries, copy);
@@ -1284,8 +1284,8 @@ TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadFails) {
         EXPECT_EQ(load(copy, L"once more"), 0) << n;
         EXPECT_EQ(copy.SetActiveClassificator(L"once more"), 0) << n;
         ASSERT_EQ(AnswersTo(richQueries, copy), richAnswers) << n;
-        // A field that was there already keeps the value that it had, and that may be the one
-        // before its default.
+        // A field that exists keeps its value, which may be the initial one instead of its
+        // default.
         if (untouched) {
           ASSERT_EQ(AnswersTo(richValueQueries, copy), richValues) << n;
         }
@@ -1296,8 +1296,7 @@ TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadFails) {
   }
 }
 
-// Where there is nothing to be read, or no reader of domains for it, there is an entry all the
-// same.
+// An entry is made even if there is nothing to read, or no reader of domains for it.
 TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadWithoutDomensFails) {
   struct Case {
     const wchar_t* file;
@@ -1341,7 +1340,7 @@ TEST_P(FailedAllocations, IsWholeWhenAnyAllocationOfALoadWithoutDomensFails) {
 const wchar_t* const domensOfTheFile[] = {L"First_domain_of_the_file",
                                           L"Second_domain_of_the_file"};
 
-// The fields of both domains, in the order of the file.
+// Returns the fields of both domains, in file order.
 FieldRows FieldsOfTheFile(Editor& editor) {
   FieldRows all;
   for (const wchar_t* domen : domensOfTheFile) {
@@ -1352,15 +1351,14 @@ FieldRows FieldsOfTheFile(Editor& editor) {
   return all;
 }
 
-// The same field, with the value that its type starts with.
+// Returns the field with the initial value of its type.
 FieldRow AtItsStart(FieldRow field) {
   std::get<4>(field) = std::get<2>(field) == 3 ? L"1" : L"";
   return field;
 }
 
-// The field that came last may have missed its default. A further load finds it there and adds the
-// rest.
-TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
+// The last field may lack its default. A further load finds it and adds the rest.
+TEST_P(FailedAllocations, KeepsWhatATextFileHasBeforeAFailedAllocation) {
   std::string text = "==DOMEN\n@@@ First_domain_of_the_file\n";
   for (const char* property : {"P1", "P2", "P3", "P4"}) {
     text += "@ " + std::string(property) + " 0 1\nNumbers ilist 1 12\nWords slist 0 main\n";
@@ -1373,8 +1371,8 @@ TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
   ASSERT_EQ(all.size(), 9u);
 
   std::size_t most = 0;
-  std::array<bool, 10> ended = {};    // whether the reading ended behind so many fields
-  std::array<bool, 10> started = {};  // and whether the last of them was at its start then
+  std::array<bool, 10> ended = {};    // whether reading ended after so many fields
+  std::array<bool, 10> started = {};  // and whether the last of them had its initial value then
   long n = 1;
   for (bool complete = false; !complete && n < enough; ++n) {
     const long before = heap.blocks;
@@ -1407,11 +1405,11 @@ TEST_P(FailedAllocations, KeepsWhatATextFileHasAheadOfAnAllocationThatFails) {
     ASSERT_EQ(heap.blocks, before) << n;
   }
   EXPECT_LT(n, enough);
-  EXPECT_EQ(std::count(ended.begin(), ended.end(), true), 10) << "ahead of the first, too";
+  EXPECT_EQ(std::count(ended.begin(), ended.end(), true), 10) << "before the first one, too";
   EXPECT_EQ(std::count(started.begin(), started.end(), true), 9);
 }
 
-// How many records the active Classificator has: each of them has a code, and no further one.
+// Returns the number of records of the active Classificator: code ids below it have codes.
 int CountRecords(Editor& editor) {
   int count = 0;
   for (int step = 1 << 20; step != 0; step /= 2) {
@@ -1419,15 +1417,14 @@ int CountRecords(Editor& editor) {
       delete[] editor.GetClaccificatorCode(count + step - 1);
       count += step;
     } catch (const std::out_of_range&) {
-      // There are fewer.
+      // The id is too great.
     }
   }
   return count;
 }
 
-// The later the failure, the more patterns there are. The editor's entry is there before its file
-// is read.
-TEST_P(FailedAllocations, KeepsThePatternsThatWereReadAheadOfIt) {
+// The later the failure, the more patterns there are. The entry is made before its file is read.
+TEST_P(FailedAllocations, KeepsThePatternsThatWereReadBeforeIt) {
   constexpr int patterns = 2'000;
   std::string text = "==MAPTEXT\n";
   for (int i = 0; i < patterns; ++i) text += "@C" + std::to_string(i) + "\npattern\n";
@@ -1463,10 +1460,10 @@ TEST_P(FailedAllocations, KeepsThePatternsThatWereReadAheadOfIt) {
   EXPECT_TRUE(endedWithPatterns);
 }
 
-// The reader gives status 3 and adds nothing, or the failure leaves the call.
-TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
+// The reader returns status 3 and adds nothing, or the call throws.
+TEST_P(FailedAllocations, IsUnchangedWhenAnyAllocationOfAConfigurationFileFails) {
   const std::wstring file = folder.Write("Zones.json", R"({
-    // every kind of value, and of way to write one
+    // every kind of value, in every notation
     "Domen": {"sName": "Zones \u006ff the model", asFuncsNames: ['Property5', "Limits",]},
     "Properties": {
       "Property5": {"asObjectTypes": ["Doors_of_some_kind", "Room of some kind"], "iSortId": 0xA,
@@ -1506,7 +1503,7 @@ TEST_P(FailedAllocations, IsAsItWasWhenAnyAllocationOfAConfigurationFileFails) {
   EXPECT_LT(n, enough);
 }
 
-// An export that fails leaves the file of before, or none, and no other.
+// An export that fails leaves the old file or none, and no other.
 TEST_P(FailedAllocations, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails) {
   const TempFolder targets;
   const std::filesystem::path path = targets.Path() / "a.json";
@@ -1548,7 +1545,7 @@ TEST_P(FailedAllocations, IsOfTheOldFileOrTheNewWhenAnyAllocationOfAnExportFails
   EXPECT_EQ(Answers(*editor), answers);
 }
 
-// More strings than the record has room for at first.
+// More strings than the record's initial capacity.
 void ExpectStringsFreed() {
   const long before = heap.blocks;
   bool failed = true;
@@ -1576,7 +1573,7 @@ TEST(Json5Record, FreesTheStringsThatItCannotTakeOver) {
   }
 }
 
-// A mapping string that is composed is not lost for want of memory to remember it.
+// A composed mapping string is returned even if there is no memory to cache it.
 TEST(RememberedItems, LeaveTheItemsAloneThatTheyCannotKeep) {
   for (const bool keepsFailing : failureModes) {
     const FailureMode mode(keepsFailing);
@@ -1602,7 +1599,7 @@ TEST(RememberedItems, LeaveTheItemsAloneThatTheyCannotKeep) {
   }
 }
 
-// What a reading has stored ahead of its failure is a change like any other.
+// Domains that are stored before a load fails are a change too.
 TEST(DomenStore, IsInAnotherStateWhenALoadHasChangedItWhicheverAllocationFails) {
   const TempFolder folder;
   const std::wstring files[] = {folder.Write("rich.txt", RichFile()),
@@ -1629,7 +1626,7 @@ TEST(DomenStore, IsInAnotherStateWhenALoadHasChangedItWhicheverAllocationFails) 
   }
 }
 
-// Storing the path is the first thing that takes memory.
+// Storing the path is the first allocation.
 void ExpectPathStored(const std::wstring& path) {
   long n = 2;
   for (bool complete = false; !complete && n < enough; ++n) {
@@ -1676,8 +1673,8 @@ TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
   }
 }
 
-// A sort that can't have a buffer takes longer and gives the same.
-TEST_F(Ownership, IsTheSameWhereNoBlockIsGivenThatMayBeRefused) {
+// A sort without a buffer takes longer and has the same result.
+TEST_F(Ownership, IsTheSameIfEveryOptionalAllocationFails) {
   folder.Write("rich.txt", RichFile());
   const auto answersOf = [this](bool refuses) {
     heap.refuses = refuses;

@@ -1,4 +1,4 @@
-// What stands around the library in a process changes no answer: locales (but for capitals),
+// Tests that the process around the library changes no answer: locales (except for capitals),
 // current folders, time zones.
 
 #include <gtest/gtest.h>
@@ -26,11 +26,11 @@ using Editor = RichSession::Editor;
 
 constexpr const char* localeNames[] = {"C", "ru_RU.UTF-8", "de_DE.UTF-8", "tr_TR.UTF-8"};
 
-// Which of the runtimes takes a locale: C alone, C++ with it, or C++ while C stays as it was.
+// Which runtime gets a locale: only C, both, or only C++.
 enum class Runtime { c, both, cpp };
 constexpr Runtime runtimes[] = {Runtime::c, Runtime::both, Runtime::cpp};
 
-// The locales of both runtimes, as they were.
+// Restores the locales of both runtimes at the end of its lifetime.
 class LocalesAsTheyWere {
  public:
   LocalesAsTheyWere() = default;
@@ -72,7 +72,7 @@ std::vector<const char*> LocalesThatAreThere() {
   return names;
 }
 
-// A test does what it can with the locales that the system has, and says if that was not all.
+// Skips the test if the system lacks some of the locales. The others have been tested then.
 void SkipUnlessAllAreThere() {
   for (const char* name : localeNames) {
     if (!IsThere(name)) GTEST_SKIP() << "the system doesn't have the locale " << name;
@@ -114,7 +114,7 @@ TEST(Surroundings, ChangeNoAnswerByALocaleThatIsSetBetweenCalls) {
   SkipUnlessAllAreThere();
 }
 
-// The library leaves the locales as it finds them.
+// The library doesn't change the locales.
 TEST(Surroundings, KeepTheirLocale) {
   const LocalesAsTheyWere before;
   const RichSession session;
@@ -127,8 +127,8 @@ TEST(Surroundings, KeepTheirLocale) {
   }
 }
 
-// In Turkish the capital of "i" has a dot, and that of the other letter has none.
-TEST(Surroundings, GiveCapitalsByTheLocaleOfTheCall) {
+// In Turkish the capital of "i" has a dot, and that of the dotless letter has none.
+TEST(Surroundings, MakeCapitalsByTheLocaleOfTheCall) {
   if (!oneRuntime) GTEST_SKIP() << "the library has a global locale of its own";
   if (!IsThere("tr_TR.UTF-8")) GTEST_SKIP() << "the system doesn't have the locale tr_TR.UTF-8";
   const LocalesAsTheyWere before;
@@ -148,9 +148,9 @@ TEST(Surroundings, GiveCapitalsByTheLocaleOfTheCall) {
   EXPECT_EQ(codeIds(), (std::vector<int>{-1, -1, 0}));
 }
 
-// Where the capitals are those of the C runtime's locale, the answers follow it, and where they
-// aren't, they don't: an editor that was asked before answers as a new one does.
-TEST(Surroundings, GiveCapitalsByTheCRuntimeOfTheCallOrNotAtAll) {
+// If the capitals are those of the C runtime's locale, the answers follow it, and otherwise they
+// don't: an editor with filled caches answers as a new one.
+TEST(Surroundings, MakeCapitalsByTheCRuntimeOfTheCallOrNotAtAll) {
   const LocalesAsTheyWere before;
   const TempFolder folder;
   const std::wstring file = folder.Write("scheme.txt", "==MAPTEXT\nст\n");
@@ -182,7 +182,7 @@ TEST(Surroundings, ChangeNoAnswerByTheCurrentFolder) {
   }
 }
 
-TEST(Surroundings, ChangeNoAnswerByACurrentFolderThatChangesBehindALoad) {
+TEST(Surroundings, ChangeNoAnswerIfTheCurrentFolderChangesAfterALoad) {
   const RichSession session;
   const std::string expected = session.AnswersOfNewEditor();
   const TempFolder elsewhere;
@@ -204,12 +204,12 @@ TEST(Surroundings, ChangeNoAnswerByACurrentFolderThatIsGone) {
   const fs::path gone = folder.Path() / "gone";
   fs::create_directory(gone);
   const CurrentFolder current(gone);
-  std::error_code refused;  // as Windows refuses to remove a current folder
+  std::error_code refused;  // because Windows refuses to remove a current folder
   fs::remove(gone, refused);
   EXPECT_TRUE(session.AnswersOfNewEditor() == expected);
 }
 
-// None if it is empty.
+// Removes the setting if `zone` is empty.
 void SetZone(const char* zone) {
 #ifdef _WIN32
   _putenv_s("TZ", zone);
@@ -254,7 +254,7 @@ TEST(Surroundings, SeeNothingPrinted) {
   EXPECT_EQ(output, "");
 }
 
-// What all the others compare with.
+// The answers that the other tests compare with.
 TEST(Surroundings, AreHeldAgainstTheAnswersOfTheNaiveForms) {
   const RichSession session;
   Editor editor(L"", L"");

@@ -1,5 +1,5 @@
-// Two editors share nothing: each may be at work on a thread of its own. The thread sanitizer looks
-// on in a build of its own.
+// Tests that two editors can be used on two threads, because they share nothing that changes. The
+// thread sanitizer checks them in a separate build.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 using Editor = RichSession::Editor;
 
-// A whole life: loads, answers, exports, a copy that outlives its source.
+// Runs a session: loads, answers, exports, and a copy that outlives its source.
 std::vector<std::string> Live(const RichSession& session, int times) {
   std::vector<std::string> answers;
   const TempFolder to;
@@ -50,8 +50,7 @@ TEST(Editors, WorkOnTwoThreadsAtOnce) {
   }
 }
 
-// A copy shares texts and indexes with its source, none of which changes any more, however both are
-// asked.
+// A copy shares immutable texts and indexes with its source.
 TEST(Editors, WorkOnTwoThreadsAtOnceBesideTheirCopies) {
   const RichSession session;
   const TempFolder to;
@@ -71,8 +70,8 @@ TEST(Editors, WorkOnTwoThreadsAtOnceBesideTheirCopies) {
   }
 }
 
-// Results belong to nobody but their caller, whichever thread that is.
-TEST(Editors, HandOutResultsThatAnotherThreadMayRelease) {
+// Results belong to the caller, on whichever thread it is.
+TEST(Editors, ReturnResultsThatAnotherThreadMayRelease) {
   const RichSession session;
   Editor editor(L"", L"");
   session.LoadInto(editor, session.Folder());

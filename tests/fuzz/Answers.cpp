@@ -20,11 +20,11 @@ using Naive::Texts;
 
 constexpr const wchar_t* suffix = L"=";
 
-// No question is asked of more than so many codes, properties or keys: on a thousand of them a
-// naive editor would spend the time of a thousand runs.
+// Bounds the number of codes, properties or keys per query: with a thousand of them a naive editor
+// would take the time of a thousand runs.
 constexpr std::size_t mostAsked = 5;
 
-// Some of the elements, evenly from all over.
+// Returns some of the elements, evenly spaced.
 template <class Element>
 std::vector<Element> SomeOf(const std::vector<Element>& elements, std::size_t most) {
   const std::size_t step = (elements.size() + most - 1) / most;
@@ -47,14 +47,14 @@ std::wstring Written(int number) {
   return L" " + std::to_wstring(number);
 }
 
-// What an answer has been taken over into, and freed as a caller frees it.
+// Copies a result and releases it as a caller does.
 std::wstring Taken(const wchar_t* text) {
   std::wstring taken = Written(std::wstring(text));
   delete[] text;
   return taken;
 }
 
-// An array output of a call, which is written if, and only if, there are results.
+// An array output of a call, which is written if and only if there are results.
 template <class Element>
 class Output {
  public:
@@ -79,7 +79,7 @@ class Output {
   Element* array = &untouched;
 };
 
-// The text of the failure that leaves a call, or what the call gives.
+// Returns the result of a call, or the message of its exception.
 template <class Call>
 std::wstring FailureOr(Call call) {
   try {
@@ -90,7 +90,7 @@ std::wstring FailureOr(Call call) {
   }
 }
 
-// The questions that either editor is asked, in one order
+// The queries to both editors, in the same order
 
 Texts DomenIdsOf(const Naive::Editor& naive) {
   Texts ids;
@@ -124,7 +124,7 @@ std::vector<int> CodeIdsOf(const Naive::Editor& naive) {
   return SomeOf(ids, mostAsked);
 }
 
-// The library's answers
+// The answers of the library
 
 std::wstring FieldsOf(Editor& editor, const std::wstring& domenId, const std::wstring& key) {
   return FailureOr([&] {
@@ -212,7 +212,7 @@ std::wstring ColorOf(Editor& editor, const std::wstring& key) {
   });
 }
 
-// The same of the naive forms
+// The answers of the naive forms
 
 std::wstring WrittenAll(const Texts& texts) {
   std::wstring written;
@@ -305,7 +305,7 @@ std::wstring CodeOf(const Naive::Editor& naive, int codeId) {
   return Written(UpToNul(section.records[static_cast<std::size_t>(codeId)].code));
 }
 
-// What a Classificator and the domains answer
+// The answers about a Classificator and the domains
 
 std::wstring OfClassificator(Editor& editor, const Naive::Editor& naive,
                              const Questions& questions) {
@@ -338,7 +338,7 @@ std::wstring OfClassificator(const Naive::Editor& naive, const Questions& questi
   return all + CodesOf(naive, questions);
 }
 
-// Of either editor, `Asked...` standing for it.
+// `Asked` is one of the two kinds of editors.
 template <class Asked>
 std::wstring OfDomens(Asked& asked, const Naive::Editor& naive, const Questions& questions) {
   std::wstring all;

@@ -1,5 +1,4 @@
-// Everything that an editor answers, as one text: what the library and the naive forms are compared
-// by.
+// All answers of an editor as one text, to compare the library with the naive forms.
 
 #pragma once
 
@@ -8,29 +7,29 @@
 #include "RevitMappingEditorDll.h"
 #include "naive/Editor.h"
 
-// What is asked of an editor, beside all that it lists of itself.
+// The arguments of queries, in addition to what an editor lists itself.
 struct Questions {
   TolvenLibs::RevitMappingEditorDll::Naive::Texts texts;        // descriptions of elements
-  TolvenLibs::RevitMappingEditorDll::Naive::Texts objectTypes;  // and key texts of colours
+  TolvenLibs::RevitMappingEditorDll::Naive::Texts objectTypes;  // also used as key texts of colours
 };
 
-// Questions that the bytes of files suggest: of their lines and words, a few from all over.
+// Returns queries about some of the lines and words of files with these bytes.
 Questions QuestionsOf(const std::string& bytes);
 
-// The code ids and mapping strings of the texts. A Classificator must be active.
+// Returns the code ids and mapping strings of the texts. REQUIRES: a Classificator is active.
 std::wstring CodesOf(TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll& editor,
                      const Questions& questions);
 std::wstring CodesOf(const TolvenLibs::RevitMappingEditorDll::Naive::Editor& naive,
                      const Questions& questions);
 
-// All answers of the library's editor, and of one of naive forms. Which domains and properties are
-// asked about, and whether a Classificator is active, the latter says for both.
+// Return all answers of the library's editor, and of a naive one. The naive editor determines for
+// both which domains and properties are queried, and whether a Classificator is active.
 std::wstring AnswersOf(TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll& editor,
                        const TolvenLibs::RevitMappingEditorDll::Naive::Editor& naive,
                        const Questions& questions);
 std::wstring AnswersOf(const TolvenLibs::RevitMappingEditorDll::Naive::Editor& naive,
                        const Questions& questions);
 
-// Loads a domain file of these bytes into an editor of either kind, and checks that they and their
-// copies answer alike.
+// Loads a domain file of these bytes into an editor of each kind, and checks that they and their
+// copies have equal answers.
 void CheckDomenFile(const std::wstring& file, const std::string& bytes);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// What stands around the place, with escapes for what a terminal can't show.
+// Returns the text around the place, with characters escaped that a terminal can't show.
 std::string Around(const std::wstring& text, std::size_t place) {
   const std::size_t start = place - std::min<std::size_t>(place, 200);
   std::string shown;

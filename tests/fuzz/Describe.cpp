@@ -6,7 +6,7 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 
 namespace {
 
-// With its length in front, no text can be taken for another.
+// The length prefix makes the encoding unambiguous.
 std::wstring Of(const std::wstring& text) {
   return std::to_wstring(text.size()) + L"'" + text + L"' ";
 }

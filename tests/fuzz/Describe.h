@@ -1,4 +1,4 @@
-// Records as texts that are different for different records.
+// Converts records to texts, different ones for different records.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 #include "domen/DomenStore.h"
 #include "naive/ClassificatorFile.h"
 
-// What stands in the file of the record.
+// Describes what the record has from its file.
 std::wstring Describe(const TolvenLibs::RevitMappingEditorDll::Classificator& classificator);
 std::wstring Describe(const TolvenLibs::RevitMappingEditorDll::Naive::ClassificatorFile& file);
 

@@ -1,5 +1,5 @@
-// The bytes of an input as numbers and texts. Behind the last byte all are 0 or empty, so that any
-// bytes are a program.
+// Reads the bytes of an input as numbers and texts. After the last byte all are 0 or empty, so that
+// any bytes are a program.
 
 #pragma once
 
@@ -25,8 +25,8 @@ class Input {
     return number;
   }
 
-  // A text of up to 15 units, none of them NUL: bytes, or where the first byte says so, units from
-  // all of the first plane, surrogates included.
+  // Returns a text of up to 15 units other than NUL: bytes, or, depending on the first byte, units
+  // of the whole first plane, surrogates included.
   std::wstring Text() {
     const std::uint8_t head = Byte();
     std::wstring text;

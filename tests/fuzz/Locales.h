@@ -1,4 +1,4 @@
-// Global locales that differ in their capitals and in nothing else.
+// Global locales that differ only in their capitals.
 
 #pragma once
 
@@ -6,6 +6,6 @@
 
 constexpr std::size_t localeCount = 4;
 
-// Makes one of them the global locale: without capitals, with Latin ones, with Latin and Cyrillic
-// ones, and one in which a capital has another capital of its own.
+// Sets one of them: without capitals, with Latin ones, with Latin and Cyrillic ones, or with a
+// capital that has another capital.
 void SetLocale(std::size_t index);

@@ -1,5 +1,5 @@
-// A classificator file of any bytes: its record is what the naive forms make of it, and an editor
-// that loads it answers as one of naive forms, also after the locale has changed.
+// Harness for classificator files of any bytes: the record equals that of the naive forms, and an
+// editor that loads the file answers as a naive one, also after the locale has changed.
 
 #include <cstddef>
 #include <cstdint>
@@ -27,8 +27,7 @@ void CheckRecord(const std::wstring& file, const std::string& bytes) {
   CheckSame("a copy of the record", Describe(copy), expected);
 }
 
-// Copies are made of an editor that has been asked, and whose index stands, and asked in another
-// locale than it was.
+// Copies are made of an editor with filled caches and queried under another locale.
 void CheckEditor(const std::wstring& file, const std::string& bytes, std::size_t laterLocale) {
   Editor editor(L"", L"");
   Naive::Editor naive;

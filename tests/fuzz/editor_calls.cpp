@@ -1,9 +1,9 @@
-// Sequences of calls: the input is a small program and the files that it works on, run on several
-// editors at once. Each editor has one of naive forms beside it that takes the same calls and must
-// answer alike; results are kept until all editors are gone, and must not have changed then.
+// Harness for sequences of calls: the input is a small program and its files, run on several
+// editors at once. Each editor is paired with a naive one, which gets the same calls and must have
+// equal answers. Results are kept until all editors are destroyed, and must not have changed then.
 //
-// The program stands ahead of the first byte 0xFF, which no UTF-8 has. Behind it stand the files,
-// parted by such bytes too. A text that a call needs is chosen among the words of the files.
+// The program ends at the first byte 0xFF, which is never part of UTF-8. The files follow,
+// separated by such bytes. Arguments of calls are chosen among the words of the files.
 
 #include <algorithm>
 #include <array>
@@ -37,8 +37,8 @@ namespace fs = std::filesystem;
 using Editor = ::TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll;
 using Naive::Texts;
 
-// The names of the files, each with what the block of its number holds; the folder and the missing
-// ones have none. The export of a domain may make or replace any of them.
+// The names of the files. Each file has the contents of the block with its number; the folder and
+// missing files have none. The export of a domain may create or replace any of them.
 constexpr const char* names[] = {"a.txt", "b.json", "c.txt",      "d.json",
                                  "e.TXT", "f.json", "folder.txt", "folder.json"};
 constexpr std::size_t fileCount = 6;
@@ -54,7 +54,7 @@ std::vector<std::string> BlocksOf(std::string_view bytes) {
   return blocks;
 }
 
-// The words and the lines of the files, as arguments of calls.
+// Returns the words and lines of the files, as arguments of calls.
 Texts ArgumentsOf(const std::vector<std::string>& blocks) {
   Texts arguments = {L"", L"S", L"a", L"b", L"d", L"f", L"no such thing"};
   for (const std::string& block : blocks) {
@@ -73,7 +73,7 @@ Texts ArgumentsOf(const std::vector<std::string>& blocks) {
   return arguments;
 }
 
-// Writes the files, and makes the folders, anew.
+// Writes all files and folders anew.
 void WriteFiles(const TempFolder& folder, const std::vector<std::string>& blocks) {
   for (std::size_t i = 0; i < std::size(names); ++i) {
     const fs::path path = folder.Path() / names[i];
@@ -87,26 +87,26 @@ void WriteFiles(const TempFolder& folder, const std::vector<std::string>& blocks
   }
 }
 
-// The questions that all files suggest.
+// Returns the queries about all files.
 Questions QuestionsOfAll(const std::vector<std::string>& blocks) {
   std::string all;
   for (const std::string& block : blocks) all += block + "\n";
   return QuestionsOf(all);
 }
 
-// An editor of the library, and what it has to answer.
+// An editor of the library, and the naive one that defines its answers.
 struct Pair {
   std::unique_ptr<Editor> editor;
   Naive::Editor naive;
 };
 
-// A file as a call names it, and the path that the name leads to.
+// A file name as an argument, and the path that it refers to.
 struct FileName {
   std::wstring asked;
   std::wstring path;
 };
 
-// Results that are held until all editors are gone.
+// A result that is kept until all editors are destroyed.
 struct KeptText {
   const wchar_t* text;
   std::wstring expected;
@@ -145,11 +145,11 @@ class Machine {
     for (Pair& pair : pairs) CheckAll(pair);
     for (Pair& pair : pairs) pair.editor.reset();
     for (const KeptText& kept : keptTexts) {
-      CheckSame("a result behind the end of its editor", kept.text, kept.expected);
+      CheckSame("a result after the end of its editor", kept.text, kept.expected);
       delete[] kept.text;
     }
     for (const KeptTexts& kept : keptLists) {
-      CheckSame("an array behind the end of its editor", OnLines(kept), kept.expected);
+      CheckSame("an array after the end of its editor", OnLines(kept), kept.expected);
       for (int i = 0; i < kept.count; ++i) delete[] kept.texts[i];
       delete[] kept.texts;
     }
@@ -160,7 +160,7 @@ class Machine {
 
   const std::wstring& Argument() { return arguments[program.Byte() % arguments.size()]; }
 
-  // Half of the names are relative: the data folder of all editors is where the files are.
+  // Half of the names are relative to the data folder, which is that of the files.
   FileName File() {
     const std::size_t byte = program.Byte();
     const std::size_t index = byte % (std::size(names) + 1);
@@ -195,7 +195,7 @@ class Machine {
                                            file.asked.c_str()) ==
               pair.naive.CreateClassificator(id, name, paramName, file.path),
           "the status of CreateClassificator");
-    // Most programs want the scheme that they load.
+    // Most loads are followed by a selection.
     if (program.Byte() % 4 != 0) SelectClassificatorOf(pair, id);
   }
 
@@ -274,7 +274,7 @@ class Machine {
 
   void Assign(Pair& pair) {
     const Pair& source = pairs[program.Byte() % pairs.size()];
-    Check(&(*pair.editor = *source.editor) == pair.editor.get(), "what an assignment gives");
+    Check(&(*pair.editor = *source.editor) == pair.editor.get(), "the result of an assignment");
     pair.naive = source.naive;
   }
 

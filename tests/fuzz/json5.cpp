@@ -1,6 +1,6 @@
-// A JSON5 file of any bytes: the reader takes what a reader with one function for each rule of the
-// grammar takes, and gives the same tree; as a domain file it fills the store that its tree says,
-// and an editor that loads it answers as one of naive forms.
+// Harness for JSON5 files of any bytes: the reader accepts what the naive recursive descent parser
+// accepts and returns the same tree; as a domain file it fills the store as its tree says, and an
+// editor that loads it answers as a naive one.
 
 #include "naive/Json5.h"
 
@@ -33,7 +33,7 @@ void CheckPlace(const Json5Error& error, const std::wstring& text) {
   Check(error.message && *error.message, "an error has a message");
 }
 
-// The text is that of the bytes as far as they can be decoded.
+// `text` is decoded from the bytes, up to the first that can't be decoded.
 void CheckTree(const std::string& bytes, const std::wstring& text) {
   Json5Tree tree;
   const std::optional<Json5Error> error = ParseJson5(bytes, tree);

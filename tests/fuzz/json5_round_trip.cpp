@@ -1,5 +1,5 @@
-// What is written is read back: requests of any texts and numbers are made of a parser and saved;
-// the file's tree is that of the requests, and another parser of it answers them all.
+// Harness for round trips: requests with any texts and numbers are made of a parser and saved. The
+// file's tree must be that of the requests, and another parser of it must answer them all.
 
 #include <cmath>
 #include <cstddef>
@@ -32,7 +32,7 @@ using Element = std::map<std::wstring, Value>;
 using Elements = std::map<std::wstring, Element>;
 using Sections = std::map<std::wstring, Elements>;
 
-// Two surrogates in a row are one code point, which is one unit here.
+// Joins surrogate pairs, which are one unit here.
 std::wstring WithPairsJoined(const std::wstring& text) {
   std::wstring joined;
   for (const wchar_t unit : text) {
@@ -52,7 +52,7 @@ std::wstring TextOf(Input& input) {
   return WithPairsJoined(input.Text());
 }
 
-// One request of a section, with a value that overrides the file's.
+// A request of a section, with a value that overrides the file's.
 class Request {
  public:
   Request(JSON5Section& target, std::wstring requestedKey, std::wstring requestedComment)
@@ -75,7 +75,7 @@ class Request {
   }
 
   void operator()(const Texts& texts) {
-    // The strings pass to the section, the array stays here.
+    // The section takes over the strings, but not the array.
     std::vector<const wchar_t*> array;
     for (const std::wstring& text : texts) array.push_back(NewString(text));
     int count = -1;
@@ -127,7 +127,7 @@ Sections MakeRequests(Input& input, CfgParser& parser) {
   return sections;
 }
 
-// The tree that the requests make
+// The tree of the requests
 
 Naive::Json5 Of(Kind kind) {
   Naive::Json5 value;
@@ -177,7 +177,7 @@ Naive::Json5 TreeOfSections(const Sections& sections) {
   return tree;
 }
 
-// Whether the file answers the request with the value.
+// Checks that the file answers the request with the value.
 struct Answers {
   bool operator()(const std::wstring& text) const {
     bool found = false;

@@ -1,6 +1,5 @@
-// A text domain file of any bytes: the store is what the naive forms make of it, also when it is
-// loaded once more, and a copy answers as its source but for what a value loses on its way through
-// its text.
+// Harness for text domain files of any bytes: the store equals that of the naive forms, also after
+// a second load, and a copy answers as its source except for what values lose in their text form.
 
 #include <cstddef>
 #include <cstdint>

@@ -43,7 +43,7 @@ std::string Seven(std::size_t number) {
 }
 
 std::size_t Shuffled(std::size_t index, std::size_t count) {
-  // A prime that no count of a case is a multiple of.
+  // A prime that doesn't divide the count of any case.
   return index * 7919 % count;
 }
 

@@ -1,5 +1,5 @@
-// Inputs that are made to be dear: those that would cost the most if a reader looked at anything
-// more than once, or called itself. What each costs may grow as fast as the input, and no faster.
+// Adversarial inputs, which would be the most expensive ones for a reader with superlinear time or
+// with recursion. The cost of each may grow linearly with the input.
 
 #pragma once
 
@@ -10,30 +10,30 @@
 
 #include "RevitMappingEditorDll.h"
 
-// An editor that is asked about a case.
+// An editor that is queried about a case.
 struct Subject {
   explicit Subject(std::size_t caseSize);
 
   TolvenLibs::RevitMappingEditorDll::RevitMappingEditorDll editor;
   std::size_t size;     // of the case
-  std::wstring folder;  // for files, with a stroke behind it
+  std::wstring folder;  // for files, with a slash at its end
 };
 
 struct HostileCase {
-  const char* reader;  // the part of the library that the input is meant for
-  const char* input;   // what it has many of
-  std::size_t size;    // how many, where its cost is measured
+  const char* reader;  // the part of the library under test
+  const char* input;   // what the input has many of
+  std::size_t size;    // how many, when the cost is measured
 
-  // The file's name, or none if the case has no file, and its bytes. Text files are loaded as
-  // classificators and the classificator selected, others as domains.
+  // The file's name, or "" if the case has no file, and its bytes. Text files are loaded as
+  // classificators and selected, others are loaded as domains.
   const char* fileName;
   std::function<std::string(std::size_t size)> bytes;
 
-  // Asks for answers and requires them to be right.
+  // Makes queries and requires correct answers.
   std::function<void(Subject& subject)> ask;
 
-  // The rule that makes the answers themselves dearer than the input, and what an input of twice
-  // the size may cost because of it.
+  // The rule by which the cost of the answers grows faster than the input, and the factor by which
+  // the cost may grow for an input of twice the size.
   const char* rule = "";
   double most = 2.2;
 };
@@ -54,26 +54,26 @@ HostileCases PathCases();
 
 HostileCases AllHostileCases();
 
-// Raises an exception unless the condition holds.
+// Throws an exception unless `holds`.
 void Require(bool holds, const char* what);
 
 // Makers of inputs
 
 std::string Times(std::size_t count, std::string_view piece);
 
-// The pieces that the function gives for 0, 1 and so on, one behind the other.
+// Returns the results of the function for 0 to `count` - 1, joined.
 std::string Join(std::size_t count, const std::function<std::string(std::size_t)>& piece);
 
-// A number in seven digits, so that the order of the numbers is that of their texts.
+// Returns a number in seven digits, so that texts sort as the numbers.
 std::string Seven(std::size_t number);
 
-// The numbers below `count`, each once, in an order that looks like none.
+// A permutation of the numbers below `count` that looks random.
 std::size_t Shuffled(std::size_t index, std::size_t count);
 
-// A name that has its first 40 letters in common with all others.
+// Returns a name. The first 40 letters of all names are equal.
 std::string LongName(std::size_t number);
 
-// Questions
+// Queries
 
 int CodeId(Subject& subject, const std::wstring& text);
 std::wstring Mapping(Subject& subject, const std::wstring& text, int sourceKind = 1);
@@ -82,5 +82,5 @@ int PropertyCount(Subject& subject, const wchar_t* domenId);
 int FieldCount(Subject& subject, const wchar_t* domenId, const wchar_t* propertyId);
 std::vector<std::wstring> DomenIds(Subject& subject);
 
-// For a case about which there is nothing to ask but whether it is loaded.
+// For a case that only has to be loaded.
 void AskNothing(Subject& subject);

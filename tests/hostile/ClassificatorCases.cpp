@@ -1,4 +1,4 @@
-// The sections of a classificator file but for ==MAPTEXT.
+// Cases for the sections of a classificator file except ==MAPTEXT.
 
 #include <string_view>
 
@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* sorted = "key texts are listed in order";
 
-// Nothing that the library answers tells what stands in ==CLASS.
+// No answer of the library depends on ==CLASS.
 HostileCase Class(const char* input, std::size_t size,
                   std::function<std::string(std::size_t)> body) {
   return {"==CLASS",
@@ -31,7 +31,7 @@ HostileCase Colorat(const char* input, std::size_t size,
           std::move(ask)};
 }
 
-// With key texts that all stand in the table in the end.
+// All key texts are different, so that the table has all of them.
 HostileCase ColoratOfMany(const char* input,
                           std::function<std::size_t(std::size_t, std::size_t)> order) {
   return {"==COLORAT",
@@ -52,7 +52,7 @@ HostileCase ColoratOfMany(const char* input,
 
 HostileCase Param(const char* input, std::size_t size,
                   std::function<std::string(std::size_t)> body) {
-  // The records are gone through for the default code.
+  // The default code is searched for in the records.
   return {"==PARAM",
           input,
           size,

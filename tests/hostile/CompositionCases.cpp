@@ -1,10 +1,10 @@
-// From the items of a code to a mapping string.
+// Cases for the composition of mapping strings from the items of a code.
 
 #include "hostile/Case.h"
 
 namespace {
 
-// The text of the one header, with a property that its items may fill.
+// A case with one header, and a property that its items may fill.
 HostileCase Composition(const char* input, std::size_t size,
                         std::function<std::string(std::size_t)> items,
                         std::function<std::wstring(std::size_t)> expected) {
@@ -29,19 +29,19 @@ std::wstring WideTimes(std::size_t count, const std::wstring& piece) {
   return text;
 }
 
-// What never depends on the size.
+// Returns a function with a constant result.
 std::function<std::wstring(std::size_t)> Always(const wchar_t* items) {
   return [items](std::size_t) { return std::wstring(items); };
 }
 
-// Each field of a property goes through all words.
+// Each field of a property scans all words.
 std::string FieldsAndWords(std::size_t size) {
   return "==DOMEN\n@@@ D\n@ P 0 1\n" +
          Join(size, [](std::size_t i) { return "f" + Seven(i) + " int 0 1\n"; }) +
          "==MAPTEXT\n@@ (D)\n@A {P " + Times(size, "g=2 ") + "}\nwall\n";
 }
 
-// Each domain is asked for each property, of which only the last has one.
+// Each domain is searched for each property, and only the last domain has one.
 std::string DomainsAndItems(std::size_t size) {
   return "==DOMEN\n" +
          Join(size, [](std::size_t i) { return "@@@ D" + Seven(i) + "\n@ Z 0 1\n"; }) +
@@ -85,7 +85,7 @@ HostileCases CompositionCases() {
       Composition(
           "colons of a token", 10'000'000,
           [](std::size_t size) { return "P" + Times(size, ":") + "="; }, Always(L"P= 1 x y;")),
-      // So many comments that the section is not cut at its semicolons.
+      // Enough comments that the section is not split at its semicolons.
       {"composition", "semicolons of a token", 10'000'000, "scheme.txt",
        [](std::size_t size) {
          return "==DOMEN\n@@@ D\n@ P 0 1\na int 0 1\n==MAPTEXT\n@@ (D)\n" + Times(size + 2, "!\n") +

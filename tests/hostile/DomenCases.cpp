@@ -121,7 +121,7 @@ HostileCases DomenCases() {
        },
        [](Subject& subject) { Require(DomenIds(subject).size() == subject.size, "the domains"); },
        sorted, 2.7},
-      // What the same names take without any reader.
+      // The cost of the same names without a reader.
       {"std::map", "names that begin alike, out of order", 1'000'000, "", nullptr,
        [](Subject& subject) {
          std::map<std::wstring, std::size_t> names;

@@ -1,4 +1,4 @@
-// A domain as a JSON5 file, which is read once more.
+// Cases for the export of a domain as a JSON5 file, which is read again.
 
 #include <bit>
 
@@ -23,7 +23,7 @@ HostileCase Export(const char* input, std::size_t size,
           }};
 }
 
-// In as many bits as a table of up to eight places for each property would look at.
+// The hashes are equal in all bits that a table with up to eight slots per property would use.
 std::string PropertiesOfAlikeHashes(std::size_t count) {
   const auto bits = static_cast<unsigned>(std::bit_width(8 * count));
   std::string properties;

@@ -8,7 +8,7 @@ namespace {
 
 constinit HeapUse use;
 
-// A block has its size in front of it.
+// A block's size is stored before it.
 constexpr std::size_t room = alignof(std::max_align_t);
 
 void* Allocate(std::size_t size) noexcept {

@@ -1,17 +1,17 @@
-// What a program takes from the heap, the library included, whose operators are the program's own.
+// Counts the heap allocations of a program. The library uses the program's operators too.
 
 #pragma once
 
 #include <cstddef>
 
 struct HeapUse {
-  std::size_t allocated = 0;  // bytes of all blocks, those given back included
-  std::size_t taken = 0;      // bytes of the blocks that are not given back
-  std::size_t peak = 0;       // the most that was taken at once
+  std::size_t allocated = 0;  // bytes of all blocks, including released ones
+  std::size_t taken = 0;      // bytes of the blocks that are not released
+  std::size_t peak = 0;       // the maximum of `taken`
 };
 
-// Starts anew: with nothing allocated, and the peak where it is.
+// Sets `allocated` to 0 and `peak` to `taken`.
 void ResetHeapUse();
 
-// Of all threads together. No two of them may be at work at once.
+// Returns the sums of all threads. REQUIRES: no two threads allocate at the same time.
 HeapUse ReadHeapUse();

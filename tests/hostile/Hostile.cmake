@@ -1,5 +1,5 @@
-# Inputs that are made to be dear. The programs have allocation operators of their own, and stacks
-# that they look at, both of which take a system like Linux.
+# Adversarial inputs. The programs have their own allocation operators and inspect their stacks,
+# both of which need a system like Linux.
 add_library(hostile OBJECT
   hostile/Case.cpp
   hostile/ClassificatorCases.cpp
@@ -15,7 +15,7 @@ add_library(hostile OBJECT
   hostile/PathCases.cpp
   hostile/TextFileCases.cpp
   support/TempFolder.cpp)
-# The operators take the place of those that the library calls, too.
+# The operators replace those of the library too.
 set_source_files_properties(hostile/Heap.cpp PROPERTIES COMPILE_OPTIONS -fvisibility=default)
 target_include_directories(hostile PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(hostile PUBLIC RevitMappingEditorDll)

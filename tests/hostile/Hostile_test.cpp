@@ -1,6 +1,6 @@
-// No input costs more than its size accounts for. What is counted is the same in every run: the
-// bytes that are allocated in all, the most that are taken at once, and the stack. Times are not,
-// and so have a bound that only a cost of a higher order breaks; scripts/hostile.sh measures them.
+// Tests that the cost of every input is linear in its size. The allocated bytes, the peak and the
+// stack are the same in every run. Times are not, so their bound catches only a cost of a higher
+// order; scripts/hostile.sh measures them.
 
 #include <gtest/gtest.h>
 
@@ -13,12 +13,12 @@
 
 namespace {
 
-// A part of the size that is measured, but enough that it counts.
+// Returns a part of the full size that is large enough to be significant.
 std::size_t TestedSize(std::size_t size) {
   return std::max<std::size_t>(size / (SLOW_BUILD ? 1000 : 100), 300);
 }
 
-// A name of letters and digits.
+// Returns a test name of letters and digits.
 std::string NameOf(const testing::TestParamInfo<HostileCase>& info) {
   std::string name = std::string(info.param.reader) + "_" + info.param.input;
   std::erase_if(name, [](unsigned char unit) { return std::ispunct(unit) && unit != '_'; });
@@ -49,7 +49,7 @@ TEST_P(HostileInput, CostsNoMoreThanItsSize) {
 
   constexpr std::size_t depth = SLOW_BUILD ? 64 << 10 : 16 << 10;
   EXPECT_LE(large.stack, depth);
-  // What divides a sort or a tree in two goes a step deeper.
+  // A sort or a balanced tree is one level deeper.
   EXPECT_LE(large.stack, small.stack + 1024);
 
   constexpr double noise = 0.2;
@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(Hostile, HostileInput, testing::ValuesIn(AllHostileCase
 
 }  // namespace
 
-// How a failed test names its case.
+// Prints the case of a failed test.
 void PrintTo(const HostileCase& input, std::ostream* out) {
   *out << input.reader << ": " << input.input;
 }

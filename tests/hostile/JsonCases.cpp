@@ -1,10 +1,10 @@
-// JSON5 files: the reader, and the domain that it fills.
+// Cases for JSON5 files: the reader, and the domain that it fills.
 
 #include "hostile/Case.h"
 
 namespace {
 
-// A domain of one property, whose file holds something else as well.
+// A case with a domain of one property, and something else in the file.
 HostileCase Json(const char* input, std::size_t size, std::function<std::string(std::size_t)> value,
                  std::function<void(Subject&)> ask) {
   return {"JSON5",
@@ -21,7 +21,7 @@ void RequireOneProperty(Subject& subject) {
   Require(PropertyCount(subject, L"D") == 1, "one property");
 }
 
-// A malformed file is an empty domain.
+// Requires an empty domain, because the file is malformed.
 void RequireNone(Subject& subject) {
   Require(PropertyCount(subject, L"D") == 0, "no properties");
 }
@@ -36,7 +36,7 @@ HostileCase Domain(const char* input, std::size_t size,
   return {"JSON5 domain", input, size, "D.json", std::move(file), std::move(ask), rule, most};
 }
 
-// The names in quotation marks, with commas.
+// Returns the names in quotation marks, separated by commas.
 std::string Names(std::size_t count, const std::function<std::string(std::size_t)>& name) {
   return Join(count, [&](std::size_t i) { return "'" + name(i) + "',"; });
 }

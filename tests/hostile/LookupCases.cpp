@@ -1,11 +1,11 @@
-// Descriptions that are looked up among a few patterns.
+// Cases for the lookup of descriptions among a few patterns.
 
 #include "hostile/Case.h"
 
 namespace {
 
-// All numbers of eight bits, each word being "a" or "aa", so that a text of longer words fits all
-// their beginnings.
+// Returns patterns for all numbers of eight bits, with the words "a" and "aa" as digits, so that a
+// text of longer words matches all their prefixes.
 std::string CrowdedPatterns() {
   return Join(256, [](std::size_t number) {
     std::string words;
@@ -25,7 +25,7 @@ HostileCase Lookup(const char* input, std::function<std::wstring(std::size_t)> t
           }};
 }
 
-// Patterns each of which begins the next, and one that all of them begin, as long as all others.
+// Returns patterns each of which is a prefix of the next, and one as long as all of them together.
 std::string NestedPatterns(std::size_t size) {
   std::string patterns = "==MAPTEXT\n" + Times(size / 2, "a") + "\n";
   for (std::size_t length = 1, left = size / 2; length <= left; left -= length++) {
@@ -34,7 +34,7 @@ std::string NestedPatterns(std::size_t size) {
   return patterns;
 }
 
-// Patterns of one letter, each another one: the code points beyond 16 bits, in UTF-8.
+// Returns patterns of one letter each: code points beyond 16 bits, in UTF-8.
 std::string PatternsOfALetter(std::size_t count) {
   return "==MAPTEXT\n" + Join(count, [](std::size_t number) {
            const std::size_t code = 0x10000 + number;

@@ -17,7 +17,7 @@ std::wstring Wide(const std::string& text) {
   return {text.begin(), text.end()};
 }
 
-// Asks for the first, for the last and for one that isn't there.
+// Looks up the first name, the last one and one that doesn't exist.
 void AskForNames(Subject& subject) {
   const int last = static_cast<int>(subject.size) - 1;
   Require(CodeId(subject, Wide(LongName(0)) + L" more") == 0, "the first");
@@ -25,9 +25,9 @@ void AskForNames(Subject& subject) {
   Require(CodeId(subject, Wide(LongName(subject.size)) + L" more") == -1, "none");
 }
 
-// A pattern of as many words as a number may have bits, the highest first, each of one letter or of
-// two: whatever fits the longer word fits the shorter, and only the last words tell neighbours
-// apart.
+// Returns a pattern with a word of one or two letters for each bit of a number, the highest first.
+// A text that matches the longer word matches the shorter one, and only the last words distinguish
+// neighbours.
 std::string ByBits(std::size_t number) {
   std::string words;
   for (int bit = 19; bit >= 0; --bit) words += (number >> bit & 1) != 0 ? "aa " : "a ";
@@ -97,13 +97,13 @@ HostileCases MapTextCases() {
           "empty blocks of a header", 10'000'000,
           [](std::size_t size) { return "@A " + Times(size, "{}") + "\nwall"; }, RequireCode),
       MapText(
-          "units of an opening mark that nearly stands in a header", 4'000'000,
+          "units of an opening mark that nearly occurs in a header", 4'000'000,
           [](std::size_t size) {
             return "@$ " + Times(size, "[") + "x ]\n@A " + Times(4 * size, "[") + "\nwall";
           },
           [](Subject& subject) { Require(CodeId(subject, L"walls") == 0, "the pattern"); }),
       MapText(
-          "units of a closing mark that nearly stands in a header", 4'000'000,
+          "units of a closing mark that nearly occurs in a header", 4'000'000,
           [](std::size_t size) {
             return "@$ { " + Times(size, "]") + "x\n@A {P=1" + Times(4 * size, "]") + "\nwall";
           },

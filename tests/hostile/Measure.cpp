@@ -16,8 +16,8 @@ double Now() {
   return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-// Where the allocator keeps what was freed, small sizes get their memory for nothing, and great
-// ones don't: so it gives everything back to the system.
+// Otherwise small sizes would reuse freed memory of the allocator, and large ones would need new
+// memory from the system.
 void ReturnFreedMemory() {
   mallopt(M_MMAP_THRESHOLD, 256 << 10);
   malloc_trim(0);

@@ -1,4 +1,4 @@
-// What a case costs at a size.
+// The cost of a case at a size.
 
 #pragma once
 
@@ -8,22 +8,22 @@
 #include "support/TempFolder.h"
 
 struct Cost {
-  double seconds = 0;         // of a processor
-  std::size_t allocated = 0;  // bytes of all blocks together
-  std::size_t peak = 0;       // bytes that were taken at once
+  double seconds = 0;         // processor time
+  std::size_t allocated = 0;  // total bytes of all blocks
+  std::size_t peak = 0;       // the most bytes at the same time
   std::size_t stack = 0;      // bytes
 };
 
-// A case with its file, at one size.
+// A case at one size, with its file.
 class PreparedCase {
  public:
   PreparedCase(const HostileCase& hostileCase, std::size_t caseSize);
 
-  // Loads the file into a new editor, asks the questions of the case and ends the editor. Raises an
-  // exception if an answer is wrong.
+  // Loads the file into a new editor, makes the queries of the case and destroys the editor. Throws
+  // an exception if an answer is wrong.
   Cost Measure() const;
 
-  // Of the file; 0 if there is none.
+  // Returns the size of the file, or 0 if there is none.
   std::size_t FileSize() const;
 
  private:

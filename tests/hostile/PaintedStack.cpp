@@ -11,7 +11,7 @@
 
 namespace {
 
-// The C library takes a few kilobytes of it for itself.
+// The C library uses a few kilobytes of it.
 constexpr std::size_t stackSize = std::size_t{512} << 10;
 constexpr std::size_t guardSize = std::size_t{64} << 10;
 constexpr unsigned char paint = 0xA5;
@@ -20,7 +20,7 @@ void CheckCall(int error, const char* what) {
   if (error != 0) throw std::system_error(error, std::generic_category(), what);
 }
 
-// The memory of a stack, which grows down to a page that nobody may touch.
+// The memory of a stack, with a guard page at its end.
 class Stack {
  public:
   Stack()

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <functional>
 
-// Runs the work on a thread of its own, whose stack is small and painted, and tells how many bytes
-// of it the work has used. An exception of the work is raised here. Work that needs more stack than
-// there is ends the program.
+// Runs the work on a new thread with a small stack that is filled with a pattern, and returns how
+// many bytes of it were used. Rethrows an exception of the work. Work that overflows the stack ends
+// the program.
 std::size_t RunOnPaintedStack(const std::function<void()>& work);

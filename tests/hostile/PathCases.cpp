@@ -1,4 +1,4 @@
-// Names of files that can't exist, and texts that an editor keeps.
+// Cases for names of files that can't exist, and for texts that an editor stores.
 
 #include "hostile/Case.h"
 #include "support/Results.h"

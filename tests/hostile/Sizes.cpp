@@ -1,11 +1,11 @@
-// Measures what inputs that are made to be dear cost at their full size and at half of it, and
-// prints a line for each, with tabs between the columns:
+// Measures the cost of adversarial inputs at their full size and at half of it, and prints a line
+// for each, with tabs between the columns:
 //
 //   reader, input, size, seconds at half the size, seconds, bytes of the file, peak bytes of
-//   memory at half the size, peak bytes, bytes of stack at half the size, bytes of stack, what
-//   twice the size may cost, the rule that makes it so
+//   memory at half the size, peak bytes, bytes of stack at half the size, bytes of stack, the
+//   factor by which the cost may grow for twice the size, and its reason
 //
-//   hostile_sizes [TEXT]   those cases alone whose reader or input has the text in it
+//   hostile_sizes [TEXT]   only the cases whose reader or input contains the text
 
 #include <algorithm>
 #include <cstdio>
@@ -17,8 +17,8 @@
 
 namespace {
 
-// A machine's mood lengthens a time, and never shortens it. The two take turns, so that it is the
-// same for both, and the more often the less time they take.
+// Noise only lengthens times. The sizes alternate, so that it affects both alike, and the shorter
+// they take, the more often they are repeated.
 void MeasureInTurns(const PreparedCase& half, const PreparedCase& full, Cost& ofHalf,
                     Cost& ofFull) {
   const int repetitions = std::clamp(static_cast<int>(1.0 / ofFull.seconds), 3, 20);
@@ -28,8 +28,8 @@ void MeasureInTurns(const PreparedCase& half, const PreparedCase& full, Cost& of
   }
 }
 
-// What is beyond its bound may owe it to a mood that lasted, and is measured further: both sizes,
-// four times as often at most.
+// A time beyond its bound may be due to lasting noise, so both sizes are measured up to four times
+// as often.
 void MeasureBoth(const PreparedCase& half, const PreparedCase& full, double most, Cost& ofHalf,
                  Cost& ofFull) {
   ofHalf = half.Measure();

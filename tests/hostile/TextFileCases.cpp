@@ -1,4 +1,4 @@
-// The frame of a text file: bytes, lines and sections.
+// Cases for the structure of a text file: bytes, lines and sections.
 
 #include "hostile/Case.h"
 
@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* reader = "text file";
 
-// Many small sections of one kind.
+// A case with many small sections of one kind.
 HostileCase Sections(const char* input, const std::string& section,
                      std::function<void(Subject&)> ask) {
   return {reader,
@@ -23,7 +23,7 @@ HostileCases TextFileCases() {
   return {
       {reader, "bytes on one line", 100'000'000, "scheme.txt",
        [](std::size_t size) { return Times(size, "x"); }, AskNothing},
-      {reader, "blanks ahead of a word", 100'000'000, "scheme.txt",
+      {reader, "blanks before a word", 100'000'000, "scheme.txt",
        [](std::size_t size) { return Times(size, " ") + "x"; }, AskNothing},
       {reader, "line feeds", 10'000'000, "scheme.txt",
        [](std::size_t size) { return Times(size, "\n") + "==MAPTEXT"; },

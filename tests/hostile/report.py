@@ -31,7 +31,7 @@ but for a step of what divides its input in two. A ratio in bold says that one o
 """
 
 MOST_STACK = 16 << 10
-STEP_OF_STACK = 1 << 10  # what divides a sort or a tree in two goes a step deeper
+STEP_OF_STACK = 1 << 10  # a sort or a balanced tree is one level deeper
 
 
 @dataclass
@@ -59,7 +59,7 @@ class Row:
         return self.full / self.half
 
     def faults(self):
-        """What of the row is beyond its bound, in words."""
+        """Returns which bounds the row exceeds."""
         faults = []
         if self.ratio() > self.most:
             faults.append(f"{self.ratio():.2f} times as long")

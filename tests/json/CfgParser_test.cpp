@@ -42,7 +42,7 @@ bool IsFound(CfgParser& parser, const wchar_t* name, const wchar_t* item = L"") 
   return found;
 }
 
-// A parser over a file of these bytes.
+// A parser of a file with these bytes.
 struct ParsedFile {
   explicit ParsedFile(std::string_view bytes)
       : path(folder.Write("a.json", bytes)), parser(path.c_str(), L"", L"RU") {}
@@ -52,7 +52,7 @@ struct ParsedFile {
   CfgParser parser;
 };
 
-// What the requests find, and nothing where they give the default.
+// What the requests find, or nothing where they return the default.
 
 std::optional<std::wstring> FindString(JSON5Section& section, const wchar_t* key) {
   bool found = false;
@@ -85,7 +85,7 @@ std::optional<Texts> FindStrings(JSON5Section& section, const wchar_t* key) {
   return std::nullopt;
 }
 
-// Of a file with the section S, the string s in it: what a request finds.
+// Returns what a request finds for the string s in section S of a file of these bytes.
 std::optional<std::wstring> FindStringIn(std::string_view bytes) {
   ParsedFile file(bytes);
   return FindString(*Open(file.parser, L"S"), L"s");
@@ -130,7 +130,7 @@ TEST(Requests, TakeEachTypeOfValueOrCountItAsAbsent) {
       {"500e-2", noString, 5, 5.0, noStrings},
       {"0.5", noString, noInt, 0.5, noStrings},
       {".5", noString, noInt, 0.5, noStrings},
-      {"0.1", noString, noInt, 0.1, noStrings},  // which the narrower type rounds otherwise
+      {"0.1", noString, noInt, 0.1, noStrings},  // which a float rounds differently
       {"-1e-1", noString, noInt, -0.1, noStrings},
       {"2147483647", noString, 2147483647, 2147483647.0, noStrings},
       {"2147483648", noString, noInt, 2147483648.0, noStrings},
@@ -207,7 +207,7 @@ TEST(Requests, WriteFoundEachTimeInOneVariable) {
   EXPECT_STREQ(strings[0], L"b");
 }
 
-TEST(Requests, WithOverrideGiveTheDefaultWhateverTheFileHolds) {
+TEST(Requests, WithOverrideReturnTheDefaultWhateverTheFileHolds) {
   ParsedFile file("{S: {s: 'a', i: 5, r: 0.5, as: ['b']}}");
   for (const wchar_t* name : {L"S", L"missing"}) {
     const SectionPointer section = Open(file.parser, name);
@@ -228,7 +228,7 @@ TEST(Requests, WithOverrideGiveTheDefaultWhateverTheFileHolds) {
   }
 }
 
-TEST(Requests, TellKeysApartByEveryUnit) {
+TEST(Requests, DistinguishKeysByEveryUnit) {
   ParsedFile file("{S: {sName: 'a', sname: 'b', 'sName ': 'c', '': 'd', 'имя': 'e'}}");
   const SectionPointer section = Open(file.parser, L"S");
   EXPECT_EQ(FindString(*section, L"sName"), L"a");
@@ -248,14 +248,14 @@ TEST(Requests, TakeTheLastOfDuplicateKeys) {
   EXPECT_EQ(FindString(*section, L"m"), L"b");
 }
 
-TEST(Requests, GiveStringsUpToTheirFirstNul) {
+TEST(Requests, ReturnStringsUpToTheirFirstNul) {
   ParsedFile file("{S: {s: 'a\\0b', as: ['c\\u0000d', '\\0']}}");
   const SectionPointer section = Open(file.parser, L"S");
   EXPECT_EQ(FindString(*section, L"s"), L"a");
   EXPECT_EQ(FindStrings(*section, L"as"), (Texts{L"c", L""}));
 }
 
-TEST(Requests, GiveStringsOfAnyLength) {
+TEST(Requests, ReturnStringsOfAnyLength) {
   const std::string text(2'000'000, 'a');
   const std::optional<std::wstring> found = FindStringIn("{S: {s: '" + text + "'}}");
   EXPECT_TRUE(found == std::wstring(text.begin(), text.end()));
@@ -263,7 +263,7 @@ TEST(Requests, GiveStringsOfAnyLength) {
 
 // Sections
 
-TEST(Section, TellsWhetherTheFileHasItInOneVariable) {
+TEST(Section, ReportsWhetherTheFileHasItInOneVariable) {
   ParsedFile file("{Domen: {}, Properties: {A: {}}}");
   bool found = false;
   delete file.parser.Section(L"Domen", found, true, true, L"");
@@ -305,7 +305,7 @@ TEST(Section, ThatIsNoObjectIsAbsent) {
   }
 }
 
-TEST(Section, StandsItselfUnderTheItemNameOfNothing) {
+TEST(Section, IsItselfTheItemWithoutAName) {
   ParsedFile file("{S: {k: 1, I: {k: 2}, J: {k: 3}}}");
   EXPECT_EQ(FindInt(*Open(file.parser, L"S"), L"k"), 1);
   EXPECT_EQ(FindInt(*Open(file.parser, L"S", L"I"), L"k"), 2);
@@ -357,7 +357,7 @@ TEST(Section, StaysGoodWhileOthersAreOpenedAndEnded) {
   EXPECT_EQ(FindString(*domen, L"s"), L"a");
 }
 
-TEST(Section, KeepsTheStringsThatItGaveOverFurtherRequests) {
+TEST(Section, KeepsTheStringsThatItReturnedOverFurtherRequests) {
   ParsedFile file("{S: {s: 'a', t: 'b\\n'}}");
   const SectionPointer section = Open(file.parser, L"S");
   bool found = false;
@@ -527,7 +527,7 @@ TEST(CfgParser, DoesNotTouchTheFileThatItReads) {
 
 // Saving
 
-TEST(Save, WritesWhatWasRequestedEachCommentBesideItsKey) {
+TEST(Save, WritesWhatWasRequestedWithEachCommentAfterItsValue) {
   const TempFolder folder;
   CfgParser parser((folder.Wide() + L"/missing.json").c_str(), L"", L"RU");
   bool found = false;
@@ -634,7 +634,7 @@ TEST(Save, WritesTheRequestsAndNotTheFileThatWasRead) {
             "}\n");
 }
 
-// Requests of each type, all with one comment, and the file that is saved behind them.
+// Returns the file that is saved after requests of each type, all with one comment.
 std::string SavedRequests(std::string_view bytes, bool overriding) {
   ParsedFile file(bytes);
   {
@@ -696,7 +696,7 @@ TEST(Save, DoesNotDependOnTheBuffersOfTheRequests) {
             "}\n");
 }
 
-TEST(Save, TellsKeysAndCommentsApartHoweverManyThereAre) {
+TEST(Save, DistinguishesKeysAndCommentsHoweverManyThereAre) {
   ParsedFile file("{}");
   Texts texts;
   for (int i = 0; i < 2000; ++i) texts.push_back(L"k" + std::to_wstring(i));
@@ -757,7 +757,7 @@ const Texts awkwardTexts = {
     std::wstring(100'000, L'я'),
 };
 
-TEST(SavedFiles, GiveTheirStringsBack) {
+TEST(SavedFiles, ReturnTheirStrings) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
   bool found = false;
@@ -777,7 +777,7 @@ TEST(SavedFiles, GiveTheirStringsBack) {
   }
 }
 
-TEST(SavedFiles, GiveBackWhatStandsUnderNamesOfAnyText) {
+TEST(SavedFiles, ReturnWhatIsStoredUnderNamesOfAnyText) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
   bool found = false;
@@ -818,7 +818,7 @@ TEST(SavedFiles, AreNotBrokenByAnyComment) {
   }
 }
 
-// What stands behind a line terminator would be a key of the file.
+// Text after a line terminator would be a key of the file.
 TEST(SavedFiles, KeepACommentOnItsLineWhicheverTerminatorItHas) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
@@ -843,7 +843,7 @@ TEST(SavedFiles, KeepACommentOnItsLineWhicheverTerminatorItHas) {
   }
 }
 
-TEST(SavedFiles, GiveTheirNumbersBack) {
+TEST(SavedFiles, ReturnTheirNumbers) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
   bool found = false;
@@ -889,7 +889,7 @@ TEST(SavedFiles, StayWholeWhereARealIsNoNumber) {
   }
 }
 
-TEST(SavedFiles, GiveTheSectionItselfAndItsItemsBack) {
+TEST(SavedFiles, ReturnTheSectionItselfAndItsItems) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
   bool found = false;
@@ -904,7 +904,7 @@ TEST(SavedFiles, GiveTheSectionItselfAndItsItemsBack) {
   EXPECT_EQ(FindInt(*Open(parser, L"S", L"I"), L"k"), 2);
 }
 
-TEST(SavedFiles, TellAKeyOfTheSectionItselfFromAnItemOfThatName) {
+TEST(SavedFiles, DistinguishAKeyOfTheSectionItselfFromAnItemOfThatName) {
   const TempFolder folder;
   const std::wstring path = folder.Wide() + L"/a.json";
   bool found = false;

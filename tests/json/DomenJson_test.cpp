@@ -1,4 +1,4 @@
-// Domains in JSON5 files, read and exported through the exports.
+// Tests of reading and exporting domains as JSON5 files, through the exports.
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ Texts Names(Editor& editor) {
   return TakeAll(count, names);
 }
 
-// Whether each property is unique, in the order of the keys. Each must have a field.
+// Returns whether each property is unique, in key order. REQUIRES: each has a field.
 std::vector<bool> UniqueFlags(Editor& editor, const wchar_t* domenId) {
   int count = -1;
   Output<const wchar_t*> ids;
@@ -73,7 +73,7 @@ std::vector<bool> UniqueFlags(Editor& editor, const wchar_t* domenId) {
   return unique.Take(count);
 }
 
-// An editor, and a folder for its files.
+// An editor and a folder for its files.
 class JsonDomen : public testing::Test {
  protected:
   JsonDomen() : editor(L"", L"") {}
@@ -83,13 +83,13 @@ class JsonDomen : public testing::Test {
     return Create(editor, folder.Write(name, bytes));
   }
 
-  // Exports a domain into a file of the folder and gives its text.
+  // Exports a domain into a file of the folder and returns its text.
   std::string Exported(const wchar_t* domenId) {
     Export(editor, domenId, folder.Wide() + L"/exported.json");
     return ReadBytes(folder.Path() / "exported.json");
   }
 
-  // The fields of property P of a domain whose file has this element for the field F of it.
+  // Returns the fields of property P of a domain whose file has this element for its field F.
   FieldRows FieldsOf(const std::string& element) {
     Editor fresh(L"", L"");
     const std::wstring file =
@@ -172,7 +172,7 @@ TEST_F(JsonReading, TakesTheIdFromTheStemOfTheFileName) {
       {"a zone .json", L"a zone "},
   };
   for (const Case& one : cases) {
-    const TempFolder own;  // as some systems tell no small letters from capital ones
+    const TempFolder own;  // because some file systems ignore case
     EXPECT_EQ(Create(editor, own.Write(one.file, "{}")), 0) << one.file;
     EXPECT_EQ(Active(editor), one.id) << one.file;
   }
@@ -221,7 +221,7 @@ TEST_F(JsonReading, FindsAFileOfTheDataFolder) {
   EXPECT_EQ(Active(withData), L"zones");
 }
 
-TEST_F(JsonReading, Gives3ForAFolderAndChangesNothing) {
+TEST_F(JsonReading, Returns3ForAFolderAndChangesNothing) {
   EXPECT_EQ(Load("zones.json", zones), 0);
   fs::create_directory(folder.Path() / "folder.json");
   EXPECT_EQ(Create(editor, folder.Wide() + L"/folder.json"), 3);
@@ -229,7 +229,7 @@ TEST_F(JsonReading, Gives3ForAFolderAndChangesNothing) {
   EXPECT_EQ(Active(editor), L"zones");
 }
 
-TEST_F(JsonReading, Gives3ForAFileThatIsClosedToTheUser) {
+TEST_F(JsonReading, Returns3ForAFileThatTheUserMayNotRead) {
   const std::wstring file = folder.Write("closed.json", zones);
   fs::permissions(folder.Path() / "closed.json", fs::perms::none);
   std::optional<PlainUser> plainUser(std::in_place);
@@ -308,7 +308,7 @@ TEST_F(JsonReading, KeepsADomainOfATextFileAndIsExtendedByOne) {
   EXPECT_EQ(OfType(editor, L"b", L"Room"), (PropertyRows{{L"P", L"P", 1}, {L"Q", L"", 0}}));
 }
 
-TEST_F(JsonReading, GivesAPropertyWithoutAnElementTheDefaults) {
+TEST_F(JsonReading, UsesTheDefaultsForAPropertyWithoutAnElement) {
   EXPECT_EQ(Load("a.json", "{Domen: {asFuncsNames: ['P', 'Q']}, Properties: {Q: 5}}"), 0);
   EXPECT_EQ(OfType(editor, L"a", L"any type"), (PropertyRows{{L"P", L"", 0}, {L"Q", L"", 0}}));
   EXPECT_EQ(Fields(editor, L"a", L"P"), FieldRows{});
@@ -320,7 +320,7 @@ TEST_F(JsonReading, GivesAPropertyWithoutAnElementTheDefaults) {
             L"  property Q '' 0 []\n");
 }
 
-TEST_F(JsonReading, TakesAValueOfAnotherTypeForAMissingOne) {
+TEST_F(JsonReading, TreatsAValueOfAnotherTypeAsMissing) {
   folder.Write("a.json", R"({
     Domen: {sName: ['A'], asFuncsNames: [5, 'P', null]},
     Properties: {P: {asObjectTypes: 'Room', sName: 5, iUniq: true, iSortId: '5',
@@ -334,7 +334,7 @@ TEST_F(JsonReading, TakesAValueOfAnotherTypeForAMissingOne) {
             L"    real F 'F' = 1\n");
 }
 
-TEST_F(JsonReading, GivesAPropertyItsKeyForItsIdWhateverTheFileSays) {
+TEST_F(JsonReading, TakesThePropertysKeyAsItsIdWhateverTheFileSays) {
   folder.Write("a.json", R"({
     Domen: {asFuncsNames: ['P', 'Q']},
     Properties: {P: {sId: 'Other', sName: 'One'}, Q: {sId: 'P'}, Other: {sName: 'Two'}}})");
@@ -346,7 +346,7 @@ TEST_F(JsonReading, GivesAPropertyItsKeyForItsIdWhateverTheFileSays) {
             L"  property Q '' 0 []\n");
 }
 
-TEST_F(JsonReading, TakesAnythingBut0ForUniqueAndAnySortIndex) {
+TEST_F(JsonReading, TakesAnythingBut0AsUniqueAndAnySortIndex) {
   EXPECT_EQ(Load("a.json", R"({
     Domen: {asFuncsNames: ['A', 'B', 'C', 'D', 'E']},
     Properties: {
@@ -388,7 +388,7 @@ TEST_F(JsonReading, KeepsOneOfAPropertyOrFieldThatIsNamedTwice) {
             (FieldRows{{L"F", L"F", typeInt, true, L"5"}, {L"G", L"G", typeReal, false, L"1"}}));
 }
 
-TEST_F(JsonReading, GivesAFieldNameOfTwoPropertiesTheSameElement) {
+TEST_F(JsonReading, ReadsAFieldNameOfTwoPropertiesFromTheSameElement) {
   EXPECT_EQ(Load("a.json", R"({
     Domen: {asFuncsNames: ['P', 'Q']},
     Properties: {P: {asFuncsNames: ['G', 'F']}, Q: {asFuncsNames: ['F']}},
@@ -414,7 +414,7 @@ TEST_F(JsonReading, MakesEachFieldByItsTypeAndTheOneDefaultOfIt) {
     const wchar_t* value;
   };
   const Case cases[] = {
-      // what is missing
+      // missing values
       {"5", L"F", typeReal, false, L"1"},
       {"{}", L"F", typeReal, false, L"1"},
       {"{sName: 'Title'}", L"Title", typeReal, false, L"1"},
@@ -427,7 +427,7 @@ TEST_F(JsonReading, MakesEachFieldByItsTypeAndTheOneDefaultOfIt) {
       {"{sType: 'ai'}", L"F", typeIList, false, L"1"},
       {"{sType: 'ar'}", L"F", typeRList, false, L"1"},
       {"{sType: 'as'}", L"F", typeSList, false, L"1.0"},
-      // each type, beside the defaults of the others
+      // each type, with defaults of other types too
       {"{sType: 'i', iDefault: 42, rDefault: 7, sDefault: 'x'}", L"F", typeInt, true, L"42"},
       {"{sType: 'r', iDefault: 7, rDefault: 0.5, sDefault: 'x'}", L"F", typeReal, true, L"0.5"},
       {"{sType: 's', iDefault: 7, rDefault: 7, sDefault: 'A B'}", L"F", typeStr, true, L"A B"},
@@ -640,7 +640,7 @@ TEST_F(JsonExport, WritesTheSameBytesEachTime) {
   EXPECT_EQ(ReadBytes(folder.Path() / "copy.json"), once);
 }
 
-TEST_F(JsonExport, TurnsEachTypeIntoAnotherOnTheWayBack) {
+TEST_F(JsonExport, TurnsEachTypeIntoAnotherInARoundTrip) {
   struct Case {
     const char* field;  // as a text file has it
     int type;
@@ -667,7 +667,7 @@ TEST_F(JsonExport, TurnsEachTypeIntoAnotherOnTheWayBack) {
   }
 }
 
-TEST_F(JsonExport, BringsAllButTheFieldsBackAsItWas) {
+TEST_F(JsonExport, RoundTripsAllButTheFields) {
   EXPECT_EQ(Load("domens.txt",
                  "==DOMEN\n"
                  "@@@ Zones\n"
@@ -689,7 +689,7 @@ TEST_F(JsonExport, BringsAllButTheFieldsBackAsItWas) {
   EXPECT_EQ(UniqueFlags(reloaded, L"exported"), (std::vector<bool>{false, true}));
 }
 
-TEST_F(JsonExport, BringsTextsOfAllKindsBack) {
+TEST_F(JsonExport, RoundTripsTextsOfAllKinds) {
   const std::string text =
       R"({Domen: {sName: 'a\n"\\/\b\f\r\t\v\u2028\ud800', asFuncsNames: ['\t"\\', '\u2029//']},)"
       R"( Properties: {'\t"\\': {sName: '/* */ // \u0001\x7F \ud83d\ude00',)"
@@ -707,7 +707,7 @@ TEST_F(JsonExport, BringsTextsOfAllKindsBack) {
   EXPECT_EQ(std::get<1>(Fields(reloaded, L"exported", L"\t\"\\").at(0)), L"'");
 }
 
-TEST_F(JsonExport, BringsPropertiesAndFieldsOfEveryNameBack) {
+TEST_F(JsonExport, RoundTripsPropertiesAndFieldsOfEveryName) {
   EXPECT_EQ(Load("a.json", R"({
     Domen: {asFuncsNames: ['', 'sName', 'asFuncsNames', 'Domen', '__proto__']},
     Properties: {sName: {sName: 'One', iSortId: 1, asFuncsNames: ['', 'sName', 'sType']},
@@ -793,9 +793,9 @@ TEST_F(JsonExport, WritesTheKeyOfAPropertyForItsId) {
   EXPECT_NE(text.find("      \"sId\": \"key\", // Имя (код) свойства\n"), text.npos);
 }
 
-// A list of strings loses its quotation marks when it is asked for its value, which is all that the
-// export has of it.
-TEST_F(JsonExport, AsksEachFieldForItsValue) {
+// A list of strings loses its quotation marks when its value is read, and the export reads only
+// that.
+TEST_F(JsonExport, ReadsTheValueOfEachField) {
   DomenStore store;
   Domen domen(L"a", L"A");
   domen.AddProperty(L"P", DomenProperty(L"P", L"P", {}, false, 0));
@@ -808,7 +808,7 @@ TEST_F(JsonExport, AsksEachFieldForItsValue) {
   EXPECT_EQ(field.value, (std::vector<std::wstring>{L"a", L"b"}));
 }
 
-// A number beyond those of the fields, as no file can have it.
+// A type number that no file can have.
 TEST_F(JsonExport, KnowsASeventhTypeAndNoOther) {
   const std::pair<int, std::string> cases[] = {
       {-1, ""},
@@ -869,7 +869,7 @@ TEST_F(JsonExport, MakesNoFileForAnUnknownDomain) {
   EXPECT_EQ(ReadBytes(folder.Path() / "existing.json"), "old");
 }
 
-TEST_F(JsonExport, ReplacesWhateverTheFileHolds) {
+TEST_F(JsonExport, ReplacesWhatTheFileHolds) {
   EXPECT_EQ(Load("a.json", zones), 0);
   const std::string expected = Exported(L"a");
   ASSERT_NE(expected, "");

@@ -1,4 +1,4 @@
-// Reals in `.json` files, as the add-in gets them: to the last of their digits.
+// Tests that reals of `.json` files keep all their digits.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// The value of a field of this type with this default.
+// Returns the value of a field of this type with this default.
 std::wstring ValueOf(const std::string& type, const std::string& number) {
   const TempFolder folder;
   const std::wstring file =

@@ -1,5 +1,5 @@
-// Arrays and strings that change hands are judged by the leak sanitizer as well: a leak, or a
-// second release, ends these tests where it is on.
+// Tests of the ownership of arrays and strings. With the address sanitizer, a leak or a double
+// release ends them too.
 
 #include "json/StringArrayParam.h"
 
@@ -23,14 +23,14 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-// An array that a caller owns.
+// An array owned by the caller.
 using Array = std::unique_ptr<const wchar_t*[]>;
 
 Texts TextsOf(const wchar_t* const* array, int count) {
   return {array, array + count};
 }
 
-// An open section of a file, which has the array `as` with these elements.
+// An open section with the array `as` of these elements.
 struct FileWithArray {
   explicit FileWithArray(std::string_view elements)
       : path(folder.Write("a.json", "{S: {as: [" + std::string(elements) + "]}}")),
@@ -62,7 +62,7 @@ TEST(MakeWideArray, CopiesAHundredThousandTexts) {
   EXPECT_TRUE(TakeAll(100'000, MakeWideArray(texts)) == texts);
 }
 
-TEST(ReadStringArrayParam, GivesTheStringsOfTheFileInPlaceOfTheDefaults) {
+TEST(ReadStringArrayParam, ReturnsTheStringsOfTheFileInPlaceOfTheDefaults) {
   struct Case {
     const char* elements;
     Texts defaults;
@@ -112,7 +112,7 @@ TEST(ReadStringArrayParam, OverridesOnlyIfToldTo) {
   EXPECT_EQ(values, Texts{L"a"});
 }
 
-TEST(ReadStringArrayParam, GivesCopiesThatOutliveTheSection) {
+TEST(ReadStringArrayParam, ReturnsCopiesThatOutliveTheSection) {
   FileWithArray file("'a\\n', 'b'");
   Texts fromFile, fromDefaults = {L"x", L"y"};
   ReadStringArrayParam(*file.section, L"as", fromFile, L"c");
@@ -140,9 +140,9 @@ TEST(ReadStringArrayParam, ReadsAHundredThousandStrings) {
   EXPECT_TRUE(values == Texts(100'000, L"a"));
 }
 
-// The request itself: a caller releases arrays as `ReadStringArrayParam` does.
+// The request itself. The tests release arrays as `ReadStringArrayParam` does.
 
-TEST(ParamStringArray, GivesANewArrayBesideTheDefaultsIfTheKeyIsFound) {
+TEST(ParamStringArray, ReturnsANewArrayBesidesTheDefaultsIfTheKeyIsFound) {
   FileWithArray file("'a', 'b'");
   const Array defaults(MakeWideArray({L"x"}));
   int count = 0;
@@ -154,7 +154,7 @@ TEST(ParamStringArray, GivesANewArrayBesideTheDefaultsIfTheKeyIsFound) {
   EXPECT_EQ(TextsOf(result.get(), count), (Texts{L"a", L"b"}));
 }
 
-TEST(ParamStringArray, GivesNothingToReleaseForAnArrayWithoutStrings) {
+TEST(ParamStringArray, ReturnsNothingToReleaseForAnArrayWithoutStrings) {
   FileWithArray file("1");
   const Array defaults(MakeWideArray({L"x"}));
   int count = -1;
@@ -166,7 +166,7 @@ TEST(ParamStringArray, GivesNothingToReleaseForAnArrayWithoutStrings) {
   EXPECT_EQ(result, nullptr);
 }
 
-TEST(ParamStringArray, GivesTheDefaultsThemselvesIfTheKeyIsNotFound) {
+TEST(ParamStringArray, ReturnsTheDefaultsThemselvesIfTheKeyIsNotFound) {
   FileWithArray file("'a'");
   const Array defaults(MakeWideArray({L"x", L"y"}));
   int count = 0;
@@ -178,7 +178,7 @@ TEST(ParamStringArray, GivesTheDefaultsThemselvesIfTheKeyIsNotFound) {
   EXPECT_EQ(TextsOf(result, count), (Texts{L"x", L"y"}));
 }
 
-TEST(ParamStringArray, GivesTheDefaultsBackOnOverride) {
+TEST(ParamStringArray, ReturnsTheDefaultsOnOverride) {
   FileWithArray file("'a'");
   const Array defaults(MakeWideArray({L"x", L"y"}));
   int count = 0;
@@ -191,7 +191,7 @@ TEST(ParamStringArray, GivesTheDefaultsBackOnOverride) {
 
 TEST(ParamStringArray, DoesNotLookAtDefaultsOfWhichThereAreNone) {
   FileWithArray file("");
-  // No place that can be read.
+  // An address that can't be read.
   const auto nowhere = reinterpret_cast<const wchar_t**>(std::uintptr_t{64});
   for (const wchar_t* key : {L"as", L"missing"}) {
     for (const bool overriding : {true, false}) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Holds what the library reads and writes against the reference tools of the npm registry: the
-# reference implementation of JSON5, and a validator of JSON Schema.
+# Compares what the library reads and writes with reference tools of the npm registry: the reference
+# implementation of JSON5, and a JSON Schema validator.
 #
 #   npm_test.sh NPM_FOLDER JSON5_TREE CLASSIFY SOURCE_FOLDER
 #
-# Exit status 77 says that the tools are not installed; scripts/test.sh installs them.
+# The exit status is 77 if the tools are not installed; scripts/test.sh installs them.
 set -euo pipefail
 npm=$1
 json5_tree=$2

@@ -16,7 +16,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// Documents that others have gathered, which may lie beside the project.
+// Documents from other sources, which may be absent.
 const std::filesystem::path documents = Utf8Path(SOURCE_FOLDER "/../shared/data/json5");
 
 std::string ReadFile(const std::filesystem::path& file) {
@@ -92,20 +92,20 @@ TEST_F(GatheredDocuments, AreValidOrNotAsTheirManifestSays) {
   }
 }
 
-// The number that stands behind a name in an object.
-std::size_t NumberBehind(const std::string& name, const std::string& text) {
+// Returns the number after a name in an object.
+std::size_t NumberAfter(const std::string& name, const std::string& text) {
   std::smatch match;
   EXPECT_TRUE(std::regex_search(text, match, std::regex(name + ": *(\\d+)"))) << text;
   return match.empty() ? 0 : std::stoul(match[1]);
 }
 
-TEST_F(GatheredDocuments, HaveTheirErrorsOnTheLinesNamedBesideThem) {
+TEST_F(GatheredDocuments, HaveTheirErrorsOnTheLinesOfTheManifest) {
   std::size_t checked = 0;
   for (const Entry& entry : entries) {
     if (entry.errorFile.empty()) continue;
     const std::string expected = ReadFile(documents / entry.errorFile);
-    const bool atLineEnd = NumberBehind("columnNumber", expected) == 0;
-    const std::size_t line = NumberBehind("lineNumber", expected) - (atLineEnd ? 1 : 0);
+    const bool atLineEnd = NumberAfter("columnNumber", expected) == 0;
+    const std::size_t line = NumberAfter("lineNumber", expected) - (atLineEnd ? 1 : 0);
     const std::optional<Json5Error> error = ErrorOf(documents / entry.file);
     ASSERT_TRUE(error) << entry.file;
     EXPECT_EQ(error->line, line) << entry.file;

@@ -37,7 +37,7 @@ using Value = std::variant<std::wstring, int, double, Texts>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// A record and its making: each request as a line.
+// Fills a record by requests, one per line.
 class Requests {
  public:
   Requests& Section(std::wstring_view section, std::wstring_view item = L"") {
@@ -45,7 +45,7 @@ class Requests {
     return *this;
   }
 
-  // The place of the item that was opened last, and the way back to one.
+  // The position of the last opened item, and a way to return to one.
   std::size_t Place() const { return current; }
 
   Requests& Back(std::size_t place) {
@@ -66,7 +66,7 @@ class Requests {
     return text;
   }
 
-  // The size of the largest piece that the text is given in.
+  // Returns the size of the largest piece that is passed on.
   std::size_t LargestPiece() const {
     std::size_t largest = 0;
     WriteJson5(record, [&](std::string_view piece) { largest = std::max(largest, piece.size()); });
@@ -97,7 +97,7 @@ class Requests {
   std::size_t current = 0;
 };
 
-// What is written for one value of one key.
+// Returns the text of a file with one value of one key.
 std::string Written(const Value& value, std::wstring_view comment = L"") {
   Requests requests;
   const std::string text = requests.Section(L"S").Set(L"k", value, comment).Text();
@@ -107,7 +107,7 @@ std::string Written(const Value& value, std::wstring_view comment = L"") {
   return text.substr(head.size(), text.size() - head.size() - tail.size());
 }
 
-// A string as the reader gives it back.
+// Returns the string after a round trip.
 std::wstring ReadBack(const std::wstring& value) {
   const std::string text = Written(value);
   Json5Tree tree;
@@ -121,7 +121,7 @@ TEST(WriteJson5, WritesAnEmptyRecordAsAnEmptyObject) {
   EXPECT_EQ(Requests().Text(), "{}\n");
 }
 
-TEST(WriteJson5, IndentsByTwoAndPutsCommentsBehindTheValues) {
+TEST(WriteJson5, IndentsByTwoAndPutsCommentsAfterTheValues) {
   Requests requests;
   requests.Section(L"Domen").Set(L"sName", L"Zones"s, L"Имя");
   requests.Set(L"asFuncsNames", Texts{L"ZoneKind", L"Limits"}, L"Свойства");
@@ -172,7 +172,7 @@ TEST(WriteJson5, PutsTheKeysOfAnOnlyItemWithoutANameIntoTheSectionItself) {
             "}\n");
 }
 
-TEST(WriteJson5, GivesAnItemWithoutANameAPlaceAmongOthers) {
+TEST(WriteJson5, SortsAnItemWithoutANameAmongOthers) {
   Requests requests;
   requests.Section(L"S", L"first").Set(L"a", 1);
   requests.Section(L"S", L"").Set(L"b", 2, L"own");
@@ -289,7 +289,7 @@ TEST(WriteJson5, EscapesTheLineTerminatorsAboveAscii) {
   EXPECT_EQ(Written(L"a\u2028b\u2029"s), R"("a\u2028b\u2029")");
 }
 
-TEST(WriteJson5, WritesAllOtherCharactersAsTheyAre) {
+TEST(WriteJson5, WritesAllOtherCharactersUnchanged) {
   EXPECT_EQ(Written(L"/\x007F\x0085\u00A0\u2027\u202A\uFEFF\xFFFF"s),
             "\"/\x7F\xC2\x85\xC2\xA0\xE2\x80\xA7\xE2\x80\xAA\xEF\xBB\xBF\xEF\xBF\xBF\"");
   EXPECT_EQ(Written(L"\uD7FF\uE000"s), "\"\xED\x9F\xBF\xEE\x80\x80\"");
@@ -327,7 +327,7 @@ TEST(WriteJson5, WritesAFileThatCanBeReadWhateverNumberAUnitIs) {
 
 // Comments
 
-TEST(WriteJson5, WritesACommentBehindItsValueAndTheComma) {
+TEST(WriteJson5, WritesACommentAfterItsValueAndTheComma) {
   EXPECT_EQ(Written(1, L"Комментарий"), "1 // Комментарий");
   EXPECT_EQ(Written(Texts{L"a", L"b"}, L"c"), R"(["a", "b"] // c)");
   EXPECT_EQ(Written(1, L""), "1");
@@ -431,7 +431,7 @@ TEST(WriteJson5, PutsRequestsThatTakeTurnsIntoTheItemsThatTheyWereMadeOf) {
             "}\n");
 }
 
-// The keys of two requests for each of the names, the second in the opposite order.
+// Returns the keys of two requests for each of the names, the second in reverse order.
 std::string RequestsForEach(const std::vector<std::string>& names) {
   Requests requests;
   for (const std::string& name : names) requests.Section(L"S", ToWideText(name)).Set(L"a", 1);
@@ -442,7 +442,7 @@ std::string RequestsForEach(const std::vector<std::string>& names) {
   return requests.Text();
 }
 
-TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
+TEST(WriteJson5, DistinguishesNamesWithEqualHashes) {
   const std::vector<std::string> names = NamesOfAlikeHashes(500, 12);
   std::string expected;
   for (const std::string& name : names) {
@@ -452,7 +452,7 @@ TEST(WriteJson5, TellsNamesApartWhoseHashesAreAlike) {
   EXPECT_EQ(RequestsForEach(names), "{\n  \"S\": {" + expected + "\n  },\n  \"T\": {}\n}\n");
 }
 
-TEST(WriteJson5, TellsKeysAndNamesApartByUnit) {
+TEST(WriteJson5, DistinguishesKeysAndNamesByUnit) {
   Requests requests;
   requests.Section(L"S", L"a").Set(L"k", 1).Set(L"K", 2);
   requests.Section(L"S", L"A").Section(L"s", L"a");
@@ -483,7 +483,7 @@ TEST(WriteJson5, ChangesNothingInTheRecord) {
 
 // Random records
 
-// JSON as its own grammar has it, with nothing of JSON5.
+// Parses JSON without the extensions of JSON5.
 class StrictJson {
  public:
   explicit StrictJson(std::string_view bytes) : rest(bytes) {}
@@ -571,7 +571,7 @@ bool IsJson(std::string_view bytes) {
   return StrictJson(bytes).IsDocument();
 }
 
-TEST(StrictJson, TellsJsonFromJson5) {
+TEST(StrictJson, DistinguishesJsonFromJson5) {
   for (const char* text : {"{}", "[1, -0.5e+10, \"a\\u00e9\\n\"]", "{\"a\": {\"b\": [null]}}\n"}) {
     EXPECT_TRUE(IsJson(text)) << text;
   }
@@ -583,7 +583,7 @@ TEST(StrictJson, TellsJsonFromJson5) {
   }
 }
 
-// The text without its `//` comments.
+// Returns the text without its `//` comments.
 std::string WithoutComments(const std::string& text) {
   std::string stripped;
   bool inString = false;
@@ -596,7 +596,7 @@ std::string WithoutComments(const std::string& text) {
   return stripped;
 }
 
-// Section, item and key, in the order of the units; and what stands there.
+// Section, item and key, in the order of the units, and the value.
 using Path = std::tuple<std::wstring, std::wstring, std::wstring>;
 
 struct RandomRecord {
@@ -608,10 +608,10 @@ class Dice {
  public:
   explicit Dice(unsigned seed) : engine(seed) {}
 
-  // The same on every platform, which a standard distribution is not.
+  // The same on every platform, unlike a standard distribution.
   std::size_t Below(std::size_t bound) { return engine() % bound; }
 
-  // Characters that one may trip over, lone surrogates among them. No two make a pair.
+  // Returns a text of special characters. There are lone surrogates, but no pairs.
   std::wstring Text() {
     const Texts pieces = {L"a",       L"Ж",      L" ",      L"\"",     L"'",      L"\\",
                           L"\n",      L"\r",     L"\t",     L"\v",     L"\x0001", L"\0"s,
@@ -648,12 +648,12 @@ class Dice {
   std::mt19937 engine;
 };
 
-// As the requests take names and keys.
+// Returns the text as requests take names and keys.
 std::wstring UpToNul(const std::wstring& text) {
   return text.c_str();
 }
 
-// Item names begin with a letter that no key begins with, so that neither hides the other.
+// Item names and keys begin with different letters, so that they don't collide.
 std::unique_ptr<RandomRecord> MakeRandomRecord(unsigned seed) {
   auto made = std::make_unique<RandomRecord>();
   Dice dice(seed);
@@ -694,12 +694,12 @@ const Json5Value* FindPath(const Json5Tree& tree, const Path& path) {
   const Json5Value* found = tree.Find(tree.root, ToJson5Text(section));
   if (found == nullptr) return nullptr;
   const Json5Value* named = tree.Find(*found, ToJson5Text(item));
-  // The item without a name is the section itself if it stands alone.
+  // The item without a name is the section itself if it is the only one.
   const bool alone = item.empty() && (!named || named->kind != Json5Value::Kind::object);
   return tree.Find(alone ? *found : *named, ToJson5Text(key));
 }
 
-// How many values there are that are no objects.
+// Returns the number of values that are not objects.
 std::size_t CountValues(const Json5Tree& tree, const Json5Value& value) {
   if (value.kind != Kind::object) return 1;
   std::size_t count = 0;
@@ -741,7 +741,7 @@ TEST(WriteJson5, WritesTheSameRequestsAsTheSameBytes) {
 
 // Huge texts
 
-TEST(WriteJson5, IsDoneWithTextsOfFiveMillionUnits) {
+TEST(WriteJson5, HandlesTextsOfFiveMillionUnits) {
   ExpectDoneAtOnce(5'000'000, [](std::size_t size) {
     EXPECT_EQ(Written(std::wstring(size, L'a')).size(), size + 2);
     EXPECT_EQ(Written(std::wstring(size / 5, L'\n')).size(), 2 * (size / 5) + 2);
@@ -749,12 +749,12 @@ TEST(WriteJson5, IsDoneWithTextsOfFiveMillionUnits) {
   });
 }
 
-TEST(WriteJson5, IsDoneWithAMillionStrings) {
+TEST(WriteJson5, HandlesAMillionStrings) {
   ExpectDoneAtOnce(
       1'000'000, [](std::size_t size) { EXPECT_EQ(Written(Texts(size, L"a")).size(), 5 * size); });
 }
 
-TEST(WriteJson5, GivesALongFileInPieces) {
+TEST(WriteJson5, PassesALongFileOnInPieces) {
   Requests requests;
   for (int i = 0; i < 100'000; ++i) {
     requests.Section(L"S", L"item" + std::to_wstring(i)).Set(L"k", i, L"comment");
@@ -763,7 +763,7 @@ TEST(WriteJson5, GivesALongFileInPieces) {
   EXPECT_LE(requests.LargestPiece(), 65'536u);
 }
 
-TEST(WriteJson5, CutsALongStringIntoPieces) {
+TEST(WriteJson5, SplitsALongStringIntoPieces) {
   Requests requests;
   requests.Section(L"S").Set(L"k", std::wstring(300'000, L'\n'));
   std::string expected = "{\n  \"S\": {\n    \"k\": \"";
@@ -772,7 +772,7 @@ TEST(WriteJson5, CutsALongStringIntoPieces) {
   EXPECT_LE(requests.LargestPiece(), 65'536u);
 }
 
-TEST(WriteJson5, IsDoneWithAHundredThousandItems) {
+TEST(WriteJson5, HandlesAHundredThousandItems) {
   ExpectDoneAtOnce(100'000, [](std::size_t size) {
     Requests requests;
     for (std::size_t i = 0; i < size; ++i) {

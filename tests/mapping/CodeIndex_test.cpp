@@ -1,4 +1,4 @@
-// What the index itself promises. Whether its answers are right is asked of `FindCodeId`, too.
+// Tests of the index of patterns. The tests of `FindCodeId` check its answers too.
 
 #include "mapping/CodeIndex.h"
 
@@ -36,7 +36,7 @@ TEST(MapTextRecords, MakeTheirIndexOnce) {
   EXPECT_EQ(copy.Index(), index);
 }
 
-// Otherwise a program that goes to and fro between locales would pay for an index at each lookup.
+// Otherwise a program that switches between locales would build an index at each lookup.
 TEST(MapTextRecords, KeepTheIndexesOfFourLocales) {
   const MapTextRecords records = Read(L"wall");
   std::vector<std::locale> locales;
@@ -112,8 +112,8 @@ TEST(CodeIndex, FindsTheFirstRecordThatFits) {
   }
 }
 
-// Lines that an interrupted load leaves stand in the order of the file, and records by hand in any.
-TEST(CodeIndex, FindsTheFirstOfRecordsInWhateverOrder) {
+// Records of an interrupted load are in file order, and records made by hand in any order.
+TEST(CodeIndex, FindsTheFirstOfRecordsInAnyOrder) {
   std::vector<MapTextRecord> filled = {RecordOf({L"A", L"B", L"C"}), RecordOf({L"A", L"B"}),
                                        RecordOf({L"A"}), RecordOf({L""}), RecordOf({})};
   const CodeIndex index(filled);
@@ -124,8 +124,8 @@ TEST(CodeIndex, FindsTheFirstOfRecordsInWhateverOrder) {
   EXPECT_EQ(index.Find(L""), 3);
 }
 
-// So many, which differ after two to five words that they share.
-TEST(CodeIndex, TellsEachOfThousandsOfRecords) {
+// Thousands of records that differ after two to five common words.
+TEST(CodeIndex, DistinguishesThousandsOfRecords) {
   std::vector<std::wstring> lines;
   for (int pair = 0; pair < 2000; ++pair) {
     std::wstring line =
@@ -171,7 +171,7 @@ TEST(CodeIndex, CannotAnswerWhereTheLocaleRefusesALetterOrHasABlankForIt) {
     const CodeIndex* const index = small.Index();
     ASSERT_NE(index, nullptr);
     EXPECT_FALSE(index->CanAnswer());
-    EXPECT_EQ(small.Index(), index);  // and isn't tried again
+    EXPECT_EQ(small.Index(), index);  // and isn't built again
   }
   EXPECT_TRUE(records.Index()->CanAnswer());
 }

@@ -23,14 +23,14 @@ using namespace std::string_literals;
 
 using Texts = std::vector<std::wstring>;
 
-// A section that was read from this text.
+// Returns the section of this text.
 MapTextSection Read(std::wstring_view text) {
   MapTextSection section;
   ParseMapTextSection(section, text);
   return section;
 }
 
-// A section whose records were put together by hand, in this order.
+// Returns a section with these records, in this order.
 MapTextSection WithRecords(const std::vector<Texts>& records) {
   MapTextSection section;
   std::vector<MapTextRecord> filled;
@@ -48,7 +48,7 @@ int FirstMatch(const MapTextSection& section, std::wstring_view text) {
   return noCodeId;
 }
 
-TEST(GetClaccificatorCodeId, GivesTheFirstPatternWhoseWordsBeginTheWordsOfTheText) {
+TEST(GetClaccificatorCodeId, ReturnsTheFirstPatternWhoseWordsBeginTheWordsOfTheText) {
   struct Case {
     const wchar_t* text;
     int codeId;
@@ -76,13 +76,13 @@ TEST(GetClaccificatorCodeId, GivesTheFirstPatternWhoseWordsBeginTheWordsOfTheTex
   }
 }
 
-TEST(GetClaccificatorCodeId, GivesTheGeneralPatternAheadOfTheSpecialOne) {
+TEST(GetClaccificatorCodeId, ReturnsTheGeneralPatternBeforeTheSpecialOne) {
   LoadedScheme scheme("==MAPTEXT\n@O\nwall outer\n@W\nwall\n");
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall outer 1"), 0);
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"W");
 }
 
-TEST(GetClaccificatorCodeId, GivesTheFirstInTheFileAmongPatternsOfEqualLength) {
+TEST(GetClaccificatorCodeId, ReturnsTheFirstInTheFileAmongPatternsOfEqualLength) {
   LoadedScheme scheme("==MAPTEXT\n@A\nwall\n@B\nwa\n@C\nwall\n");
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), 0);
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"water"), 1);
@@ -114,7 +114,7 @@ TEST(GetClaccificatorCodeId, SeparatesTheWordsOfTheTextAtBlanksAlone) {
   }
 }
 
-TEST(GetClaccificatorCodeId, TakesALeadingBlankForAnEmptyFirstWordAndATrailingOneForAnEmptyLast) {
+TEST(GetClaccificatorCodeId, TakesALeadingBlankAsAnEmptyFirstWordAndATrailingOneAsAnEmptyLast) {
   struct Case {
     const wchar_t* text;
     int codeId;
@@ -145,7 +145,7 @@ TEST(GetClaccificatorCodeId, KnowsNoWildcards) {
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"WALL*s"), 0);
 }
 
-TEST(GetClaccificatorCodeId, GivesMinusOneWithoutASection) {
+TEST(GetClaccificatorCodeId, ReturnsMinusOneWithoutASection) {
   for (const char* text : {"", "==MAPTEXT\n", "==PARAM\nwall\n"}) {
     LoadedScheme scheme(text);
     EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"wall"), -1) << text;
@@ -172,13 +172,13 @@ TEST(GetClaccificatorCodeId, NeverReachesANulInAPattern) {
   EXPECT_EQ(scheme.editor.GetClaccificatorCodeId(L"door"), -1);
 }
 
-TEST(GetClaccificatorCode, GivesTheCodeAtAPositionAfterSorting) {
+TEST(GetClaccificatorCode, ReturnsTheCodeAtAPositionAfterSorting) {
   LoadedScheme scheme("==MAPTEXT\n$ Z\n@W\nbasic wall\n@D\ndoor\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"D");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
 }
 
-TEST(GetClaccificatorCode, GivesTheDefaultCodeForMinusOne) {
+TEST(GetClaccificatorCode, ReturnsTheDefaultCodeForMinusOne) {
   LoadedScheme own("==MAPTEXT\n$ Z\n@W\nwall\n");
   EXPECT_EQ(Take(own.editor.GetClaccificatorCode(-1)), L"Z");
   LoadedScheme none("==MAPTEXT\n@W\nwall\n");
@@ -194,13 +194,13 @@ TEST(GetClaccificatorCode, RaisesForAnyOtherNumberOutsideTheRecords) {
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(1)), L"W");
 }
 
-TEST(GetClaccificatorCode, KnowsOnlyTheEmptyDefaultCodeWithoutASection) {
+TEST(GetClaccificatorCode, AcceptsOnlyMinusOneAndReturnsAnEmptyCodeWithoutASection) {
   LoadedScheme scheme("==PARAM\nW10\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(-1)), L"");
   EXPECT_EQ(OutOfRangeOf([&] { scheme.editor.GetClaccificatorCode(0); }), badSubscript);
 }
 
-TEST(GetClaccificatorCode, GivesAnEmptyCodeAboveAllHeaders) {
+TEST(GetClaccificatorCode, ReturnsAnEmptyCodeAboveAllHeaders) {
   LoadedScheme scheme("==MAPTEXT\nwall\n@D\ndoor\n");
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCode(0)), L"");
 }
@@ -274,7 +274,7 @@ TEST(Matches, ComparesNulsLikeAnyUnit) {
   EXPECT_FALSE(Matches(RecordOf({L"A\0B"s}), L"a\0c"s));
 }
 
-TEST(FindCodeId, GivesTheFirstRecordThatMatchesInWhateverOrderTheyStand) {
+TEST(FindCodeId, ReturnsTheFirstRecordThatMatchesInWhateverOrderTheyAre) {
   const MapTextSection section =
       WithRecords({{L"BASIC", L"WALL", L"X"}, {L"wall"}, {L"BASIC", L"WALL"}, {L"BASIC"}, {L"W"}});
   EXPECT_EQ(FindCodeId(section, L"basic wall x"), 0);
@@ -329,7 +329,7 @@ TEST(FindCodeId, FollowsRecordsThatChangeAfterTheReading) {
   EXPECT_EQ(FindCodeId(section, L"window"), -1);
 }
 
-// What stands in an index is compared with the text of records that nothing can change behind it.
+// Records can't be changed in place, so an index never disagrees with their texts.
 TEST(FindCodeId, FollowsRecordsThatAreAssigned) {
   MapTextSection section = Read(L"door\nwall");
   EXPECT_EQ(FindCodeId(section, L"wall"), 1);
@@ -346,7 +346,7 @@ TEST(FindCodeId, FollowsASectionThatIsReadAgain) {
   EXPECT_EQ(FindCodeId(section, L"door"), -1);
 }
 
-TEST(FindCodeId, AnswersAlikeInACopyWhateverBecomesOfItsSource) {
+TEST(FindCodeId, AnswersAlikeInACopyWhateverHappensToItsSource) {
   MapTextSection source = Read(L"door\nwall");
   MapTextSection copy = source;
   source = Read(L"roof");
@@ -388,7 +388,7 @@ TEST(FindCodeId, KeepsTheCapitalsThatAPatternGotWhenItWasRead) {
   EXPECT_EQ(FindCodeId(section, L"СТЕНА"), 0);
 }
 
-TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
+TEST(FindCodeId, MatchesMoreRecordsWhenTheLocaleFoldsMore) {
   MapTextSection section;
   {
     const GlobalLocale latin(UpperOfLatin);
@@ -401,7 +401,7 @@ TEST(FindCodeId, MeetsMoreRecordsWhenTheLocaleFoldsMore) {
   EXPECT_EQ(FindCodeId(section, L"Дверь"), 0);
 }
 
-TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
+TEST(FindCodeId, FoldsWhatTheLocaleFolds) {
   const GlobalLocale locale(
       [](wchar_t unit) { return unit == L'ё' || unit == L'е' ? L'*' : unit; });
   EXPECT_EQ(FindCodeId(Read(L"ёлка"), L"елка"), 0);
@@ -409,14 +409,14 @@ TEST(FindCodeId, FoldsWhateverTheLocaleFoldsTogether) {
   EXPECT_EQ(FindCodeId(Read(L"a"), L"A"), -1);
 }
 
-TEST(FindCodeId, CutsTheTextOnceItIsInCapitals) {
+TEST(FindCodeId, SplitsTheTextAfterItIsConvertedToCapitals) {
   const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
   EXPECT_EQ(FindCodeId(Read(L"basic wall"), L"basic_wall"), 0);
   EXPECT_EQ(FindCodeId(Read(L"basic_wall"), L"basic wall"), 0);
 }
 
-// Both sides are folded twice, the pattern when it is read and again at the lookup: it shows when
-// the capital of a letter has a capital of its own.
+// Both sides are folded twice, the pattern when it is read and again at the lookup. This shows if
+// the capital of a letter has another capital.
 TEST(FindCodeId, FoldsTheTextAsOftenAsThePattern) {
   const GlobalLocale locale([](wchar_t unit) {
     return unit >= L'a' && unit < L'z' ? static_cast<wchar_t>(unit + 1) : unit;
@@ -435,8 +435,8 @@ TEST(FindCodeId, FoldsTheTextAsOftenAsThePatternInScriptsThatAreRare) {
   EXPECT_EQ(FindCodeId(section, L"\x4E01\x4E02\x4E03"), -1);
 }
 
-// A pattern that was read when its units were no white space, and no blanks either.
-TEST(FindCodeId, AgreesWithTheWalkWhereUnitsOfAPatternBecomeWhiteSpace) {
+// The pattern was read under a locale in which its units were not white space.
+TEST(FindCodeId, AgreesWithALinearScanWhereUnitsOfAPatternBecomeWhiteSpace) {
   const MapTextSection section = Read(L"ax\na_b\na*b\nc\nq ax");
   const UpperFunction uppers[] = {
       [](wchar_t unit) { return unit == L'X' ? L'\t' : UpperOfLatin(unit); },
@@ -462,8 +462,8 @@ TEST(FindCodeId, SetsNoLocale) {
   EXPECT_TRUE(std::locale() == before);
 }
 
-// Texts and patterns of few letters, so that many fit, fit in part, or hold empty words.
-TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
+// Texts and patterns of few letters, so that many match, match in part, or have empty words.
+TEST(FindCodeId, ReturnsWhatALinearScanReturns) {
   std::minstd_rand random(7);
   const auto below = [&random](unsigned bound) { return static_cast<unsigned>(random() % bound); };
   const auto word = [&below](unsigned longest) {
@@ -495,8 +495,7 @@ TEST(FindCodeId, GivesWhatTheWalkOverTheRecordsGives) {
   }
 }
 
-// Words of any number of beginnings, each of which goes on in as many ways: more than are followed
-// at once.
+// Words with many prefixes, each with as many continuations: more than are tracked at once.
 TEST(FindCodeId, FindsAMatchAmongHoweverManyBeginningsThatFit) {
   std::wstring text = L"@C\n";
   for (std::size_t i = 1; i <= 12; ++i) {
@@ -523,7 +522,7 @@ TEST(FindCodeId, NeverReachesAPatternThatBeginsWithAnEarlierOne) {
   EXPECT_EQ(FindCodeId(section, L"wall inner"), -1);
 }
 
-// The texts of a word's units, which have no case, are these plus `times` these differences.
+// Returns a word of caseless units: a base text plus `times` these differences.
 std::wstring WordOf(std::initializer_list<int> differences, int times) {
   std::wstring word;
   for (const int difference : differences) {
@@ -532,10 +531,10 @@ std::wstring WordOf(std::initializer_list<int> differences, int times) {
   return word;
 }
 
-// Beginnings that collide on purpose, within one number of words and across them. An index that
-// trusted a hash, a sum over the units each times a factor of its place, answered wrongly for them.
+// Prefixes with equal hashes, for one number of words and for several. An index that relied on a
+// polynomial hash alone would answer wrongly.
 
-TEST(FindCodeId, TellsWordsOfOneHashApart) {
+TEST(FindCodeId, DistinguishesWordsWithEqualHashes) {
   const auto word = [](int times) {
     return WordOf({5, -15, -18, -19, 24, -21, -4, 42, -41, 7}, times);
   };
@@ -553,8 +552,8 @@ TEST(FindCodeId, TellsWordsOfOneHashApart) {
   }
 }
 
-// "p" with the first word has the hash that "q" with the second has.
-TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
+// "p" and the first word have the same hash as "q" and the second.
+TEST(FindCodeId, DistinguishesPrefixesWithEqualHashes) {
   const std::wstring p = L"p " + WordOf({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 1);
   const std::wstring q = L"q " + WordOf({10, -12, -18, -15, 3, -16, 32, -4, 7, 8, -1, -5}, 1);
   const std::vector<Texts> sections = {
@@ -579,8 +578,8 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApart) {
   }
 }
 
-// "BGBBBDCHBBEBIBHBBC" has the hash that "q BBGEGBBBCCBGBGBFDB" has.
-TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
+// "BGBBBDCHBBEBIBHBBC" has the same hash as "q BBGEGBBBCCBGBGBFDB".
+TEST(FindCodeId, DistinguishesPrefixesWithEqualHashesByTheirNumberOfWords) {
   const std::wstring one = L"BGBBBDCHBBEBIBHBBC";
   const std::wstring two = L"q BBGEGBBBCCBGBGBFDB";
   const std::vector<Texts> sections = {
@@ -603,7 +602,7 @@ TEST(FindCodeId, TellsBeginningsOfOneHashApartThatDifferInTheirNumberOfWords) {
             0);
 }
 
-TEST(FindCodeId, TellsLongWordsApartByWhatStandsAnywhereInThem) {
+TEST(FindCodeId, DistinguishesLongWordsByAnyOfTheirUnits) {
   for (const std::size_t length : {30, 31, 32, 33, 64}) {
     const std::wstring start(length, L'x');
     const MapTextSection section =
@@ -639,7 +638,7 @@ TEST(FindCodeId, TakesAPatternOfAHundredThousandWords) {
   EXPECT_EQ(FindCodeId(section, pattern.substr(2)), -1);
 }
 
-TEST(CodeOf, GivesTheCodeOfARecordOrTheDefaultCode) {
+TEST(CodeOf, ReturnsTheCodeOfARecordOrTheDefaultCode) {
   MapTextSection section;
   section.defaultCode = L"Z";
   std::vector<MapTextRecord> records(2);

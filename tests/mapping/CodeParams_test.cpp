@@ -37,7 +37,7 @@ DomenProperty PropertyOf(const std::vector<FieldOf>& fields) {
   return property;
 }
 
-// The properties P, with these fields, and Q, with one.
+// Returns the properties P, with these fields, and Q, with one.
 DomenProperties PropertiesOf(const std::vector<FieldOf>& fields) {
   DomenProperties properties;
   properties.emplace(L"P", PropertyOf(fields));
@@ -45,13 +45,13 @@ DomenProperties PropertiesOf(const std::vector<FieldOf>& fields) {
   return properties;
 }
 
-// Three fields with values that no test sets.
+// Returns P with three fields whose values no test sets.
 DomenProperties ThreeFields() {
   return PropertiesOf({{L"a", typeInt, L"5"}, {L"b", typeStr, L"K"}, {L"c", typeRList, L"1 2"}});
 }
 
-// One ==PARAM record, of the code W10 of the one ==MAPTEXT record. What is composed of items
-// doesn't depend on the section that they are from.
+// Returns a classificator with one ==MAPTEXT record of code W10, and one ==PARAM record for it. The
+// composition of items doesn't depend on their section.
 Classificator WithItems(std::vector<ParamItemList> lists) {
   Classificator classificator(L"S");
   std::vector<MapTextRecord> records(1);
@@ -61,8 +61,8 @@ Classificator WithItems(std::vector<ParamItemList> lists) {
   return classificator;
 }
 
-// One record each in ==MAPTEXT and ==PARAM for the codes A and B, and one in ==PARAM for the
-// default code.
+// Returns a classificator with records in ==MAPTEXT and ==PARAM for the codes A and B, and one in
+// ==PARAM for the default code.
 Classificator WithBothSections() {
   Classificator classificator(L"S");
   MapTextSection& mapText = classificator.mapTextSection;
@@ -81,7 +81,7 @@ Classificator WithBothSections() {
   return classificator;
 }
 
-// What P prints once this value text has filled its fields.
+// Returns what P prints after this value text has filled its fields.
 std::wstring Filled(const std::wstring& valueText, const DomenProperties& properties) {
   return ComposeCodeParams(SectionsOf(WithItems({{{valueText, L"P"}}})), 0, sourceParam, L"=",
                            properties);
@@ -98,7 +98,7 @@ void ExpectFilled(const DomenProperties& properties, const std::vector<Case>& ca
   }
 }
 
-TEST(GetCodeDomenIds, GivesTheListOfTheSectionThatTheSourceNames) {
+TEST(GetCodeDomenIds, ReturnsTheListOfTheSectionThatTheSourceNames) {
   const Classificator classificator = WithBothSections();
   EXPECT_EQ(GetCodeDomenIds(SectionsOf(classificator), sourceMapText),
             (Texts{L"D2", L"D1", L"D2"}));
@@ -108,13 +108,13 @@ TEST(GetCodeDomenIds, GivesTheListOfTheSectionThatTheSourceNames) {
   }
 }
 
-TEST(GetCodeDomenIds, GivesNothingForParamAsAFileFillsIt) {
+TEST(GetCodeDomenIds, ReturnsNothingForParamAsAFileFillsIt) {
   Classificator classificator(L"S");
   ParseParamSection(classificator.paramSection, L"@@ (D1 D2)\nW10");
   EXPECT_TRUE(GetCodeDomenIds(SectionsOf(classificator), sourceParam).empty());
 }
 
-TEST(GetCodePropertyIds, GivesTheIdsOfAllListsOfTheRecordSortedAndOnce) {
+TEST(GetCodePropertyIds, ReturnsTheIdsOfAllListsOfTheRecordSortedAndOnce) {
   EXPECT_EQ(GetCodePropertyIds(SectionsOf(WithBothSections()), 0, sourceMapText),
             (Texts{L"P", L"Q"}));
   const Classificator many = WithItems({{{L"", L"Ж"}, {L"", L"b"}, {L"", L"ab"}},
@@ -123,7 +123,7 @@ TEST(GetCodePropertyIds, GivesTheIdsOfAllListsOfTheRecordSortedAndOnce) {
             (Texts{L"", L"C", L"a", L"ab", L"b", L"Ж"}));
 }
 
-TEST(GetCodePropertyIds, GivesNothingOutOfMapTextForAnIdThatIsNoPosition) {
+TEST(GetCodePropertyIds, ReturnsNothingFromMapTextForAnIdThatIsNoPosition) {
   const Classificator classificator = WithBothSections();
   for (const int codeId : {-1, 2, INT_MAX, -2, INT_MIN}) {
     EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), codeId, sourceMapText).empty())
@@ -132,13 +132,13 @@ TEST(GetCodePropertyIds, GivesNothingOutOfMapTextForAnIdThatIsNoPosition) {
   EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), 1, sourceMapText).empty());
 }
 
-TEST(GetCodePropertyIds, GivesTheIdsOfTheFirstParamRecordOfTheCode) {
+TEST(GetCodePropertyIds, ReturnsTheIdsOfTheFirstParamRecordOfTheCode) {
   const Classificator classificator = WithBothSections();
   EXPECT_EQ(GetCodePropertyIds(SectionsOf(classificator), 0, sourceParam), (Texts{L"P", L"Q"}));
   EXPECT_TRUE(GetCodePropertyIds(SectionsOf(classificator), 1, sourceParam).empty());
 }
 
-TEST(GetCodePropertyIds, GivesTheParamRecordOfTheDefaultCodeForMinusOne) {
+TEST(GetCodePropertyIds, ReturnsTheParamRecordOfTheDefaultCodeForMinusOne) {
   Classificator classificator = WithBothSections();
   EXPECT_EQ(GetCodePropertyIds(SectionsOf(classificator), -1, sourceParam), (Texts{L"P", L"Q"}));
   classificator.mapTextSection.defaultCode = L"";
@@ -226,7 +226,7 @@ TEST(ComposeCodeParams, WritesThePropertyUnderTheIdOfTheItem) {
             L"Марка: 8;: 7;");
 }
 
-TEST(ComposeCodeParams, WritesTheSuffixAsItStands) {
+TEST(ComposeCodeParams, WritesTheSuffixUnchanged) {
   const Classificator classificator = WithItems({{{L"1", L"Q"}}});
   for (const std::wstring& suffix : {L""s, L"="s, L" = "s, L";"s, L"Имя"s, L"\0"s}) {
     EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, suffix, ThreeFields()),
@@ -246,7 +246,7 @@ TEST(ComposeCodeParams, PrintsEachTypeOfField) {
                             {L"il1=3 il2=4 sl=w r=0.1", L"P= -7 0.1 w 3 4 1 0.1 w;"}});
 }
 
-TEST(ComposeCodeParams, PutsABlankAheadOfEachFieldOnceThereIsText) {
+TEST(ComposeCodeParams, PutsABlankBeforeEachFieldOnceThereIsText) {
   struct Spaced {
     std::vector<FieldOf> fields;
     const wchar_t* item;
@@ -263,7 +263,7 @@ TEST(ComposeCodeParams, PutsABlankAheadOfEachFieldOnceThereIsText) {
   for (const Spaced& one : cases) EXPECT_EQ(Filled(L"", PropertiesOf(one.fields)), one.item);
 }
 
-TEST(ComposeCodeParams, GivesWordsToFieldsByPosition) {
+TEST(ComposeCodeParams, AssignsWordsToFieldsByPosition) {
   ExpectFilled(ThreeFields(), {{L"60 A 3", L"P= 60 A 3;"},
                                {L" 60   A ", L"P= 60 A 1 2;"},
                                {L"60", L"P= 60 K 1 2;"},
@@ -294,7 +294,7 @@ TEST(ComposeCodeParams, RemovesSemicolonsFromTheEndsOfAWord) {
                                {L"a=;60 b=;", L"P= 60 K 1 2;"}});
 }
 
-TEST(ComposeCodeParams, GoesByPositionUnlessTheFirstWordHoldsAnEqualsSign) {
+TEST(ComposeCodeParams, AssignsByPositionUnlessTheFirstWordContainsAnEqualsSign) {
   ExpectFilled(ThreeFields(), {{L"60 a=1", L"P= 60 a=1 1 2;"},
                                {L"x b=1", L"P= 5 b=1 1 2;"},
                                {L"a = 1", L"P= 5 = 1;"},
@@ -302,7 +302,7 @@ TEST(ComposeCodeParams, GoesByPositionUnlessTheFirstWordHoldsAnEqualsSign) {
                                {L"=60 a=7", L"P= 7 K 1 2;"}});
 }
 
-TEST(ComposeCodeParams, GivesNamedWordsToFieldsInWhateverOrder) {
+TEST(ComposeCodeParams, AssignsNamedWordsToFieldsInWhateverOrder) {
   ExpectFilled(ThreeFields(), {{L"a=60 b=A c=3", L"P= 60 A 3;"},
                                {L"c=3 b=A a=60", L"P= 60 A 3;"},
                                {L"b=A", L"P= 5 A 1 2;"},
@@ -349,18 +349,18 @@ TEST(ComposeCodeParams, DropsAnItemInWhichANamedWordOfAFieldLacksItsEqualsSign) 
                                {L"x=1 a;", L""}});
 }
 
-TEST(ComposeCodeParams, LooksAtNoWordBehindTheOneOfTheFieldsOwnName) {
+TEST(ComposeCodeParams, IgnoresWordsAfterTheOneWithTheFieldsOwnName) {
   ExpectFilled(ThreeFields(), {{L"a=60 a", L"P= 60 K 1 2;"}, {L"a=60 a2", L"P= 60 K 1 2;"}});
 }
 
-TEST(ComposeCodeParams, LosesToADroppedItemNoneOfItsNeighbours) {
+TEST(ComposeCodeParams, KeepsTheNeighboursOfADroppedItem) {
   const Classificator classificator =
       WithItems({{{L"1", L"Q"}, {L"a=1 b", L"P"}, {L"2", L"Q"}}, {{L"b=2 a", L"P"}, {L"3", L"P"}}});
   EXPECT_EQ(ComposeCodeParams(SectionsOf(classificator), 0, sourceParam, L"=", ThreeFields()),
             L"Q= 1;Q= 2;P= 3 K 1 2;");
 }
 
-TEST(ComposeCodeParams, LosesToAnExceptionOfAnyKindOneItemAlone) {
+TEST(ComposeCodeParams, LosesOnlyOneItemToAnExceptionOfAnyKind) {
   struct FieldWithoutText : Properties::PropertyIntParameter {
     FieldWithoutText() : PropertyIntParameter(L"f", L"", false) {}
     std::wstring GetValue() override { throw 0; }
@@ -384,7 +384,7 @@ TEST(ComposeCodeParams, FillsEachItemAfreshFromTheDomain) {
             L"P= 60 A 3;P= 5 B 1 2;P= 5 K 1 2;");
 }
 
-TEST(ComposeCodeParams, LeavesThePropertiesAsTheyWere) {
+TEST(ComposeCodeParams, LeavesThePropertiesUnchanged) {
   const DomenProperties properties = ThreeFields();
   EXPECT_EQ(Filled(L"60 A 3", properties), L"P= 60 A 3;");
   EXPECT_EQ(properties.at(L"P").fields[0]->GetValue(), L"5");
@@ -400,8 +400,8 @@ TEST(ComposeCodeParams, RemovesQuotationMarksFromTheEndsOfAValue) {
                                {L"60 \"\tA\t\"", L"P= 60 \tA\t 1 2;"}});
 }
 
-// A copy takes blanks and then quotation marks off the ends of a string, so that a layer of both is
-// gone with each copy: here with the one that an item fills.
+// Each copy removes a layer of blanks and quotation marks from the ends of a string. Here it is the
+// copy that an item fills.
 TEST(ComposeCodeParams, PassesValuesOfTheDomainThroughTheirTextOnce) {
   const DomenProperties properties = PropertiesOf({{L"a", typeStr, L"\" \" \" K \" \" \""}});
   EXPECT_EQ(properties.at(L"P").fields[0]->GetValue(), L" \" \" K \" \" ");

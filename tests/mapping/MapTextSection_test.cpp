@@ -33,12 +33,12 @@ Texts PatternsOf(const MapTextSection& section) {
   return patterns;
 }
 
-// Lines enough to have a section cut at them, in spite of the semicolons of a few.
+// Adds lines, so that a section is split at lines in spite of a few semicolons.
 std::wstring CutAtLines(std::wstring_view text) {
   return std::wstring(text) + L"\n!\n!\n!\n!\n!\n!";
 }
 
-// What a header gives to the pattern line under it.
+// Checks what the pattern line under a header gets from it.
 void ExpectHeader(std::wstring_view lines, const std::wstring& code, const Lists& lists) {
   const MapTextSection section = Parsed(CutAtLines(std::wstring(lines) + L"\nwall"));
   ASSERT_FALSE(section.records.empty()) << std::wstring(lines);
@@ -72,7 +72,7 @@ TEST(ParseMapTextSection, ReadsAWholeSection) {
   EXPECT_EQ(SplitTokens(wall.tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
-TEST(ParseMapTextSection, LeavesOfAnEmptyTextTheDefaultCodeAlone) {
+TEST(ParseMapTextSection, ReadsOnlyTheDefaultCodeFromAnEmptyText) {
   EXPECT_EQ(MapTextSection().defaultCode, L"");
   for (const wchar_t* text : {L"", L"\n \n", L";;", L"! comment\n/ comment"}) {
     const MapTextSection section = Parsed(text);
@@ -82,7 +82,7 @@ TEST(ParseMapTextSection, LeavesOfAnEmptyTextTheDefaultCodeAlone) {
   }
 }
 
-TEST(ParseMapTextSection, TellsStatementsByTheirBeginning) {
+TEST(ParseMapTextSection, DistinguishesStatementsByTheirPrefix) {
   struct Case {
     const wchar_t* statement;
     Texts patterns;
@@ -169,7 +169,7 @@ TEST(ParseMapTextSection, ReplacesADomainListByTheNextOne) {
   EXPECT_TRUE(Parsed(L"@@ (A B)\n@@()").domenIds.empty());
 }
 
-TEST(ParseMapTextSection, TakesTheFirstWordBehindADollarSignForTheDefaultCode) {
+TEST(ParseMapTextSection, TakesTheFirstWordAfterADollarSignAsTheDefaultCode) {
   struct Case {
     const wchar_t* statement;
     const wchar_t* code;
@@ -186,7 +186,7 @@ TEST(ParseMapTextSection, TakesTheFirstWordBehindADollarSignForTheDefaultCode) {
   EXPECT_EQ(Parsed(L"$ A\n$ B").defaultCode, L"B");
 }
 
-TEST(ParseMapTextSection, TakesTheFirstWordOfAHeaderForTheCode) {
+TEST(ParseMapTextSection, TakesTheFirstWordOfAHeaderAsTheCode) {
   ExpectHeader(L"@W10", L"W10", {});
   ExpectHeader(L"@ W10 further words", L"W10", {});
   ExpectHeader(L"@\t\u00A0W10", L"W10", {});
@@ -195,19 +195,19 @@ TEST(ParseMapTextSection, TakesTheFirstWordOfAHeaderForTheCode) {
   ExpectHeader(L"@/W10", L"/W10", {});
 }
 
-TEST(ParseMapTextSection, GivesAHeaderOneListForEachOfItsBlocks) {
+TEST(ParseMapTextSection, ReadsOneListFromEachBlockOfAHeader) {
   ExpectHeader(L"@W10 {A=1}", L"W10", {{{L"A", L"1"}}});
   ExpectHeader(L"@W10 {A=1 B=2} {C=3}", L"W10", {{{L"A", L"1"}, {L"B", L"2"}}, {{L"C", L"3"}}});
   ExpectHeader(L"@W10{A=1}{B=2}", L"W10", {{{L"A", L"1"}}, {{L"B", L"2"}}});
   ExpectHeader(L"@W10 {KIND red; X=1}", L"W10", {{{L"KIND", L" red"}, {L"X", L"1"}}});
 }
 
-TEST(ParseMapTextSection, GivesAnEmptyBlockAnEmptyList) {
+TEST(ParseMapTextSection, ReadsAnEmptyListFromAnEmptyBlock) {
   ExpectHeader(L"@W10 {}", L"W10", {{}});
   ExpectHeader(L"@W10 { } {A=1} {}", L"W10", {{}, {{L"A", L"1"}}, {}});
 }
 
-TEST(ParseMapTextSection, IgnoresWhatStandsBetweenAndBehindTheBlocks) {
+TEST(ParseMapTextSection, IgnoresWhatIsBetweenAndAfterTheBlocks) {
   ExpectHeader(L"@W10 {A=1} junk {B=2}", L"W10", {{{L"A", L"1"}}, {{L"B", L"2"}}});
   ExpectHeader(L"@W10 {A=1} } {B=2} junk", L"W10", {{{L"A", L"1"}}, {{L"B", L"2"}}});
 }
@@ -230,7 +230,7 @@ TEST(ParseMapTextSection, EndsTheCodeAtTheFirstOpeningMark) {
   ExpectHeader(L"@W10} x", L"W10}", {});
 }
 
-TEST(ParseMapTextSection, TakesAHeaderOfNothingForAnEmptyCodeWithoutLists) {
+TEST(ParseMapTextSection, ReadsAnEmptyHeaderAsAnEmptyCodeWithoutLists) {
   ExpectHeader(L"@W10 {A=1}\n@", L"", {});
 }
 
@@ -243,14 +243,14 @@ TEST(ParseMapTextSection, KeepsTheHeaderThroughOtherStatements) {
   ExpectHeader(L"@W10 {A=1}\n! x\n$ Z\n@@ (D)\n@$ [ ]\nroof", L"W10", {{{L"A", L"1"}}});
 }
 
-TEST(ParseMapTextSection, GivesEachPatternLineTheListsOfItsHeader) {
+TEST(ParseMapTextSection, AssignsTheListsOfAHeaderToEachOfItsPatternLines) {
   const MapTextSection section = Parsed(L"@W10 {A=1}\nwall\nroof\n@W20 {B=2}\ndoor");
   EXPECT_EQ(ItemsOf(section.records[0]), (Lists{{{L"A", L"1"}}}));
   EXPECT_EQ(ItemsOf(section.records[1]), (Lists{{{L"A", L"1"}}}));
   EXPECT_EQ(ItemsOf(section.records[2]), (Lists{{{L"B", L"2"}}}));
 }
 
-TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
+TEST(ParseMapTextSection, AssignsNeitherCodeNorListsToPatternLinesAboveAllHeaders) {
   const MapTextSection section = Parsed(L"wall\n@W10 {A=1}\nroof");
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(section.records[0].text, L"wall");
@@ -259,7 +259,7 @@ TEST(ParseMapTextSection, GivesPatternLinesAboveAllHeadersNeitherCodeNorLists) {
   EXPECT_EQ(section.records[1].code, L"W10");
 }
 
-TEST(ParseMapTextSection, TakesOtherMarksForTheBlocksBehindThem) {
+TEST(ParseMapTextSection, TakesOtherMarksForTheBlocksAfterThem) {
   ExpectHeader(L"@$ [ ]\n@W10 [A=1]", L"W10", {{{L"A", L"1"}}});
   ExpectHeader(L"@$[ ]\n@W10 [A=1]", L"W10", {{{L"A", L"1"}}});
   ExpectHeader(L"@$   [   ]   ignored\n@W10 [A=1]", L"W10", {{{L"A", L"1"}}});
@@ -267,12 +267,12 @@ TEST(ParseMapTextSection, TakesOtherMarksForTheBlocksBehindThem) {
   ExpectHeader(L"@$ [ ]\n@$ < >\n@W10 [A=1] <B=2>", L"W10", {{{L"B", L"2"}}});
 }
 
-TEST(ParseMapTextSection, TakesBracesForOrdinaryCharactersOnceTheMarksAreOthers) {
+TEST(ParseMapTextSection, TakesBracesAsOrdinaryCharactersOnceTheMarksDiffer) {
   ExpectHeader(L"@$ [ ]\n@W{10} [{A=1}]", L"W{10}", {{{L"{A", L"1}"}}});
   ExpectHeader(L"@$ [ ]\n@W10 {A=1}", L"W10", {});
 }
 
-TEST(ParseMapTextSection, LeavesTheBlocksAboveOtherMarksAsTheyWere) {
+TEST(ParseMapTextSection, LeavesTheBlocksAboveOtherMarksUnchanged) {
   ExpectHeader(L"@W10 {A=1}\n@$ [ ]", L"W10", {{{L"A", L"1"}}});
 }
 
@@ -289,7 +289,7 @@ TEST(ParseMapTextSection, LeavesAllButTheFirstCharacterOfALongMarkInTheBlock) {
   ExpectHeader(L"@$ begin end\n@W10 begin A=1 end", L"W10", {{{L"egin", L" A=1"}}});
 }
 
-TEST(ParseMapTextSection, SeeksEachMarkBehindTheWholeOfTheOneAheadOfIt) {
+TEST(ParseMapTextSection, SearchesForEachMarkAfterTheEndOfThePreviousOne) {
   ExpectHeader(L"@$ || ||\n@W10 |||A=1||", L"W10", {{{L"||A", L"1"}}});
   ExpectHeader(L"@$ ab ba\n@W10 aba A=1 ba", L"W10", {{{L"ba", L" A=1"}}});
   ExpectHeader(L"@$ ab ba\n@W10 ab A=1 bab B=2 ba", L"W10", {{{L"b", L" A=1"}}});
@@ -308,7 +308,7 @@ TEST(ParseMapTextSection, KeepsALineInItsOwnCaseAndItsWordsInCapitals) {
   EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"BASIC", L"WALL"}));
 }
 
-TEST(ParseMapTextSection, CutsPatternLinesAtEveryBlankAndNowhereElse) {
+TEST(ParseMapTextSection, SplitsPatternLinesAtEveryBlankAndNowhereElse) {
   struct Case {
     const wchar_t* line;
     Texts tokens;
@@ -337,7 +337,7 @@ TEST(ParseMapTextSection, MakesCapitalsByTheGlobalLocaleOfTheMoment) {
   EXPECT_EQ(SplitTokens(Parsed(L"стена wall").records[0].tokens), (Texts{L"стена", L"WALL"}));
 }
 
-TEST(ParseMapTextSection, CutsALineOnceItIsInCapitals) {
+TEST(ParseMapTextSection, SplitsALineAfterItIsConvertedToCapitals) {
   const GlobalLocale locale([](wchar_t unit) { return unit == L'_' ? L' ' : unit; });
   const MapTextSection section = Parsed(L"wall_basic");
   EXPECT_EQ(section.records[0].text, L"wall_basic");
@@ -391,7 +391,7 @@ TEST(ParseMapTextSection, KeepsEqualPatternsSideBySide) {
   EXPECT_EQ(section.records[1].code, L"B");
 }
 
-TEST(ParseMapTextSection, TearsAHeaderAtItsSemicolonWhenLinesAreNoMore) {
+TEST(ParseMapTextSection, SplitsAHeaderAtItsSemicolonIfThereAreNoMoreLines) {
   const MapTextSection section = Parsed(L"@W10 {KIND red; X=1}\nwall");
   ASSERT_EQ(section.records.size(), 1u);
   EXPECT_EQ(section.records[0].code, L"W10");
@@ -400,7 +400,7 @@ TEST(ParseMapTextSection, TearsAHeaderAtItsSemicolonWhenLinesAreNoMore) {
   EXPECT_EQ(SplitTokens(section.records[0].tokens), (Texts{L"X=1}\nWALL"}));
 }
 
-TEST(ParseMapTextSection, ReadsASectionOnOneLineCutAtSemicolons) {
+TEST(ParseMapTextSection, ReadsASectionOnOneLineSplitAtSemicolons) {
   const MapTextSection section = Parsed(L"@@(D1); $ Z99; @W10 {A=1}; wall; basic wall");
   EXPECT_EQ(section.domenIds, (Texts{L"D1"}));
   EXPECT_EQ(section.defaultCode, L"Z99");
@@ -491,7 +491,7 @@ TEST(MapTextRecord, HasNoItemsWithoutAHeader) {
   EXPECT_TRUE(ReadItemLists(MapTextRecord()).empty());
 }
 
-// The file may be nearly all patterns, which then keep it, or hold much else.
+// If the file is nearly all patterns, they keep it; otherwise it has much else.
 TEST(MapTextRecord, OutlivesTheClassificatorOfItsFile) {
   const TempFolder folder;
   const std::string section = "==MAPTEXT\n@W10 {A=1}\nbasic wall\n";
@@ -507,7 +507,7 @@ TEST(MapTextRecord, OutlivesTheClassificatorOfItsFile) {
   }
 }
 
-// Otherwise a small file of many items and many patterns would need their product in memory.
+// Otherwise a small file of many items and patterns would take memory for their product.
 TEST(ParseMapTextSection, SharesTheItemsOfAHeaderAmongItsPatterns) {
   std::wstring text = L"@A {";
   for (int i = 0; i < 20'000; ++i) text += L"P=1 ";

@@ -1,4 +1,4 @@
-// The composing of mapping strings, from files on disk to what the add-in gets.
+// Tests of mapping strings, from files on disk to the exports.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ constexpr std::string_view worked =
 
 constexpr int sourcesOfNothing[] = {0, 3, -1, INT_MAX, INT_MIN};
 
-// The mapping string of "wall" with the items of one header, ahead of the domain A, which holds the
+// Returns the mapping string of "wall" with the items of one header. The domain A has the
 // properties GRADE and LEN of the worked file, EMPTY without fields, and LIST.
 std::wstring WallOf(std::string_view header) {
   LoadedScheme scheme(std::string("==MAPTEXT\n@@ (A)\n")
@@ -71,7 +71,7 @@ TEST(GetMappingStr, ComposesMarksParameterNameCodeAndItems) {
             L"[[ClassCode W10;GRADE= 60 A;LEN= 1 2;]]");
 }
 
-TEST(GetMappingStr, GivesTheDefaultCodeWithoutItemsToATextThatFitsNothing) {
+TEST(GetMappingStr, HasTheDefaultCodeWithoutItemsForATextThatMatchesNothing) {
   LoadedScheme scheme(worked);
   scheme.editor.SetStartMark(L"[[");
   scheme.editor.SetEndMark(L"]]");
@@ -109,7 +109,7 @@ TEST(GetMappingStr, BeginsWithTheParameterNameWithoutAStartMark) {
             L"ClassCode W10;GRADE= 60 A;LEN= 1 2;");
 }
 
-TEST(GetMappingStr, WritesTheMarksAsTheyWereSetThoughTheirGettersAddABlank) {
+TEST(GetMappingStr, WritesTheMarksUnchangedThoughTheirGettersAddABlank) {
   LoadedScheme scheme(worked);
   scheme.editor.SetStartMark(L"<");
   scheme.editor.SetEndMark(L">");
@@ -121,7 +121,7 @@ TEST(GetMappingStr, WritesTheMarksAsTheyWereSetThoughTheirGettersAddABlank) {
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"Roof", 1, L"")), L" начало ClassCode Z99;;\n");
 }
 
-TEST(GetMappingStr, WritesTheSemicolonBehindACodeWithoutItems) {
+TEST(GetMappingStr, WritesTheSemicolonAfterACodeWithoutItems) {
   EXPECT_EQ(WallOf("@W"), L"ClassCode W;");
   EXPECT_EQ(WallOf("@W {}"), L"ClassCode W;");
 }
@@ -135,7 +135,7 @@ TEST(GetMappingStr, WritesAnEmptyCodeWhereThereIsNone) {
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"wall", 1, L"=")), L"[[ClassCode ;]]");
 }
 
-TEST(GetMappingStr, KeepsTheBlankBehindAnEmptyParameterName) {
+TEST(GetMappingStr, KeepsTheBlankAfterAnEmptyParameterName) {
   TempFolder folder;
   const std::wstring file = folder.Write("s.txt", "==MAPTEXT\n@W\nwall\n");
   RevitMappingEditorDll editor(L"", L"");
@@ -144,13 +144,13 @@ TEST(GetMappingStr, KeepsTheBlankBehindAnEmptyParameterName) {
   EXPECT_EQ(Take(editor.GetMappingStr(L"wall", 1, L"=")), L" W;");
 }
 
-TEST(GetMappingStr, OpensWithTheTextThatTheParameterNamesGetterGives) {
+TEST(GetMappingStr, StartsWithTheTextThatTheParameterNamesGetterReturns) {
   LoadedScheme scheme(worked);
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"Roof", 1, L"")),
             Take(scheme.editor.GetActiveClassificatorParamName()) + L" Z99;");
 }
 
-TEST(GetMappingStr, PutsTheSuffixBehindTheIdWithNothingBetween) {
+TEST(GetMappingStr, PutsTheSuffixRightAfterTheId) {
   LoadedScheme scheme(worked);
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"basic wall", 1, L"")),
             L"ClassCode W10;GRADE 60 A;LEN 1 2;");
@@ -173,7 +173,7 @@ TEST(GetMappingStr, KeepsTheDomainsValueWhereAFieldRefusesItsOwn) {
   EXPECT_EQ(WallOf("@W {GRADE=x,A LEN:a=1;5,b=y}"), L"ClassCode W;GRADE= 30 A;LEN= 0.5 0.25;");
 }
 
-TEST(GetMappingStr, IgnoresASemicolonBehindAValue) {
+TEST(GetMappingStr, IgnoresASemicolonAfterAValue) {
   EXPECT_EQ(WallOf("@W {GRADE=60;,A;}"), L"ClassCode W;GRADE= 60 A;");
 }
 
@@ -224,7 +224,7 @@ TEST(GetMappingStr, TakesAPropertyFromTheFirstDomainOfTheListThatHoldsIt) {
   }
 }
 
-TEST(GetMappingStr, LooksInDomainsOfOtherFilesWhateverDomainIsActive) {
+TEST(GetMappingStr, SearchesDomainsOfOtherFilesWhateverDomainIsActive) {
   LoadedScheme scheme("==MAPTEXT\n@@ (D1)\n@W {P=5}\nwall\n");
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"wall", 1, L"=")), L"ClassCode W;");
   const std::wstring file =
@@ -252,9 +252,9 @@ TEST(GetMappingStr, ReadsNoOlderStringOutOfTheText) {
             L"[[ClassCode D20;]]");
 }
 
-// A word of a domain file holds no blank, so that tabs have to stand for the blanks that a copy
-// trims. The reading takes off the outer marks, the collecting of the properties one layer of tabs
-// and marks, and the copy that the item fills another.
+// A word of a domain file has no blanks, so tabs are used as the white space that a copy trims.
+// Reading removes the outer marks, collecting the properties removes one layer of tabs and marks,
+// and the copy that the item fills another.
 TEST(GetMappingStr, PassesDomainValuesThroughTheirTextTwice) {
   struct Case {
     const char* type;
@@ -329,7 +329,7 @@ TEST(GetMappingStr, ComposesAlikeFromAFileWithCarriageReturns) {
             L"ClassCode W10;GRADE= 60 A;LEN= 1 2;");
 }
 
-TEST(GetMappingStr, TakesWhatStandsAheadOfBytesThatAreNoText) {
+TEST(GetMappingStr, TakesWhatIsBeforeBytesThatAreNoText) {
   LoadedScheme scheme(
       "==MAPTEXT\n$ Z\n@W\nwall\n@R\nro\xFF"
       "of\ndoor\n"s);
@@ -338,7 +338,7 @@ TEST(GetMappingStr, TakesWhatStandsAheadOfBytesThatAreNoText) {
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"door", 1, L"")), L"ClassCode Z;");
 }
 
-TEST(GetMappingStr, EndsAtTheFirstNulThatAFileBringsIn) {
+TEST(GetMappingStr, EndsAtTheFirstNulOfAFile) {
   LoadedScheme scheme("==MAPTEXT\n@W\0X {A}\nwall\n"s);
   EXPECT_EQ(Take(scheme.editor.GetMappingStr(L"wall", 1, L"=")), L"ClassCode W");
 }
@@ -361,7 +361,7 @@ TEST(GetMappingStr, WritesAHundredThousandItems) {
   EXPECT_EQ(WallOf("@W " + blocks), L"ClassCode W;" + items);
 }
 
-TEST(GetClaccificatorCodeParams, GivesTheItemsAlone) {
+TEST(GetClaccificatorCodeParams, ReturnsTheItemsAlone) {
   LoadedScheme scheme(worked);
   scheme.editor.SetStartMark(L"[[");
   scheme.editor.SetEndMark(L"]]");
@@ -369,7 +369,7 @@ TEST(GetClaccificatorCodeParams, GivesTheItemsAlone) {
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCodeParams(1, 1, L"=")), L"GRADE= 60 A;LEN= 1 2;");
 }
 
-TEST(GetClaccificatorCodeParams, GivesNothingForACodeWithoutItems) {
+TEST(GetClaccificatorCodeParams, ReturnsNothingForACodeWithoutItems) {
   LoadedScheme scheme(worked);
   EXPECT_EQ(Take(scheme.editor.GetClaccificatorCodeParams(0, 1, L"=")), L"");
   for (const int source : {1, 2, 0, 3, -1}) {
@@ -377,7 +377,7 @@ TEST(GetClaccificatorCodeParams, GivesNothingForACodeWithoutItems) {
   }
 }
 
-TEST(GetClaccificatorCodeParams, GivesNothingOutOfParamOrAnyOtherSource) {
+TEST(GetClaccificatorCodeParams, ReturnsNothingFromParamOrAnyOtherSource) {
   LoadedScheme scheme(worked);
   for (const int source : {2, 0, 3, -1}) {
     EXPECT_EQ(Take(scheme.editor.GetClaccificatorCodeParams(1, source, L"=")), L"") << source;

@@ -20,7 +20,7 @@ struct Case {
   ItemTexts items;
 };
 
-// What is parsed out of tokens in which braces are ordinary characters.
+// Parses tokens in which braces are ordinary characters.
 void ExpectItems(const std::vector<Case>& cases) {
   for (const Case& one : cases) {
     Tokens tokens = one.tokens;
@@ -29,7 +29,7 @@ void ExpectItems(const std::vector<Case>& cases) {
   }
 }
 
-// The same, with the braces at the ends of each token removed.
+// The same, with the braces at the ends of tokens removed.
 void ExpectItemsWithoutBraces(const std::vector<Case>& cases) {
   for (const Case& one : cases) {
     Tokens tokens = one.tokens;
@@ -49,11 +49,11 @@ TEST(ParseParamItems, KnowsSixForms) {
   });
 }
 
-TEST(ParseParamItems, GivesNoItemWithoutAToken) {
+TEST(ParseParamItems, ReturnsNoItemWithoutAToken) {
   ExpectItems({{{}, {}}, {{L""}, {}}, {{L" \t\n", L"\u00A0"}, {}}});
 }
 
-TEST(ParseParamItems, TakesEachTokenWithAnEqualsSignForAWholeItem) {
+TEST(ParseParamItems, TakesEachTokenWithAnEqualsSignAsAWholeItem) {
   ExpectItems({
       {{L"A=1", L"B=2"}, {{L"A", L"1"}, {L"B", L"2"}}},
       {{L"T:a=1,b=2", L"U=3"}, {{L"T", L"a=1 b=2"}, {L"U", L"3"}}},
@@ -71,7 +71,7 @@ TEST(ParseParamItems, SplitsAWholeItemAtAColonBeforeAnEqualsSign) {
   });
 }
 
-TEST(ParseParamItems, GivesAWholeItemNoValuesUnlessItHasExactlyTwoPieces) {
+TEST(ParseParamItems, ReadsNoValuesFromAWholeItemUnlessItHasExactlyTwoPieces) {
   ExpectItems({
       {{L"A:b:c=1"}, {{L"A", L""}}},
       {{L"A=1=2=3"}, {{L"A", L""}}},
@@ -106,7 +106,7 @@ TEST(ParseParamItems, LeavesCommasOfPlainAndNamedWords) {
   });
 }
 
-TEST(ParseParamItems, TakesATokenWithoutAnEqualsSignForANameWhateverElseItHolds) {
+TEST(ParseParamItems, TakesATokenWithoutAnEqualsSignAsANameWhateverElseItHolds) {
   ExpectItems({
       {{L"LEN:a", L"b"}, {{L"LEN:a", L" b"}}},
       {{L"W10;", L"b"}, {{L"W10;", L" b"}}},
@@ -116,7 +116,7 @@ TEST(ParseParamItems, TakesATokenWithoutAnEqualsSignForANameWhateverElseItHolds)
   });
 }
 
-TEST(ParseParamItems, DecidesBetweenPlainAndNamedByTheFirstTokenBehindTheName) {
+TEST(ParseParamItems, DecidesBetweenPlainAndNamedByTheFirstTokenAfterTheName) {
   ExpectItems({
       {{L"P", L"q", L"x=1", L"y=1=2"}, {{L"P", L" q x=1 y=1=2"}}},
       {{L"P", L"x=1", L"q"}, {{L"P", L" x=1"}, {L"q", L""}}},
@@ -144,7 +144,7 @@ TEST(ParseParamItems, EndsAPlainItemAtASemicolonAndReadsTheRestOfTheTokenAgain) 
   });
 }
 
-TEST(ParseParamItems, TakesTheRestOfACutTokenForANameOrAWholeItemSemicolonsIncluded) {
+TEST(ParseParamItems, TakesTheRestOfASplitTokenAsANameOrAWholeItemWithItsSemicolons) {
   ExpectItems({
       {{L"P", L"q;;r"}, {{L"P", L" q"}, {L";r", L""}}},
       {{L"P", L"q;r;s", L"t"}, {{L"P", L" q"}, {L"r;s", L" t"}}},
@@ -190,7 +190,7 @@ TEST(ParseParamItems, ClosesAnOpenItemAtTheLastToken) {
   });
 }
 
-TEST(ParseParamItems, LosesAnOpenItemBehindWhichTheLastTokenIsEmpty) {
+TEST(ParseParamItems, LosesAnOpenItemFollowedByAnEmptyLastToken) {
   ExpectItems({
       {{L"P", L""}, {}},
       {{L"P", L"q", L" \t"}, {}},
@@ -215,7 +215,7 @@ TEST(ParseParamItems, TrimsTokensAndThePiecesOfWholeItems) {
   });
 }
 
-TEST(ParseParamItems, TakesBracesForOrdinaryCharactersUnlessToldToStripThem) {
+TEST(ParseParamItems, TakesBracesAsOrdinaryCharactersUnlessToldToStripThem) {
   ExpectItems({
       {{L"{A}"}, {{L"{A}", L""}}},
       {{L"{A=1}"}, {{L"{A", L"1}"}}},
@@ -234,7 +234,7 @@ TEST(ParseParamItems, StripsBracesFromTheEndsOfEachToken) {
   });
 }
 
-TEST(ParseParamItems, LosesAnOpenItemBehindWhichBracesStandAlone) {
+TEST(ParseParamItems, LosesAnOpenItemFollowedByBracesAlone) {
   ExpectItemsWithoutBraces({
       {{L"W10", L"{", L"GRADE=60", L"LEN=2", L"}"}, {}},
       {{L"W10", L"{", L"red", L"}"}, {}},

@@ -33,7 +33,7 @@ Texts CodesOf(const ParamSection& section) {
   return codes;
 }
 
-// The one record that a statement makes.
+// Expects that the statement makes one record.
 void ExpectRecord(std::wstring_view statement, const std::wstring& code, const ItemTexts& items) {
   const ParamSection section = Parsed(statement);
   ASSERT_EQ(section.records.size(), 1u) << std::wstring(statement);
@@ -42,7 +42,7 @@ void ExpectRecord(std::wstring_view statement, const std::wstring& code, const I
       << std::wstring(statement);
 }
 
-TEST(SplitStatements, CutsAtSemicolonsUnlessTheLinesAreMore) {
+TEST(SplitStatements, SplitsAtSemicolonsUnlessThereAreMoreLines) {
   struct Case {
     const wchar_t* text;
     Texts statements;
@@ -61,7 +61,7 @@ TEST(SplitStatements, CutsAtSemicolonsUnlessTheLinesAreMore) {
   for (const Case& one : cases) EXPECT_EQ(Statements(one.text), one.statements) << one.text;
 }
 
-TEST(SplitStatements, CutsLinesThatEndInSemicolonsAtTheSemicolons) {
+TEST(SplitStatements, SplitsLinesThatEndInSemicolonsAtTheSemicolons) {
   EXPECT_EQ(Statements(L"a;\nb;\nc;"), (Texts{L"a", L"b", L"c", L""}));
 }
 
@@ -80,11 +80,11 @@ TEST(SplitStatements, TrimsThePieces) {
   EXPECT_EQ(Statements(L" a\t\r\n\u00A0b \r\n"), (Texts{L"a", L"b", L""}));
 }
 
-TEST(SplitStatements, TakesNoOtherLineEndForALineFeed) {
+TEST(SplitStatements, TakesNoOtherLineEndAsALineFeed) {
   EXPECT_EQ(Statements(L"a\rb\vc\u2028d"), (Texts{L"a\rb\vc\u2028d"}));
 }
 
-TEST(SplitStatements, CutsAtAMillionSeparators) {
+TEST(SplitStatements, SplitsAtAMillionSeparators) {
   constexpr std::size_t size = 1'000'000;
   EXPECT_EQ(Statements(std::wstring(size, L'\n')).size(), size + 1);
   EXPECT_EQ(Statements(std::wstring(size, L';')).size(), size + 1);
@@ -95,13 +95,13 @@ TEST(ParseParamSection, MakesNoRecordOutOfAnEmptyText) {
   EXPECT_TRUE(Parsed(L" \n\t;;\n").records.empty());
 }
 
-TEST(ParseParamSection, TakesTheFirstTokenForTheCodeAndForTheFirstItem) {
+TEST(ParseParamSection, TakesTheFirstTokenAsTheCodeAndAsTheFirstItem) {
   ExpectRecord(L"W10", L"W10", {{L"W10", L""}});
   ExpectRecord(L"W10 red green", L"W10", {{L"W10", L" red green"}});
   ExpectRecord(L"W10 x=1", L"W10", {{L"W10", L" x=1"}});
 }
 
-TEST(ParseParamSection, TakesAFirstTokenWithAnEqualsSignForTheCodeAndForAWholeItem) {
+TEST(ParseParamSection, TakesAFirstTokenWithAnEqualsSignAsTheCodeAndAsAWholeItem) {
   ExpectRecord(L"A=1 B=2", L"A=1", {{L"A", L"1"}, {L"B", L"2"}});
   ExpectRecord(L"T:a=1,b=2 U=3", L"T:a=1,b=2", {{L"T", L"a=1 b=2"}, {L"U", L"3"}});
 }
@@ -125,7 +125,7 @@ TEST(ParseParamSection, TakesTheCodeAsTheItemsLeftItsToken) {
   ExpectRecord(L"{\t{W10 red", L"{W10", {{L"{W10", L" red"}});
 }
 
-TEST(ParseParamSection, ReadsTheRestOfATokenBehindASemicolonAgain) {
+TEST(ParseParamSection, ReadsTheRestOfATokenAfterASemicolonAgain) {
   const ParamSection section = Parsed(L"P q r;s=1\nQ\nR");
   ASSERT_EQ(section.records.size(), 3u);
   EXPECT_EQ(section.records[0].code, L"P");
@@ -133,14 +133,14 @@ TEST(ParseParamSection, ReadsTheRestOfATokenBehindASemicolonAgain) {
             (std::vector<ItemTexts>{{{L"P", L" q r"}, {L"s", L"1"}}}));
 }
 
-TEST(ParseParamSection, CutsTheSameStatementAtItsSemicolonWhenLinesAreNoMore) {
+TEST(ParseParamSection, SplitsTheSameStatementAtItsSemicolonIfThereAreNoMoreLines) {
   const ParamSection section = Parsed(L"P q r;s=1");
   ASSERT_EQ(section.records.size(), 2u);
   EXPECT_EQ(TextsOf(section.records[0].itemLists), (std::vector<ItemTexts>{{{L"P", L" q r"}}}));
   EXPECT_EQ(section.records[1].code, L"s=1");
 }
 
-TEST(ParseParamSection, TakesALineFeedInAStatementForACharacterOfItsToken) {
+TEST(ParseParamSection, TakesALineFeedInAStatementAsPartOfItsToken) {
   ExpectRecord(L"A x\ny z;", L"A", {{L"A", L" x\ny z"}});
 }
 
@@ -200,13 +200,13 @@ TEST(ParseParamSection, TakesAMillionEmptyStatements) {
   EXPECT_TRUE(Parsed(std::wstring(1'000'000, L';')).records.empty());
 }
 
-TEST(FindItemLists, GivesTheListsOfTheFirstRecordOfTheCode) {
+TEST(FindItemLists, ReturnsTheListsOfTheFirstRecordOfTheCode) {
   const ParamSection section = Parsed(L"A one\nB\nA two");
   EXPECT_EQ(section.records.size(), 3u);
   EXPECT_EQ(TextsOf(FindItemLists(section, L"A")), (std::vector<ItemTexts>{{{L"A", L" one"}}}));
 }
 
-TEST(FindItemLists, GivesNothingForAnUnknownCode) {
+TEST(FindItemLists, ReturnsNothingForAnUnknownCode) {
   const ParamSection section = Parsed(L"W10 red");
   for (const wchar_t* code : {L"W1", L"W100", L"w10", L" W10", L"W10 "}) {
     EXPECT_TRUE(FindItemLists(section, code).empty()) << code;
@@ -215,20 +215,20 @@ TEST(FindItemLists, GivesNothingForAnUnknownCode) {
   EXPECT_TRUE(FindItemLists(ParamSection(), L"W10").empty());
 }
 
-TEST(FindItemLists, GivesNothingForAnEmptyCodeThoughARecordMayHaveIt) {
+TEST(FindItemLists, ReturnsNothingForAnEmptyCodeThoughARecordMayHaveIt) {
   const ParamSection section = Parsed(L"{ A=1");
   ASSERT_EQ(section.records.at(0).code, L"");
   EXPECT_TRUE(FindItemLists(section, L"").empty());
 }
 
-TEST(FindItemLists, GivesAllListsOfARecordEmptyOnesIncluded) {
+TEST(FindItemLists, ReturnsAllListsOfARecordEmptyOnesIncluded) {
   ParamSection section;
   section.records.push_back({L"A", {{{L"1", L"P"}}, {}, {{L"2", L"Q"}, {L"3", L"R"}}}});
   EXPECT_EQ(TextsOf(FindItemLists(section, L"A")),
             (std::vector<ItemTexts>{{{L"P", L"1"}}, {}, {{L"Q", L"2"}, {L"R", L"3"}}}));
 }
 
-TEST(GetPropertyIds, GivesEachIdOfTheFirstRecordOnceInTheOrderOfCodeUnits) {
+TEST(GetPropertyIds, ReturnsEachIdOfTheFirstRecordOnceInTheOrderOfCodeUnits) {
   const ParamSection section = Parsed(L"b=1 C=2 a=3 C=4 ab=5 Ж=6 a=7 a0=8\nb=1 Z=9");
   EXPECT_EQ(GetPropertyIds(section, L"b=1"), (Texts{L"C", L"a", L"a0", L"ab", L"b", L"Ж"}));
 }
@@ -239,7 +239,7 @@ TEST(GetPropertyIds, GathersTheIdsOfAllLists) {
   EXPECT_EQ(GetPropertyIds(section, L"A"), (Texts{L"", L"P", L"Q"}));
 }
 
-TEST(GetPropertyIds, GivesNothingForAnEmptyOrUnknownCode) {
+TEST(GetPropertyIds, ReturnsNothingForAnEmptyOrUnknownCode) {
   const ParamSection section = Parsed(L"{ A=1\nW10 red");
   for (const wchar_t* code : {L"", L"w10", L"W1"}) {
     EXPECT_TRUE(GetPropertyIds(section, code).empty()) << code;

@@ -14,7 +14,7 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-// Remembered items beside the domains that they are of.
+// Remembered items and their domains.
 class Remembering {
  public:
   std::wstring Find(int codeId) const {
@@ -78,7 +78,7 @@ TEST(RememberedItems, AreNoneForAnotherListOfDomains) {
   EXPECT_EQ(one.Find(0), L"xx");
 }
 
-TEST(RememberedItems, AreNotThoseOfACopyOrOfWhatIsAssigned) {
+TEST(RememberedItems, AreNotSharedWithACopyOrByAnAssignment) {
   Remembering one;
   one.Keep(0, 1);
   const RememberedItems copy = one.remembered;
@@ -96,7 +96,7 @@ TEST(RememberedItems, AreNoneOnceTheyAreForgotten) {
 }
 
 TEST(RememberedItems, BeginAnewWhereTheyWouldFillTheMemory) {
-  constexpr std::size_t many = 12'500'000;  // half of what they may hold
+  constexpr std::size_t many = 12'500'000;  // half of the bound
   Remembering one;
   one.Keep(0, many);
   one.Keep(1, many);
@@ -113,7 +113,7 @@ TEST(RememberedItems, BeginAnewWhereTheyWouldFillTheMemory) {
   EXPECT_NE(one.Find(4), L"none");
 }
 
-// However long they are, the caller gets them.
+// The caller gets them, however long they are.
 TEST(RememberedItems, KeepOneThatIsLongerThanTheirBound) {
   constexpr std::size_t beyond = 30'000'000;
   Remembering one;

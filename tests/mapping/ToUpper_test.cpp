@@ -21,7 +21,7 @@ TEST(ToUpper, TurnsSmallLatinLettersIntoCapitals) {
   EXPECT_EQ(ToUpper(L"az AZ 09_{"), L"AZ AZ 09_{");
 }
 
-TEST(ToUpper, GivesAnEmptyTextForAnEmptyOne) {
+TEST(ToUpper, ReturnsAnEmptyTextForAnEmptyOne) {
   EXPECT_EQ(ToUpper(L""), L"");
 }
 
@@ -59,7 +59,7 @@ TEST(ToUpper, KeepsTheLengthOfTheText) {
   EXPECT_EQ(ToUpper(text).size(), text.size());
 }
 
-TEST(ToUpper, GoesOnBehindANul) {
+TEST(ToUpper, GoesOnAfterANul) {
   EXPECT_EQ(ToUpper(L"a\0b"s), L"A\0B"s);
 }
 

@@ -1,6 +1,5 @@
-// Codes and mapping strings through the exports, held against their naive forms on the same files,
-// while all that an answer depends on changes by chance: what an editor may remember must never
-// show.
+// Tests that codes and mapping strings of the exports equal those of the naive forms, while all
+// that they depend on changes at random: caches must never show.
 
 #include <gtest/gtest.h>
 
@@ -30,8 +29,8 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// An editor, and beside it what the editor is to hold. A copy of the one goes with a copy of the
-// other; there are no moves, as an editor has none.
+// An editor and the records that it must have. Both are copied together; there are no moves,
+// because an editor has none.
 struct Twins {
   Twins() : editor(L"", L"") {}
   Twins(const Twins& other) = default;
@@ -52,7 +51,7 @@ struct Twins {
     ASSERT_EQ(editor.CreateDomen(file.c_str()), store.LoadDomen(file, L""));
   }
 
-  // Of equal ids the first is meant.
+  // Of equal ids the first one is selected.
   void SetActiveClassificator(const std::wstring& id) {
     const int status = editor.SetActiveClassificator(id.c_str());
     for (std::size_t i = 0; i < ids.size(); ++i) {
@@ -88,7 +87,7 @@ const Lines fieldNames = {"a", "ab", "b", "c"};
 const Lines textTypes = {"int", "real", "str", "str", "ilist", "rlist", "slist", "slist"};
 const Lines jsonTypes = {"i", "r", "s", "s", "ai", "ar", "as", "as"};
 
-// Words without a blank. The white space in some of them is none that separates words.
+// Words without a blank. The white space in some of them doesn't separate words.
 const Lines words = {"1",
                      "12",
                      "30",
@@ -108,8 +107,8 @@ const Lines words = {"1",
                      "\xC2\xA0\"\xC2\xA0",
                      "Я"};
 
-// Values of a configuration file, with layers of blanks and quotation marks: each copy of a
-// property takes one off.
+// Values of a configuration file, with layers of blanks and quotation marks, of which each copy of
+// a property removes one.
 const Lines jsonTexts = {"x",
                          "1 2",
                          "",
@@ -165,7 +164,7 @@ class Round {
     return value;
   }
 
-  // "name=value", and now and then something less.
+  // Returns "name=value", and sometimes only a part of it.
   std::string Named() {
     std::string name = random.OneOf(fieldNames);
     if (random.OneIn(3)) name += random.OneOf(fieldNames);
@@ -284,7 +283,7 @@ class Round {
         return;
       }
       case 6:
-        // Where the library has a runtime of its own, it doesn't see the locale.
+        // A library with its own runtime doesn't see the locale.
         if (oneRuntime) locale.emplace(random.OneOf(uppers));
         return;
       default:

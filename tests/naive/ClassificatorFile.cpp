@@ -14,8 +14,8 @@ bool EndsLine(wchar_t unit) {
   return unit == L'\n' || unit == L'\r' || unit == 0x2028 || unit == 0x2029;
 }
 
-// A match of the expression `\((.*)\)` from this place on: its capture, in `capture`. The dot takes
-// as much as it can, and nothing that ends a line.
+// Returns whether the expression `\((.*)\)` matches at this place, and its capture. The dot is
+// greedy and doesn't match line terminators.
 bool MatchesAt(const std::wstring& entry, std::size_t start, std::wstring& capture) {
   if (entry[start] != L'(') return false;
   std::size_t end = start + 1;

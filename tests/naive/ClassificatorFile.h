@@ -7,7 +7,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
-// All that a classificator file says.
+// The contents of a classificator file.
 struct ClassificatorFile {
   std::wstring classTitle;
   std::wstring classFirstWord;

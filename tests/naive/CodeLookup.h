@@ -8,7 +8,7 @@ namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
 bool Matches(const MapTextRecord& record, std::wstring text);
 
-// The walk over the records, from the first to the one that matches.
+// A linear scan of the records for the first match.
 int FindCodeId(const MapTextSection& section, std::wstring text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

@@ -8,7 +8,7 @@
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 namespace {
 
-// The value of a digit of any script that the runtime of Windows knows, or -1.
+// Returns the value of a digit of any script that the Windows runtime knows, or -1.
 int DigitOf(wchar_t unit) {
   const std::wstring zeros =
       L"0\u0660\u06F0\u0966\u09E6\u0A66\u0AE6\u0B66\u0C66\u0CE6\u0D66\u0E50\u0ED0\u0F20\u1040\u17E0"
@@ -61,7 +61,7 @@ int ReadLeadingInt(std::wstring text) {
   for (const wchar_t unit : text) {
     const int digit = DigitOf(unit);
     if (digit < 0) break;
-    // Far beyond 32 bits, and far from the end of 64.
+    // Saturates far beyond 32 bits, without overflowing 64.
     number = std::min(10 * number + digit, 1'000'000'000'000LL);
   }
   if (negative) number = -number;

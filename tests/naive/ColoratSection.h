@@ -18,7 +18,7 @@ struct ColoratTable {
 
 int ParseColoratSection(ColoratTable table, std::wstring text);
 
-// `_wtoi` of Windows.
+// Behaves as `_wtoi` of Windows.
 int ReadLeadingInt(std::wstring text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

@@ -1,5 +1,5 @@
-// The composition of items out of records and stores that were made by hand, held against its naive
-// form: what no file can say is in here too.
+// Tests that the composition of items equals its naive form, with records and stores made by hand,
+// which may contain what no file can express.
 
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ struct Round {
     return lists;
   }
 
-  // Item blocks as a header has them: items of one token, or of a name and what follows it.
+  // Returns item blocks of a header: items of one token, or of a name and its words.
   std::wstring Blocks() {
     std::wstring blocks;
     for (std::size_t count = random.Below(3); count > 0; --count) {
@@ -140,7 +140,7 @@ struct Round {
 
 using Outcome = std::pair<std::string, std::wstring>;
 
-// The text that a call gives, with the exception that it may end in.
+// Returns the text of a call, or the message of its exception.
 template <class Call>
 Outcome OutcomeOf(const Call& call) {
   std::wstring text;

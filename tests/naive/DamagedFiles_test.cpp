@@ -1,5 +1,5 @@
-// Files that end at each of their bytes, and files of which one byte is another: whatever can still
-// be read of them, the exports answer as the naive forms do.
+// Tests that the exports answer as the naive forms for files that are truncated at any byte, and
+// for files with any byte replaced by another.
 
 #include <gtest/gtest.h>
 
@@ -27,8 +27,8 @@ bool SameAnswers(const TempFolder& folder, const std::string& fileName, const st
   return AnswersOf(editor, naive, richQuestions) == AnswersOf(naive, richQuestions);
 }
 
-// What the byte at a place may have become: another in one bit or in all, and a sign that files are
-// built of, each of which has its turn.
+// Returns replacements for the byte at a place: with one or all bits flipped, and one of the
+// format's signs in turn.
 std::vector<char> OtherBytes(std::string_view bytes, std::size_t place) {
   constexpr std::string_view signs("\n;@= {}()[]\"'\\/,:$!-.0\0\x1A\xF0", 26);
   std::vector<char> others = {signs[place % signs.size()]};
@@ -74,7 +74,7 @@ TEST(DamagedFiles, AgreeWithTheNaiveFormsWhicheverByteIsMissing) {
   }
 }
 
-// The richFiles say enough that an answer depends on nearly each of their bytes.
+// Nearly every byte of `richFiles` affects an answer.
 TEST(DamagedFiles, AreWholeAtFirst) {
   const TempFolder folder;
   Editor editor(L"", L"");

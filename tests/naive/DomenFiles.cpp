@@ -88,13 +88,12 @@ void TakeEntry(DomenStore& store, Context& context, std::wstring entry) {
   }
 }
 
-// Strings pass the configuration library with a NUL behind them, and so end at the first one.
+// The configuration library passes NUL-terminated strings, which end at their first NUL.
 std::wstring UpToNul(std::wstring text) {
   return text.substr(0, text.find(L'\0'));
 }
 
-// A section or an element of one, with the requests that are made of it. One that is absent has
-// nothing.
+// A section or an element of one, with its requests. An absent one has nothing.
 class Element {
  public:
   Element(const Json5& root, std::wstring section, std::wstring item) {
@@ -132,7 +131,7 @@ class Element {
     return texts;
   }
 
-  bool found = false;  // whether the last request was answered from the file
+  bool found = false;  // whether the file had the value of the last request
 
  private:
   static const Json5* Object(const Json5& parent, std::wstring key) {
@@ -203,7 +202,7 @@ Json5 EmptyObject() {
   return value;
 }
 
-// The element of an object, a new one unless it is there.
+// Returns the member of an object; adds it if it is missing.
 Json5& ObjectAt(Json5& parent, std::wstring key) {
   return parent.members.try_emplace(UpToNul(key), EmptyObject()).first->second;
 }
@@ -220,7 +219,7 @@ void WriteProperty(Json5& root, std::wstring key, const DomenProperty& property)
   element.members[L"asFuncsNames"] = ArrayOf(fieldNames);
 }
 
-// Each under the code of the type before its own.
+// Writes each type as the code of the previous type.
 void WriteField(Json5& root, const Properties::PropertyParameter& field) {
   Json5& element = ObjectAt(ObjectAt(root, L"ArrayValueFields"), field.name);
   element.members[L"sName"] = StringOf(field.title);
@@ -234,7 +233,7 @@ void WriteField(Json5& root, const Properties::PropertyParameter& field) {
   if (type.back() == L's') element.members[L"sDefault"] = StringOf(L"");
 }
 
-// The only element of a section, if it has no name, is the section itself.
+// If the only element of a section has no name, it is the section itself.
 void FoldNameless(Json5& root, std::wstring section) {
   const auto found = root.members.find(section);
   if (found == root.members.end()) return;
@@ -263,7 +262,7 @@ void LoadDomenText(DomenStore& store, std::string bytes) {
 
 void LoadDomenJson(DomenStore& store, std::wstring id, std::string bytes) {
   const std::wstring text = DecodeUtf8(bytes);
-  // Bytes that can't be decoded hide whatever stands behind them, and the file is as good as empty.
+  // Bytes that can't be decoded cut the text, and the file counts as empty.
   const bool whole = DecodeUtf8(bytes + " ") == text + L" ";
   const Json5 root = Naive::ParseJson5(whole ? text : L"").value_or(Json5());
   Element element(root, L"Domen", L"");

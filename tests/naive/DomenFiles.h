@@ -1,4 +1,4 @@
-// Domain files, of either kind, and the export of a domain.
+// Domain files of both kinds, and the export of a domain.
 
 #pragma once
 
@@ -11,11 +11,11 @@ namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
 void ParseDomenSection(DomenStore& store, std::wstring body);
 
-// What the readers of a store make of a file of these bytes.
+// Load a file of these bytes into a store.
 void LoadDomenText(DomenStore& store, std::string bytes);
 void LoadDomenJson(DomenStore& store, std::wstring id, std::string bytes);
 
-// What the export of the domain writes, comments aside.
+// Returns the tree of the domain's export, without comments.
 Json5 ExportedTree(const Domen& domen);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

@@ -1,5 +1,5 @@
-// An editor of naive forms alone. Its calls have the names of the exports and give their results as
-// values; file names are plain ones.
+// An editor of naive forms. Its calls have the names of the exports and return their results as
+// values. File names are not searched for.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
-// A Classificator that was loaded.
+// A loaded Classificator.
 struct Scheme {
   std::wstring id;
   std::wstring name;
@@ -36,17 +36,17 @@ struct Editor {
   int SetActiveDomenId(std::wstring id);
   int SetActiveDomenByName(std::wstring name);
 
-  // The active Classificator; there must be one.
+  // Returns the active Classificator. REQUIRES: there is one.
   const Scheme& Active() const;
 
-  // The colours of the active Colorat, or null.
+  // Returns the colours of the active Colorat, or null.
   const ColorMap* ActiveColors() const;
 
   std::wstring GetMappingStr(std::wstring text, int sourceKind, std::wstring nameSuffix) const;
   std::wstring GetClaccificatorCodeParams(int codeId, int sourceKind,
                                           std::wstring nameSuffix) const;
 
-  // Null for an unknown domain.
+  // Returns null if the domain is unknown.
   const Domen* FindDomen(std::wstring domenId) const;
 
   std::vector<const DomenProperty*> PropertiesOfTypes(std::wstring domenId,

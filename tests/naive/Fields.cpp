@@ -26,7 +26,7 @@ bool ParseByStream(std::wstring text, Number& number) {
   return true;
 }
 
-// Whether any digit ahead of the exponent is other than 0.
+// Returns whether a digit before the exponent is other than 0.
 bool HasValue(std::wstring text) {
   return text.substr(0, text.find_first_of(L"eE")).find_first_of(L"123456789") != text.npos;
 }
@@ -84,7 +84,7 @@ bool ParseInt(std::wstring text, int& number) {
 bool ParseReal(std::wstring text, double& number) {
   double parsed = 0;
   if (!ParseByStream(text, parsed)) return false;
-  // What is too small for a number is out of range, as what is too great is.
+  // Underflow is out of range, like overflow.
   if (parsed == 0 && HasValue(text)) return false;
   number = parsed;
   return true;

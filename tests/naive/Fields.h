@@ -1,4 +1,4 @@
-// The value fields of properties, and what a copy makes of them.
+// The value fields of properties, and their copies.
 
 #pragma once
 
@@ -11,13 +11,13 @@ namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
 using Field = Properties::PropertyParameter;
 
-// A stream reads the number, and nothing may be left behind it.
+// Reads the number by a stream. Returns whether the text is a number and nothing else.
 bool ParseInt(std::wstring text, int& number);
 bool ParseReal(std::wstring text, double& number);
 
 std::wstring FormatReal(double number);
 
-// Null for a number that is no type.
+// Returns null if there is no such type.
 std::unique_ptr<Field> MakeField(std::wstring name, std::wstring title, int valueType, bool flag);
 
 bool SetValue(Field& field, std::wstring text);
@@ -26,7 +26,7 @@ std::wstring GetValue(Field& field);
 int AddValueField(DomenProperty& property, std::wstring name, std::wstring title, int valueType,
                   bool flag, std::wstring defaultText);
 
-// Each value goes through its text.
+// Copies each value through its text form.
 DomenProperty CopyOf(const DomenProperty& property);
 DomenStore CopyOf(const DomenStore& store);
 

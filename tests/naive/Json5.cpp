@@ -81,7 +81,7 @@ class Reader {
     }
   }
 
-  // `depth` is the number of arrays and objects around the value.
+  // `depth` is the number of enclosing arrays and objects.
   Json5 Value(std::size_t depth) {
     Space();
     Json5 value;
@@ -199,7 +199,7 @@ class Reader {
     AddUtf16(string, code);
   }
 
-  // Two escapes make one unit where it is wide enough.
+  // Joins two escapes to one unit if units are wide enough.
   void AddUtf16(std::wstring& string, std::uint32_t code) {
     if (sizeof(wchar_t) == 4 && afterHigh && code >= 0xDC00 && code <= 0xDFFF) {
       const auto high = static_cast<std::uint32_t>(string.back());
@@ -251,11 +251,11 @@ class Reader {
 
   std::wstring text;
   std::size_t at = 0;
-  bool afterHigh = false;  // whether the string ends in an escaped high surrogate
+  bool afterHigh = false;  // whether the string ends with an escaped high surrogate
 };
 
 std::wstring Quoted(std::wstring_view text) {
-  // With its length in front, no text can be taken for another.
+  // The length prefix makes the encoding unambiguous.
   return std::to_wstring(text.size()) + L"'" + std::wstring(text) + L"'";
 }
 

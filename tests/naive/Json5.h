@@ -1,4 +1,4 @@
-// JSON5, read by one function for each rule of its grammar.
+// A recursive descent parser of JSON5, with a function for each rule of the grammar.
 
 #pragma once
 
@@ -20,13 +20,13 @@ struct Json5 {
   std::map<std::wstring, Json5> members;  // of an object
 };
 
-// Nothing for a malformed text.
+// Returns nothing if the text is malformed.
 std::optional<Json5> ParseJson5(std::wstring text);
 
-// The tree as a text that is different for different trees.
+// Returns the tree as a text, different for different trees.
 std::wstring Describe(const Json5& value);
 
-// The same of a tree of the library.
+// The same for a tree of the library.
 std::wstring Describe(const Json5Tree& tree, const Json5Value& value);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

@@ -1,6 +1,6 @@
-// The lookup of codes, held against the walk that `Matches` makes, over hundreds of patterns of few
-// letters, in whatever order, under locales that refuse letters or have blanks for them. What the
-// walk raises, the lookup has to raise, and nothing else.
+// Tests that the lookup of codes equals a linear scan by `Matches`, with hundreds of patterns of
+// few letters in any order, under locales that refuse letters or turn them into blanks. The lookup
+// must throw if and only if the scan throws.
 
 #include <gtest/gtest.h>
 
@@ -48,7 +48,7 @@ wchar_t UpperRefuses(wchar_t unit) {
   return unit == one ? UpperFails(unit) : UpperOfLatin(unit);
 }
 
-// Takes a letter, and refuses its capital.
+// Accepts a letter but refuses its capital.
 template <wchar_t one>
 wchar_t UpperRefusesTheCapital(wchar_t unit) {
   return unit == one ? L'\u2160' : unit == L'\u2160' ? UpperFails(unit) : UpperOfLatin(unit);
@@ -59,7 +59,7 @@ wchar_t UpperOfOne(wchar_t unit) {
   return unit == from ? to : UpperOfLatin(unit);
 }
 
-// A capital whose capital is a blank: words have it, and no pattern can.
+// A capital whose capital is a blank: words can contain it, but patterns can't.
 wchar_t UpperOfUpperIsBlank(wchar_t unit) {
   return unit == L'b' ? L'\u2160' : unit == L'\u2160' ? L' ' : UpperOfLatin(unit);
 }
@@ -80,7 +80,7 @@ constexpr UpperFunction uppers[] = {
     UpperOfUpperIsBlank,
 };
 
-// The texts have a letter more than most patterns, for locales that refuse that one alone.
+// The texts have one letter more than most patterns, for locales that refuse only that one.
 const std::wstring letters = L"abABc";
 
 std::wstring Word(Random& random, std::size_t letterCount) {
@@ -117,7 +117,7 @@ MapTextSection Filled(Random& random) {
   return section;
 }
 
-TEST(FindCodeId, AgreesWithTheWalkUnderLocalesThatRefuseLetters) {
+TEST(FindCodeId, AgreesWithALinearScanUnderLocalesThatRefuseLetters) {
   const unsigned rounds = SLOW_BUILD ? 50 : 500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     Random random(seed);

@@ -1,5 +1,5 @@
-// The lookup of codes, held against the walk over the records, over classificators that a seed
-// makes and then changes in every way that a caller can, and over locales of the oddest kinds.
+// Tests that the lookup of codes equals a linear scan, with random classificators that change in
+// every way that a caller can change them, and under unusual locales.
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ wchar_t UpperExchanges(wchar_t unit) {
   return unit == one ? other : unit == other ? one : unit;
 }
 
-// The capital of a letter has a capital of its own.
+// The capital of a letter has another capital.
 wchar_t UpperOfUpper(wchar_t unit) {
   return unit >= L'a' && unit < L'z' ? static_cast<wchar_t>(unit + 1) : unit;
 }
@@ -49,7 +49,7 @@ wchar_t UpperOfWhiteSpaceIsBlank(wchar_t unit) {
   return unit == L'\t' || unit == L'\u00A0' ? L' ' : UpperOfLatin(unit);
 }
 
-// Letters that are two units on one platform and one unit on the other.
+// Letters that are two units on one platform and one on the other.
 wchar_t UpperBeyondTheBasicPlane(wchar_t unit) {
   if (unit >= L'\xDE00' && unit <= L'\xDE0F') return static_cast<wchar_t>(unit + 16);
   const long code = unit;
@@ -78,7 +78,7 @@ constexpr UpperFunction uppers[] = {
     UpperBeyondTheBasicPlane,
 };
 
-// What the words of one round are made of.
+// The letters of the words of one round.
 const std::wstring letters[] = {
     L"ab",
     L"aAbB",
@@ -92,7 +92,7 @@ const std::wstring letters[] = {
     L"abcdefghijABCDEFGHIJ",
 };
 
-// How seldom records are changed by hand: an index of records ends with the first such change.
+// How rarely records are changed by hand. The first such change discards an index.
 constexpr std::size_t editRates[] = {1'000'000, 10, 2};
 
 const std::wstring separators[] = {L" ",   L" ",   L" ",       L" ", L"  ",
@@ -133,7 +133,7 @@ class Round {
     return word;
   }
 
-  // Each word begins the next one.
+  // Makes each word a prefix of the next one.
   void ShareBeginnings(const std::wstring& units) {
     const std::size_t bound = random.OneIn(3) ? 12 : 3;
     std::wstring word;
@@ -152,7 +152,7 @@ class Round {
 
   std::wstring Pattern() { return Joined(random.OneIn(20) ? 30 : 1 + random.Below(4)); }
 
-  // A text that a record may fit, or any.
+  // Returns a text that a record may match, or any text.
   std::wstring Text() {
     if (classificators.empty() || random.OneIn(2)) return Joined(random.Below(6));
     const auto& records = random.OneOf(classificators).mapTextSection.records;
@@ -233,7 +233,7 @@ class Round {
         std::swap(one.mapTextSection.records, other.mapTextSection.records);
         break;
       case 9:
-        // The source is dropped, and its place taken by the copy of another.
+        // Replaces the source by a copy of another.
         classificators.push_back(one);
         classificators.erase(classificators.begin());
         break;
@@ -274,7 +274,7 @@ class Round {
         if (!records.empty()) std::swap(random.OneOf(records), random.OneOf(records));
         break;
       default:
-        // As many as before, in the same memory.
+        // The same number of records in the same memory.
         for (MapTextRecord& record : records) record.tokens = KeptTokens(SomeTokens());
     }
   }
@@ -330,12 +330,12 @@ class Round {
   Random random;
   std::size_t editsOneIn;
   Texts words;
-  Texts texts;  // looked up again and again, some of them anew
+  Texts texts;  // looked up repeatedly; some are replaced
   std::vector<Classificator> classificators;
   std::optional<GlobalLocale> locale;
 };
 
-TEST(FindCodeId, AgreesWithTheWalkOverRecordsThatChangeUnderLocalesThatChange) {
+TEST(FindCodeId, AgreesWithALinearScanOfChangingRecordsUnderChangingLocales) {
   const unsigned rounds = SLOW_BUILD ? 300 : 1500;
   for (unsigned seed = 0; seed < rounds && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));

@@ -9,7 +9,7 @@
 namespace TolvenLibs::RevitMappingEditorDll::Naive {
 namespace {
 
-// What holds for the statements to come.
+// The state between statements.
 struct Context {
   std::wstring openMark = L"{";
   std::wstring closeMark = L"}";
@@ -41,7 +41,7 @@ void TakeHeader(Context& context, std::wstring header) {
   while (open != header.npos) {
     const std::size_t close = header.find(context.closeMark, open + context.openMark.size());
     if (close == header.npos) break;
-    // One unit of the opening mark is left out, however long it is.
+    // Only one unit of the opening mark is skipped, however long it is.
     Texts tokens = SplitTrimmed(header.substr(open + 1, close - open - 1), L" ", false);
     context.currentLists.push_back(ParseParamItems(tokens, false));
     open = header.find(context.openMark, close + context.closeMark.size());

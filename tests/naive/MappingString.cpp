@@ -35,8 +35,8 @@ ItemLists ListsOf(const Classificator& classificator, int codeId, int sourceKind
   return {};
 }
 
-// What the words of an item in named form say about one field. `at` raises where a word has no
-// second piece, which is to drop the whole item.
+// Returns the value for one field by the words of an item in named form. `at` throws if a word has
+// no second piece, which drops the whole item.
 std::wstring NamedValue(const Texts& words, const std::wstring& fieldName) {
   std::wstring fieldValue;
   for (const std::wstring& word : words) {

@@ -1,4 +1,4 @@
-// From a description to its mapping string, by copies of whole properties.
+// Composes mapping strings by copying whole properties.
 
 #pragma once
 
@@ -12,14 +12,14 @@ namespace TolvenLibs::RevitMappingEditorDll::Naive {
 
 Texts GetCodeDomenIds(const Classificator& classificator, int sourceKind);
 
-// Both raise `out_of_range`, "invalid vector subscript", for a code id that is none.
+// Both throw `out_of_range`, "invalid vector subscript", for an invalid code id.
 Texts GetCodePropertyIds(const Classificator& classificator, int codeId, int sourceKind);
 std::wstring ComposeCodeParams(const Classificator& classificator, int codeId, int sourceKind,
                                std::wstring nameSuffix, const DomenProperties& properties);
 
 DomenProperties CollectProperties(const DomenStore& store, Texts domenIds, Texts propertyIds);
 
-// What an editor with this active Classificator, this store and these marks answers.
+// The answers of an editor with this active Classificator, this store and these marks.
 std::wstring GetClaccificatorCodeParams(const Classificator& classificator, const DomenStore& store,
                                         int codeId, int sourceKind, std::wstring nameSuffix);
 std::wstring GetMappingStr(const Classificator& classificator, const DomenStore& store,

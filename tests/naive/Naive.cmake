@@ -1,7 +1,7 @@
 include_guard(GLOBAL)
 
-# What the library's functions are held against: the same rules once more, plainly. Text.h says what
-# of the library they use.
+# The naive forms of the library's rules, which tests compare it with. Text.h says what they use of
+# the library.
 add_library(naive OBJECT
   ${CMAKE_CURRENT_LIST_DIR}/ClassificatorFile.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CodeLookup.cpp

@@ -22,7 +22,7 @@ ParamItem CompleteItem(std::wstring token) {
   return item;
 }
 
-// What goes on from token to token.
+// The state between tokens.
 struct Walk {
   void Close() {
     items.push_back({pendingValue, pendingName});
@@ -30,7 +30,7 @@ struct Walk {
     pendingValue.clear();
   }
 
-  // Takes the token in, and says whether it has to be looked at once more.
+  // Processes the token and returns whether it must be processed again.
   bool Take(std::wstring& token) {
     if (pendingName.empty()) {
       Open(token);

@@ -1,4 +1,4 @@
-// ==PARAM, and what ==MAPTEXT shares with it.
+// ==PARAM, and what it has in common with ==MAPTEXT.
 
 #pragma once
 
@@ -18,7 +18,7 @@ void ParseParamSection(ParamSection& section, std::wstring text);
 
 ItemLists FindItemLists(const ParamSection& section, std::wstring code);
 
-// Sorted, each once.
+// Returns the ids, sorted and without duplicates.
 Texts GetPropertyIds(const ParamSection& section, std::wstring code);
 Texts SortedPropertyIds(const ItemLists& itemLists);
 

@@ -1,4 +1,4 @@
-// The records of the naive forms: the members of the library's records, in texts of their own.
+// The records of the naive forms: the members of the library's records, with their own texts.
 
 #pragma once
 
@@ -36,14 +36,14 @@ struct MapTextSection {
   Texts domenIds;
 };
 
-// What a mapping string is made of.
+// The parts of a classificator that mapping strings depend on.
 struct Classificator {
   std::wstring paramName;
   MapTextSection mapTextSection;
   ParamSection paramSection;
 };
 
-// Records of the library in this form.
+// Convert records of the library.
 ParamSection CopyOf(const TolvenLibs::RevitMappingEditorDll::ParamSection& section);
 MapTextRecord CopyOf(const TolvenLibs::RevitMappingEditorDll::MapTextRecord& record);
 MapTextSection CopyOf(const TolvenLibs::RevitMappingEditorDll::MapTextSection& section);

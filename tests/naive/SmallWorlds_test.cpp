@@ -1,6 +1,6 @@
-// Every text up to a length through the parsers, held against their naive forms. Two kinds of
-// world: the texts over the units that the grammars know, and the texts over whole tokens, which
-// reach states that short texts of single units don't.
+// Tests that the parsers equal their naive forms on all texts up to a length: texts over the units
+// that the grammars use, and texts over whole tokens, which reach states that short texts of single
+// units don't.
 
 #include <gtest/gtest.h>
 
@@ -32,8 +32,7 @@ namespace {
 using testing::PrintToString;
 using Texts = std::vector<std::wstring>;
 
-// All texts of at most `length` tokens, or of one less where code runs slowly, between a head and a
-// tail that all have.
+// All texts of at most `length` tokens (one less in slow builds), between a common head and tail.
 struct World {
   Texts tokens;
   int length;
@@ -53,7 +52,7 @@ void VisitFrom(const std::wstring& text, const World& world, int length, const V
   }
 }
 
-// Up to the first failure.
+// Visits all texts up to the first failure.
 template <class Visit>
 void ForEachText(const World& world, const Visit& visit) {
   VisitFrom(world.head, world, SLOW_BUILD ? world.length - 1 : world.length, visit);
@@ -83,7 +82,7 @@ void ItemsAgree(const Texts& tokens) {
     ASSERT_EQ(TextsOf(ParseParamItems(left, stripBraces)),
               TextsOf(Naive::ParseParamItems(right, stripBraces)))
         << PrintToString(tokens) << ", " << stripBraces;
-    ASSERT_EQ(left, right) << "behind " << PrintToString(tokens) << ", " << stripBraces;
+    ASSERT_EQ(left, right) << "after " << PrintToString(tokens) << ", " << stripBraces;
   }
 }
 
@@ -132,7 +131,7 @@ void ColoratSectionsAgree(const std::wstring& text) {
   ASSERT_EQ(active, naiveActive) << PrintToString(text);
 }
 
-// Also where all that it names is there already.
+// Also if all domains, properties and fields exist already.
 void DomenSectionsAgree(const std::wstring& text) {
   DomenStore store;
   DomenStore naive;
@@ -160,7 +159,7 @@ TEST(SplitTrimmed, AgreesWithItsNaiveFormOnWhatIsWhiteSpace) {
   }
 }
 
-TEST(WordReader, GivesTheWordsOfEverySmallText) {
+TEST(WordReader, ReturnsTheWordsOfEverySmallText) {
   ForEachText({{L" ", L"\t", L"\n", L"\x3000", L"a", L"b"}, 6}, [](const std::wstring& text) {
     Naive::Texts words;
     WordReader reader(text);
@@ -191,7 +190,7 @@ TEST(ParseParamItems, AgreesWithItsNaiveFormOnTheTokensOfEverySmallText) {
   };
   ForEachText({units.tokens, 5}, visit);
   ForEachText({{L"{", L"}", L"=", L":", L";", L",", L" ", L"a"}, 6}, visit);
-  // Tokens end at blanks, so that each of these can be one or a part of one.
+  // Tokens end at blanks, so each of these can be a token or a part of one.
   const World tokens = {
       {L" ", L" a", L" b=1", L" a=b=c", L":", L"=", L";", L",", L"{", L" }", L"\t", L" ;x;"}, 5};
   ForEachText(tokens, visit);
@@ -237,7 +236,7 @@ TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
   for (const World& world : worlds) ForEachText(world, MapTextSectionsAgree);
 }
 
-// One header with the pattern that shows what became of it, cut at line feeds.
+// One header, and a pattern that shows its contents, split at line feeds.
 TEST(ParseMapTextSection, AgreesWithItsNaiveFormOnEverySmallHeader) {
   const std::wstring tail = L"\nw\n\n\n\n\n\n";
   ForEachText({{L"A", L" B", L"{", L"}", L"=1", L":", L",", L";", L"\t"}, 5, L"@", tail},
@@ -258,7 +257,7 @@ TEST(ParseColoratSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
                          L"B 300 -5 x 150;", L"@n N;"},
                         5};
   ForEachText(blocks, ColoratSectionsAgree);
-  // Colour lines, in a block that is one.
+  // Colour lines in a valid block.
   const World lines = {
       {L"\nA", L" 1", L" 20", L" +256x", L" ", L"-7", L"\t", L";"}, 6, L"@m M\nA 1 2 3 4"};
   ForEachText(lines, ColoratSectionsAgree);
@@ -269,7 +268,7 @@ TEST(ParseDomenSection, AgreesWithItsNaiveFormOnEverySmallTextOfTokens) {
                           L"!", L"==", L"$", L"x int 1 5", L" t", L"\nF int 0 "},
                          4};
   ForEachText(entries, DomenSectionsAgree);
-  // Properties and fields of a domain that there is.
+  // Properties and fields of a domain that exists.
   const World fields = {
       {L"\n@P", L"\n@@ T", L" 1", L" 0", L" F", L"\nF", L" ilist", L" 5", L"x", L";", L"\n@@@E"},
       5,

@@ -1,15 +1,15 @@
-// The operations on texts that the naive forms share.
+// Operations on texts that the naive forms share.
 //
-// A naive form does what the rules of its operation say, step by step, in the fewest ideas and
-// without regard to cost, so that a mistake in the library shows as a difference between the two.
-// Its results are the library's records of domains, properties, value fields, items and colours, or
-// records of its own. From the library it takes
-//   - those records, with their constructors, starting values and containers;
+// A naive form follows the rules of its operation step by step, as simply as possible and without
+// regard to cost, so that a mistake in the library shows as a difference. Its results are the
+// library's records of domains, properties, value fields, items and colours, or its own records. It
+// uses from the library
+//   - those records, with their constructors, initial values and containers;
 //   - the kinds of JSON5 values, and how deep they may be nested;
 //   - the table of identifier characters, which a test compares with the Unicode data;
-//   - in the functions that bring the library's results into its own form (`CopyOf` of Records.h,
-//     `Describe` of a `Json5Tree`) what reads these results.
-// No rule of an operation is among them.
+//   - in the functions that convert the library's results (`CopyOf` of Records.h, `Describe` of a
+//     `Json5Tree`), what reads these results.
+// It uses no implementation of a rule.
 
 #pragma once
 
@@ -30,7 +30,7 @@ bool StartsWith(std::wstring text, std::wstring prefix);
 
 Texts SplitTrimmed(std::wstring text, std::wstring separator, bool keepEmpty, int limit = 0);
 
-// By the `ctype` facet of the global locale, one unit after the other.
+// Converts unit by unit, by the `ctype` facet of the global locale.
 std::wstring ToUpper(std::wstring text);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

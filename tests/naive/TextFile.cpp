@@ -20,8 +20,7 @@ std::string Encode(std::uint32_t code) {
   return text;
 }
 
-// The code point whose form `bytes` is, or -1. Whatever the bits say, the code point has to have
-// just these bytes for its own.
+// Returns the code point that `bytes` encode, or -1 if they are not exactly its encoding.
 long CodePointOf(std::string bytes) {
   std::uint32_t code = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i) {

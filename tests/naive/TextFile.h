@@ -1,4 +1,4 @@
-// The frame of text files: from bytes to lines, and from lines to sections.
+// The structure of text files: from bytes to lines, and from lines to sections.
 
 #pragma once
 
@@ -14,13 +14,13 @@ struct Section {
   std::wstring body;
 };
 
-// Up to the first byte that can't be decoded.
+// Decodes up to the first byte that can't be decoded.
 std::wstring DecodeUtf8(std::string bytes);
 
-// The lines that have anything on them, trimmed.
+// Returns the non-blank lines, trimmed.
 Texts ReadLines(std::string bytes);
 
-// Of the bytes ahead of the first 1A, which ends a text file.
+// Returns the sections of the bytes before the first 1A, which ends a text file.
 std::vector<Section> ReadSections(std::string bytes);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll::Naive

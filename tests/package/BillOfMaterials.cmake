@@ -1,4 +1,4 @@
-# The bill of materials is JSON, names what is installed, and tells no time but one that is given.
+# Tests that the bill of materials is JSON, names what is installed, and has only a given time.
 #
 #   cmake -D FILE=FILE -D NAME=NAME -D VERSION=VERSION -D SOURCE_FOLDER=FOLDER -D WORK=FOLDER
 #         -P BillOfMaterials.cmake
@@ -15,7 +15,7 @@ function(expect_member text expected)
   endif()
 endfunction()
 
-# The bill of a version at a time, which is not given if it is empty.
+# Writes the bill of a version at a time, which is not given if it is empty.
 function(bill_of version time output)
   unset(ENV{SOURCE_DATE_EPOCH})
   if(NOT time STREQUAL "")
@@ -48,7 +48,7 @@ if(installed MATCHES "@[A-Za-z_]+@")
   message(FATAL_ERROR "Nothing has taken the place of ${CMAKE_MATCH_0}")
 endif()
 
-# The installed one may have been made at a given time. These tell both kinds apart.
+# The installed bill may have a given time or not. These check both kinds.
 bill_of(${VERSION} "" timeless)
 expect_member("${timeless}" 1970-01-01T00:00:00Z creationInfo created)
 expect_member("${timeless}" ${address} documentNamespace)
@@ -61,7 +61,7 @@ if(address_of_another STREQUAL address)
   message(FATAL_ERROR "Two versions share the name ${address}")
 endif()
 
-# A second reader of JSON, where it is at hand.
+# A second JSON reader, if there is one.
 if(PYTHON)
   execute_process(COMMAND ${PYTHON} -m json.tool ${FILE} ${WORK}/parsed.json
     COMMAND_ERROR_IS_FATAL ANY)

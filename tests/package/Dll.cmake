@@ -1,4 +1,4 @@
-# The DLL loads on a Windows that has nothing but itself, and says which version it is.
+# Tests that the DLL needs nothing but Windows, and that it has the version.
 
 set(allowed KERNEL32.dll msvcrt.dll ntdll.dll)
 

@@ -1,4 +1,5 @@
-# A library that names the folders it was built in is not the same when it is built elsewhere.
+# Tests that the library doesn't contain the names of its build folders, so that it is the same
+# wherever it is built.
 
 string(REPLACE "," ";" FOLDERS "${FOLDERS}")
 foreach(folder IN LISTS FOLDERS)

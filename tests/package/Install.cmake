@@ -1,4 +1,4 @@
-# Installs a build into a folder that holds nothing of earlier ones.
+# Installs a build into an empty folder.
 
 file(REMOVE_RECURSE ${PACKAGE})
 execute_process(

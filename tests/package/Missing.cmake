@@ -1,5 +1,5 @@
-# Where a package is missing, configuring ends with a sentence that names it, the command that
-# installs it, and the options that do without.
+# Tests that configuring without a required package fails with a sentence that names the package,
+# the command that installs it, and the options that make it unnecessary.
 #
 #   cmake -D SOURCE_FOLDER=FOLDER -D WORK=FOLDER -D GENERATOR=NAME -D COMPILER=PROGRAM
 #         -P Missing.cmake
@@ -27,6 +27,8 @@ file(REMOVE_RECURSE ${WORK})
 set(no_programs "-D REVIT_MAPPING_EDITOR_TOOLS=OFF -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(CLI11 "The console programs need CLI11: \
 apt-get install libcli11-dev, or configure with ${no_programs}")
+expect_sentence(nlohmann_json "The console programs need nlohmann_json: \
+apt-get install nlohmann-json3-dev, or configure with ${no_programs}")
 expect_sentence(GTest "The tests need GTest: \
 apt-get install libgtest-dev, or configure with -D REVIT_MAPPING_EDITOR_TESTS=OFF")
 expect_sentence(benchmark "The benchmarks need benchmark: \

@@ -1,5 +1,5 @@
-# The package as its user meets it: installed into an empty folder, found by a project that knows
-# nothing of this one, built against and run.
+# Tests of the package from a user's view: it is installed into an empty folder, and a separate
+# project finds it, builds with it and runs.
 
 include(GNUInstallDirs)
 set(package ${CMAKE_BINARY_DIR}/package)
@@ -18,7 +18,7 @@ if(CMAKE_CONFIGURATION_TYPES)
   set(client ${package}/addin/$<CONFIG>/addin${CMAKE_EXECUTABLE_SUFFIX})
 endif()
 
-# An emulator is passed to the client as a command, so that it doesn't set up one of its own.
+# The emulator is passed to the client, so that it doesn't look for one itself.
 add_test(NAME Package.ServesAClientThatIsBuiltAgainstIt
   COMMAND ${CMAKE_CTEST_COMMAND}
           --build-and-test ${PROJECT_SOURCE_DIR}/examples/addin ${package}/addin
@@ -45,7 +45,7 @@ add_test(NAME Package.HasABillOfMaterials
           -P ${CMAKE_CURRENT_LIST_DIR}/BillOfMaterials.cmake)
 set_tests_properties(Package.HasABillOfMaterials PROPERTIES FIXTURES_REQUIRED package)
 
-# A sanitizer names files as the compiler was given them, for its reports.
+# Sanitizers embed file names for their reports.
 if(NOT MSVC AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   add_test(NAME Package.DoesNotNameTheFoldersOfItsBuild
     COMMAND ${CMAKE_COMMAND}
@@ -54,7 +54,7 @@ if(NOT MSVC AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
             -P ${CMAKE_CURRENT_LIST_DIR}/Folders.cmake)
 endif()
 
-# It is the same wherever the library runs, and takes a generator that writes commands down.
+# Independent of the target. Needs a generator that exports the compile commands.
 if(NOT CMAKE_CROSSCOMPILING AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
   add_test(NAME Package.WarningsAreErrorsForItsDevelopersAlone
     COMMAND ${CMAKE_COMMAND}
@@ -65,7 +65,7 @@ if(NOT CMAKE_CROSSCOMPILING AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
             -P ${CMAKE_CURRENT_LIST_DIR}/Warnings.cmake)
 endif()
 
-# So is this. The packages are those of the system, as long as no toolchain file has others.
+# Independent of the target too. The packages are the system's unless a toolchain file has others.
 if(NOT CMAKE_TOOLCHAIN_FILE AND CMAKE_GENERATOR MATCHES "Ninja|Makefiles")
   add_test(NAME Package.SaysWhatIsMissingAndHowToInstallIt
     COMMAND ${CMAKE_COMMAND}

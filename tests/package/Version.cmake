@@ -1,4 +1,4 @@
-# The project has its version from one place. What can't read it there has to name the same one.
+# Tests that the files that can't read the version from the main file repeat the same one.
 #
 #   cmake -D SOURCE_FOLDER=FOLDER -D VERSION=VERSION -P Version.cmake
 

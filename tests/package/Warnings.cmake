@@ -1,12 +1,12 @@
-# Warnings are errors for whoever develops the library, and not for whoever builds it to use it. The
-# compiler's commands tell, which are written when the project is configured.
+# Tests that warnings are errors for developers of the library but not for its users, by the
+# exported compile commands.
 #
 #   cmake -D SOURCE_FOLDER=FOLDER -D WORK=FOLDER -D GENERATOR=NAME -D COMPILER=PROGRAM
 #         -P Warnings.cmake
 
 cmake_minimum_required(VERSION 3.25)
 
-# Configures a project and gives its commands.
+# Configures a project and returns its compile commands.
 function(read_commands name source output)
   set(build ${WORK}/${name})
   execute_process(
@@ -47,7 +47,7 @@ expect_strictness(developed "${commands}" TRUE TRUE)
 read_commands(switched_off ${SOURCE_FOLDER} commands -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF)
 expect_strictness(switched_off "${commands}" FALSE TRUE)
 
-# The recipe for vcpkg, with its functions replaced by what they are called with.
+# The vcpkg recipe, with functions that record their arguments.
 function(vcpkg_cmake_configure)
   cmake_parse_arguments(PARSE_ARGV 0 call "" SOURCE_PATH OPTIONS)
   read_commands(vcpkg ${call_SOURCE_PATH} commands ${call_OPTIONS})
@@ -65,7 +65,7 @@ if(NOT configured)
   message(FATAL_ERROR "The recipe for vcpkg configures nothing")
 endif()
 
-# A project that takes the sources in, as FetchContent does.
+# A project that includes the sources, as FetchContent does.
 file(WRITE ${WORK}/host/CMakeLists.txt
   "cmake_minimum_required(VERSION 3.25)\n"
   "project(Host LANGUAGES CXX)\n"
@@ -73,6 +73,6 @@ file(WRITE ${WORK}/host/CMakeLists.txt
 read_commands(part_of_another ${WORK}/host commands)
 expect_strictness(part_of_another "${commands}" FALSE FALSE)
 
-# It decides of its own warnings, and of those of its parts.
+# It decides on warnings as errors, also for its parts.
 read_commands(part_of_a_strict_one ${WORK}/host commands -DCMAKE_COMPILE_WARNING_AS_ERROR=ON)
 expect_strictness(part_of_a_strict_one "${commands}" TRUE FALSE)

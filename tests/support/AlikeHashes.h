@@ -1,4 +1,4 @@
-// Names that a table of hashes would find hard to tell apart.
+// Names that collide in a hash table.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-// Their hashes have that many of their lowest bits in common. 2^bits are tried for each.
+// Returns names whose hashes end with `bits` zero bits. Takes about 2^bits attempts for each.
 inline std::vector<std::string> NamesOfAlikeHashes(std::size_t count, unsigned bits) {
   const std::size_t mask = (std::size_t{1} << bits) - 1;
   std::vector<std::string> names;

@@ -3,8 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Runs the work in a process of its own and gives the status of its end. The process ends without
-// a word, whatever the work does.
+// Runs the work in a child process and returns its status. The process ends by `_exit`, without
+// flushing or destroying anything.
 template <class Work>
 int RunApart(Work work) {
   const pid_t child = fork();

@@ -1,5 +1,4 @@
-// A bound on the time that work of any size takes, for work that would take hours if it looked at
-// anything more than a few times.
+// A bound on the time of linear work, which would take hours if it were quadratic.
 
 #pragma once
 
@@ -9,12 +8,12 @@
 #include <cstddef>
 #include <ctime>
 
-// Several times what the largest work of these tests takes. Where the clock can, it counts the time
-// of the process alone, so that a busy machine doesn't count.
+// Several times what the largest work of these tests takes. If the clock supports it, this is the
+// time of the process, which doesn't depend on the load of the machine.
 inline constexpr double atOnceSeconds = SLOW_BUILD ? 60 : 5;
 
-// Does the work for sizes that grow up to this one. Work that grows faster than its size is over
-// the bound at one of the smaller ones, and isn't done for the others.
+// Does the work for sizes that grow up to this one. Superlinear work exceeds the bound at one of
+// the smaller sizes and isn't done for the larger ones.
 template <class Work>
 void ExpectDoneAtOnce(std::size_t largest, Work work) {
   for (std::size_t size = largest / 1024 + 1;; size = std::min(2 * size, largest)) {

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-// Makes a folder the process's current one for as long as it lives.
+// Makes a folder the process's current one for its lifetime.
 class CurrentFolder {
  public:
   explicit CurrentFolder(const std::filesystem::path& folder) {

@@ -1,4 +1,4 @@
-// Domains as text, so that a test compares and prints a whole store at once:
+// Converts domains to text, so that a test can compare and print a whole store:
 //
 //   domain Openings 'Openings'
 //     property Rating 'Element rating class' unique 10 [Door|Room]

@@ -1,4 +1,4 @@
-// What the queries over domains hand out, as rows that GoogleTest compares and prints.
+// Results of queries over domains, as rows that GoogleTest compares and prints.
 
 #pragma once
 

@@ -16,7 +16,7 @@ constinit thread_local Faults faults;
 
 namespace {
 
-// Whether this call is to fail.
+// Returns whether this call is to fail.
 bool Fails(std::string_view call) {
   if (faults.failIn == 0 || (!faults.call.empty() && faults.call != call)) return false;
   if (faults.failIn > 1) {
@@ -65,7 +65,7 @@ int open(const char* path, int flags, ...) {
   return Fails("open") ? -1 : openat(AT_FDCWD, path, flags, mode);
 }
 
-// The descriptor is free again even if the call fails.
+// The descriptor is closed even if the call fails.
 int close(int file) {
   const int closed = static_cast<int>(syscall(SYS_close, file));
   return Fails("close") ? -1 : closed;
@@ -76,7 +76,7 @@ int faccessat(int folder, const char* path, int mode, int flags) noexcept {
   return static_cast<int>(syscall(SYS_faccessat2, folder, path, mode, flags));
 }
 
-// `canonicalize_file_name` is the same with a buffer of its own.
+// `canonicalize_file_name` does the same and allocates the buffer.
 char* realpath(const char* path, char* resolved) noexcept {
   if (Fails("realpath")) return nullptr;
   char* const found = canonicalize_file_name(path);

@@ -1,5 +1,5 @@
-// Lets calls of the system fail: the functions of FailingCalls.cpp stand in for those of the C
-// library in the whole program, and pass on every call but the one that a test wants to fail.
+// Makes system calls fail: the functions of FailingCalls.cpp replace those of the C library in the
+// whole program, and pass on every call except those that a test wants to fail.
 
 #pragma once
 
@@ -8,22 +8,22 @@
 #include <string_view>
 #include <system_error>
 
-// What goes wrong on this thread.
+// The planned failures on this thread.
 struct Faults {
-  std::string_view call = {};  // which function fails; any if empty
-  int failIn = 0;              // the how many-th call of it fails, 0 for none
-  int times = 1;               // how many calls fail in a row from there
-  int error = EIO;             // what `errno` is then
-  int unnamedError = 0;        // the same whenever a file without a name is asked for, 0 for none
-  int unlinkError = 0;         // the same whenever a file is to be removed, 0 for none
-  std::size_t portion = 0;     // the most that one call reads or writes, 0 for no limit
+  std::string_view call = {};  // the function that fails; any if empty
+  int failIn = 0;              // the number of its first call that fails, from 1; 0 for none
+  int times = 1;               // how many calls in a row fail
+  int error = EIO;             // the value of `errno` then
+  int unnamedError = 0;        // the same for every file without a name; 0 for none
+  int unlinkError = 0;         // the same for every removal of a file; 0 for none
+  std::size_t portion = 0;     // the most that one call reads or writes; 0 for no limit
 };
 
 extern constinit thread_local Faults faults;
 
 struct FaultyWork {
-  int error;        // in which the work ended, 0 if it succeeded
-  bool callFailed;  // whether the planned failure came about
+  int error;        // the error of the work; 0 if it succeeded
+  bool callFailed;  // whether the planned failure happened
 };
 
 template <class Work>

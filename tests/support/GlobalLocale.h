@@ -1,4 +1,4 @@
-// Global locales that last for a scope, with letters of a test's own choosing.
+// Global locales for a scope, with case folding by a function.
 
 #pragma once
 
@@ -35,13 +35,13 @@ class UpperFacet : public std::ctype<wchar_t> {
   UpperFunction upper;
 };
 
-// The classic locale but for the capitals, which the function gives. Two of them are two locales,
-// whatever their functions.
+// Returns the classic locale with capitals by this function. No two results are equal, even for
+// equal functions.
 inline std::locale LocaleOf(UpperFunction upper) {
   return std::locale(std::locale::classic(), new UpperFacet(upper));
 }
 
-// The global locale while it lives.
+// Sets the global locale for its lifetime.
 class GlobalLocale {
  public:
   explicit GlobalLocale(const std::locale& locale) : previous(std::locale::global(locale)) {}

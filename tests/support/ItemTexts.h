@@ -1,4 +1,4 @@
-// Property items as texts, which GoogleTest compares and prints.
+// Property items as texts that GoogleTest compares and prints.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 #include "mapping/MapTextRecord.h"
 #include "mapping/ParamItem.h"
 
-// Of each item the property's id and the value text.
+// The property id and the value text of each item.
 using ItemTexts = std::vector<std::pair<std::wstring, std::wstring>>;
 
 inline ItemTexts TextsOf(const TolvenLibs::RevitMappingEditorDll::ParamItemList& items) {

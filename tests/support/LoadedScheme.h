@@ -7,8 +7,8 @@
 #include "RevitMappingEditorDll.h"
 #include "support/TempFolder.h"
 
-// An editor in which one classificator file is loaded and active, as ClassCode, with the domains
-// that the file may hold.
+// An editor that has loaded one classificator file, with its domains, and made it the active one.
+// The parameter name is ClassCode.
 struct LoadedScheme {
   explicit LoadedScheme(std::string_view text) : editor(L"", L"") {
     const std::wstring file = folder.Write("scheme.txt", text);

@@ -1,4 +1,4 @@
-// Records of ==MAPTEXT that are filled by hand.
+// Makes records of ==MAPTEXT by hand.
 
 #pragma once
 
@@ -11,13 +11,13 @@
 
 #include "mapping/MapTextSection.h"
 
-// A view of a text that lives as long as the program.
+// Returns a view of a text that is never freed.
 inline std::wstring_view KeptText(std::wstring text) {
   static std::deque<std::wstring> kept;
   return kept.emplace_back(std::move(text));
 }
 
-// The tokens as a record has them.
+// Returns the tokens in the form of a record.
 inline std::wstring_view KeptTokens(const std::vector<std::wstring>& tokens) {
   std::wstring joined;
   for (const std::wstring& token : tokens) {
@@ -46,7 +46,7 @@ inline TolvenLibs::RevitMappingEditorDll::MapTextRecord RecordOf(
   return record;
 }
 
-// A header of these item blocks, in braces.
+// Returns a header with these item blocks, in braces.
 inline std::shared_ptr<const TolvenLibs::RevitMappingEditorDll::CodeHeader> HeaderOf(
     std::wstring blocks) {
   const auto texts = std::make_shared<const std::wstring>(std::move(blocks));
@@ -54,7 +54,7 @@ inline std::shared_ptr<const TolvenLibs::RevitMappingEditorDll::CodeHeader> Head
       TolvenLibs::RevitMappingEditorDll::CodeHeader{texts, {}, *texts, L"{", L"}"});
 }
 
-// Changes a copy of a section's records by the function, and puts it in their place.
+// Changes a copy of a section's records by the function and replaces them by it.
 template <class Change>
 void EditRecords(TolvenLibs::RevitMappingEditorDll::MapTextSection& section, Change change) {
   std::vector<TolvenLibs::RevitMappingEditorDll::MapTextRecord> records(section.records.begin(),

@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-// The names, in UTF-8, of all that stands in a folder.
+// Returns the names, in UTF-8, of all entries of a folder.
 inline std::set<std::string> NamesIn(const std::filesystem::path& folder) {
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {

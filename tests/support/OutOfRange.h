@@ -6,7 +6,7 @@
 constexpr const char* badSubscript = "invalid vector subscript";
 constexpr const char* badKey = "invalid map<K, T> key";
 
-// The text of the `out_of_range` that leaves the call, or that none does.
+// Returns the message of the `out_of_range` that the call throws, or that it throws none.
 template <class Call>
 std::string OutOfRangeOf(Call call) {
   try {

@@ -7,8 +7,7 @@
 
 #include "support/Results.h"
 
-// An array output, as a caller sets it up ahead of a call: it tells whether the call has written
-// it.
+// An array output, initialised as by a caller, which shows whether a call has written it.
 template <class Element>
 struct Output {
   Output() = default;
@@ -17,8 +16,8 @@ struct Output {
 
   bool Written() const { return array != &before; }
 
-  // The elements as values; the array is freed as a caller frees it. An array is written if, and
-  // only if, it has elements.
+  // Returns the elements as values and releases the array as a caller does. An array is written if
+  // and only if it has elements.
   auto Take(int count) {
     EXPECT_EQ(Written(), count != 0);
     if (!Written()) count = 0;

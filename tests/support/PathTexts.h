@@ -1,5 +1,6 @@
-// Between paths and texts, whatever letters they have: a path that is made of plain `char` is in
-// the code page of the system on Windows, and a wide one goes by the locale elsewhere.
+// Converts between paths and texts with any letters. The conversions of the standard library don't
+// suffice: plain `char` is in the code page of the system on Windows, and wide characters depend on
+// the locale elsewhere.
 
 #pragma once
 
@@ -7,12 +8,12 @@
 #include <string>
 #include <string_view>
 
-// The path that bytes of UTF-8 name.
+// Returns the path with this name in UTF-8.
 inline std::filesystem::path Utf8Path(std::string_view bytes) {
   return std::u8string(bytes.begin(), bytes.end());
 }
 
-// A path as an argument of the library.
+// Returns the path as an argument of the library.
 inline std::wstring WideText(const std::filesystem::path& path) {
   if constexpr (sizeof(wchar_t) == 2) {
     return path.wstring();

@@ -4,8 +4,8 @@
 #include <unistd.h>
 #endif
 
-// While it lives, the process has no more rights than a plain user, even if root runs the tests:
-// for root no file is closed. What the test needs must be open to all.
+// Drops the privileges of root for its lifetime, because root may read and write every file.
+// REQUIRES: all users may read what the test needs.
 class [[maybe_unused]] PlainUser {
  public:
 #ifdef _WIN32
@@ -25,8 +25,8 @@ class [[maybe_unused]] PlainUser {
  private:
   static constexpr uid_t nobody = 65534;
 
-  // The saved user stays root, for the way back. Where that is not allowed, the test finds
-  // everything open and skips itself.
+  // The saved user id stays root, to restore it. If that is not allowed, the test finds every file
+  // accessible and is skipped.
   static void Become(uid_t user) {
     [[maybe_unused]] const int failed = setresuid(user, user, 0);
   }

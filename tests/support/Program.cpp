@@ -12,8 +12,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// As the shell takes it for one word: with blanks in it, and on Windows with slashes, which begin
-// an option there.
+// Quotes a path for the shell: it may contain blanks, and on Windows slashes, which would begin an
+// option.
 std::string Quoted(const fs::path& path) {
   const std::u8string bytes = path.u8string();
   return "\"" + std::string(bytes.begin(), bytes.end()) + "\"";

@@ -1,5 +1,5 @@
-// Random choices that are the same on every platform: the standard fixes what its engines return,
-// and not what its distributions make of that, so the latter are not used.
+// Random choices that are the same on every platform. The standard specifies the results of its
+// engines but not of its distributions, so the latter are not used.
 
 #pragma once
 
@@ -13,10 +13,10 @@ class Random {
  public:
   explicit Random(std::uint64_t seed) : engine(seed) {}
 
-  // From 0 to `bound` - 1. The bias of the remainder is far below what shows.
+  // Returns a number from 0 to `bound` - 1. The bias of the remainder is negligible.
   std::size_t Below(std::size_t bound) { return static_cast<std::size_t>(engine() % bound); }
 
-  // From `first` to `last`, both included.
+  // Returns a number from `first` to `last`, both included.
   template <std::integral Number>
   Number Between(Number first, Number last) {
     return static_cast<Number>(

@@ -7,7 +7,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// `ReplaceWholeFile` with bytes that are given in one piece.
+// Calls `ReplaceWholeFile` with bytes in one piece.
 inline void ReplaceBy(const std::wstring& path, std::string_view bytes) {
   ReplaceWholeFile(path, [bytes](const TakeBytes& take) { take(bytes); });
 }

@@ -1,4 +1,4 @@
-// Tests and benchmarks take results as the console program does.
+// Tests and benchmarks copy results as the console program does.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// Files in which every kind of statement occurs, and questions about them.
+// Files with every kind of statement, and queries about them.
 
 #pragma once
 
@@ -81,7 +81,7 @@ struct RichFile {
 inline constexpr RichFile richFiles[] = {
     {"scheme.txt", richScheme}, {"domens.txt", richDomens}, {"domen.json", richJson}};
 
-// Loads one of them, or what was made of it, into an editor of the library or one of naive forms.
+// Loads one of them, or a variant of it, into an editor of the library or a naive one.
 template <class AnEditor>
 int LoadRich(AnEditor& editor, std::string_view fileName, const std::wstring& file) {
   if (fileName != "scheme.txt") return editor.CreateDomen(file.c_str());
@@ -90,7 +90,7 @@ int LoadRich(AnEditor& editor, std::string_view fileName, const std::wstring& fi
   return status;
 }
 
-// In capitals, which no locale changes.
+// In capitals, so that the locale doesn't matter.
 inline const Questions richQuestions = {
     {L"BASIC WALLS 200", L"BASIC", L"СТЕНА  😀1", L"DOORS", L"[[", L""},
     {L"Door", L"Room", L"A200", L"B1"}};

@@ -1,4 +1,4 @@
-// A session with the rich files: what is the same whatever surrounds the library.
+// A session with the rich files, whose answers must not depend on the surroundings.
 
 #pragma once
 
@@ -23,7 +23,7 @@ class RichSession {
   const std::filesystem::path& Path() const { return folder.Path(); }
   std::wstring Folder() const { return folder.Wide() + L"/"; }
 
-  // Loads all files, by names that begin with `from`.
+  // Loads all files, by names that start with `from`.
   template <class AnEditor>
   static void LoadInto(AnEditor& editor, const std::wstring& from) {
     editor.CreateClassificator(L"S", L"Scheme", L"Code", (from + L"scheme.txt").c_str());
@@ -32,8 +32,8 @@ class RichSession {
     editor.SetActiveClassificator(L"S");
   }
 
-  // All answers of an editor that has loaded the files, and the bytes of the files that it exports
-  // into the folder `to`.
+  // Returns all answers of an editor that has loaded the files, and the bytes of its exports into
+  // the folder `to`.
   std::string AnswersAndExports(Editor& editor, const std::filesystem::path& to) const {
     const std::wstring answers = AnswersOf(editor, naive, richQuestions);
     std::string all(reinterpret_cast<const char*>(answers.data()),
@@ -45,7 +45,7 @@ class RichSession {
     return all;
   }
 
-  // The same of a new editor, as the surroundings are now.
+  // The same for a new editor in the current surroundings.
   std::string AnswersOfNewEditor() const {
     const TempFolder to;
     Editor editor(L"", L"");
@@ -53,7 +53,7 @@ class RichSession {
     return AnswersAndExports(editor, to.Path());
   }
 
-  // Whether an editor answers as the naive forms do.
+  // Returns whether an editor answers as the naive forms do.
   bool AgreesWithNaive(Editor& editor) const {
     return AnswersOf(editor, naive, richQuestions) == AnswersOf(naive, richQuestions);
   }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-// A folder of its own for each test, empty at first and removed with all its contents.
+// Creates an empty folder and removes it with all its contents at the end of its lifetime.
 class TempFolder {
  public:
   TempFolder();
@@ -14,11 +14,11 @@ class TempFolder {
 
   const std::filesystem::path& Path() const { return path; }
 
-  // The folder's path as an argument of the library.
+  // Returns the folder's path as an argument of the library.
   std::wstring Wide() const;
 
-  // Writes a file of exactly these bytes and gives its path as an argument of the library. The name
-  // is UTF-8.
+  // Writes a file of exactly these bytes and returns its path as an argument of the library. The
+  // name is UTF-8.
   std::wstring Write(std::string_view name, std::string_view bytes) const;
 
  private:

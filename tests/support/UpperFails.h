@@ -2,15 +2,15 @@
 
 #include "support/GlobalLocale.h"
 
-// No `std::exception`, on purpose.
+// Deliberately not derived from `std::exception`.
 struct UpperCasingFailed {};
 
-// Whether the library has the tests' C++ runtime, and with it their global locale. Where each has
-// one of its own linked in, a locale of the tests doesn't reach the library.
+// Whether the library shares the tests' C++ runtime, and with it the global locale. If each has its
+// own runtime linked in, a locale of the tests doesn't affect the library.
 constexpr bool oneRuntime = !OWN_RUNTIMES;
 
-// For a `GlobalLocale` in which nothing can be put in capitals. As the library does that with
-// patterns and texts, it is a test's means to make parsing and lookup fail.
+// Makes a `GlobalLocale` in which no letter can be converted to a capital. The library converts
+// patterns and texts, so this makes parsing and lookup fail.
 [[noreturn]] inline wchar_t UpperFails(wchar_t) {
   throw UpperCasingFailed();
 }

@@ -33,7 +33,7 @@ Sections CutBytes(std::string_view bytes) {
   return SectionsOf(CutTextFile(bytes));
 }
 
-// The lines of a text as they stand in a section.
+// Returns the lines of a text as a section has them.
 std::wstring LinesOf(std::wstring_view text) {
   const Sections sections = Cut(L"==A\n" + std::wstring(text));
   return sections.at(0).second;
@@ -57,7 +57,7 @@ TEST(CutTextFile, TrimsEachLineAndDropsTheBlankOnes) {
       // Only a line feed ends a line.
       {L"a\rb", L"a\rb"},
       {L"a\x0085 b\x2028 c\x2029 d\v\fe", L"a\x0085 b\x2028 c\x2029 d\v\fe"},
-      // A NUL and a byte order mark are no white space.
+      // A NUL and a byte order mark are not white space.
       {L" \0 \n a\0b \n"s, L"\0\na\0b"s},
       {L"\xFEFF== A\n \xFEFF \n", L"\xFEFF== A\n\xFEFF"},
       {L" Стена \n \U0001F600 ", L"Стена\n\U0001F600"},
@@ -65,7 +65,7 @@ TEST(CutTextFile, TrimsEachLineAndDropsTheBlankOnes) {
   for (const Case& one : cases) EXPECT_EQ(LinesOf(one.text), one.lines) << one.text;
 }
 
-TEST(CutTextFile, CutsSectionsFromEachHeadingToTheNext) {
+TEST(CutTextFile, SplitsTheFileIntoSectionsAtTheHeadings) {
   struct Case {
     std::wstring text;
     Sections sections;
@@ -78,7 +78,7 @@ TEST(CutTextFile, CutsSectionsFromEachHeadingToTheNext) {
       {L"==A\na\nb\nc", {{L"==A", L"a\nb\nc"}}},
       {L"ahead\nof\n==A\na", {{L"==A", L"a"}}},
       {L"==A\na\n==B\nb\nc", {{L"==A", L"a"}, {L"==B", L"b\nc"}}},
-      // An empty body: a heading in front of a heading, or on the last line.
+      // An empty body: a heading before a heading, or on the last line.
       {L"==A\n==B\nb\n==C", {{L"==A", L""}, {L"==B", L"b"}, {L"==C", L""}}},
       {L"==A\na\n==A\nb", {{L"==A", L"a"}, {L"==A", L"b"}}},
       // Any line that begins with "==" is a heading, and no other line.
@@ -98,7 +98,7 @@ TEST(CutTextFile, KnowsAHeadingOnceItsLineIsTrimmed) {
             (Sections{{L"==A", L"b"}, {L"==B", L""}}));
 }
 
-TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThem) {
+TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineBeforeThem) {
   EXPECT_EQ(CutBytes("==A\nab \xFF"
                      "cd\nef"),
             (Sections{{L"==A", L"ab"}}));
@@ -109,7 +109,7 @@ TEST(CutTextFile, EndsAtBytesThatCannotBeDecodedAndKeepsThePartOfALineAheadOfThe
   EXPECT_EQ(CutBytes("\xCF\xF0"), Sections{});  // Cyrillic in one byte each
 }
 
-TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineAheadOfIt) {
+TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineBeforeIt) {
   EXPECT_EQ(CutBytes("==A\nab\n\x1A"), (Sections{{L"==A", L"ab"}}));
   EXPECT_EQ(CutBytes("==A\nab\r\n\x1A\r\n"), (Sections{{L"==A", L"ab"}}));
   EXPECT_EQ(CutBytes("==A\nab \x1A cd\nef"), (Sections{{L"==A", L"ab"}}));
@@ -118,9 +118,9 @@ TEST(CutTextFile, EndsAtTheFirstByte1AAndKeepsThePartOfALineAheadOfIt) {
   EXPECT_EQ(CutBytes("==A\n=\x1A=B\nab"), (Sections{{L"==A", L"="}}));
   EXPECT_EQ(CutBytes("\x1A==A\nab"), Sections{});
   EXPECT_EQ(CutBytes("\x1A"), Sections{});
-  // It leaves a letter of two bytes without its second.
+  // It cuts a letter of two bytes.
   EXPECT_EQ(CutBytes("==A\nab\xD1\x1A\x8F"), (Sections{{L"==A", L"ab"}}));
-  // Other characters have these bits too, but not in a byte of their own.
+  // Other characters contain these bits, but not as a byte.
   EXPECT_EQ(Cut(L"==A\na\x1A00\x011A\x9A\U0001F61A"),
             (Sections{{L"==A", L"a\x1A00\x011A\x9A\U0001F61A"}}));
 }
@@ -147,14 +147,14 @@ TEST(CutTextFile, TakesALineOfFiveMillionUnitsAndAMillionLines) {
   EXPECT_EQ(Cut(headings).size(), 1'000'000u);
 }
 
-TEST(ReadTextFile, GivesTheSectionsOfTheFile) {
+TEST(ReadTextFile, ReturnsTheSectionsOfTheFile) {
   const TempFolder folder;
   EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", "  ==Схема \r\n\r\n a\tb\r\n"))),
             (Sections{{L"==Схема", L"a\tb"}}));
   EXPECT_EQ(SectionsOf(*ReadTextFile(folder.Write("a.txt", ""))), Sections{});
 }
 
-TEST(ReadTextFile, GivesNothingForWhatCannotBeOpened) {
+TEST(ReadTextFile, ReturnsNothingForWhatCannotBeOpened) {
   const TempFolder folder;
   EXPECT_EQ(ReadTextFile(folder.Wide() + L"/a.txt"), nullptr);
   EXPECT_EQ(ReadTextFile(folder.Wide()), nullptr);
@@ -167,7 +167,7 @@ std::vector<std::wstring_view> EntriesOf(std::wstring_view body, bool keepEmpty)
   return entries;
 }
 
-TEST(CutEntries, CutsAtLineFeedsOnlyIfTheyGiveMorePieces) {
+TEST(CutEntries, SplitsAtLineFeedsOnlyIfTheyYieldMorePieces) {
   using Entries = std::vector<std::wstring_view>;
   struct Case {
     const wchar_t* body;
@@ -183,7 +183,7 @@ TEST(CutEntries, CutsAtLineFeedsOnlyIfTheyGiveMorePieces) {
       {L"a;b\nc\nd", {L"a;b", L"c", L"d"}, {L"a;b", L"c", L"d"}},
       {L"a;\nb;\nc;", {L"a", L"b", L"c", L""}, {L"a", L"b", L"c"}},
       {L"a;\nb", {L"a", L"b"}, {L"a", L"b"}},
-      {L"a\nb;", {L"a\nb", L""}, {L"a", L"b;"}},  // an empty piece may decide it
+      {L"a\nb;", {L"a\nb", L""}, {L"a", L"b;"}},  // an empty piece may decide
       {L"a;;b", {L"a", L"", L"b"}, {L"a", L"b"}},
   };
   for (const Case& one : cases) {

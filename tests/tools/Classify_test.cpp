@@ -1,4 +1,4 @@
-// The program as its user sees it: what it prints, and how it fails.
+// Tests `classify` from the outside: its output, exit statuses and messages.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class Classify : public testing::Test {
     folder.Write("elements.txt", "Basic Wall 200\nDoor 2\nRoof\nDoor 3\n");
   }
 
-  // Runs the program in the test's folder.
+  // Runs the program with the test's folder as its current folder.
   Outcome Run(const std::string& arguments, const std::string& outputTo = "") const {
     return RunProgram(CLASSIFY_PROGRAM, arguments, folder.Path(), outputTo);
   }
@@ -169,27 +169,28 @@ TEST_F(Classify, FailsWithOneSentenceAStatusOfItsKindAndNoOutput) {
     const char* sentence;
   };
   const Case cases[] = {
-      {"--classificator none.txt elements.txt", 3, "Classificator file \"none.txt\" is not there."},
+      {"--classificator none.txt elements.txt", 3,
+       "Classificator file \"none.txt\" does not exist."},
       {"--classificator SCHEME.TXT elements.txt", 3,
        "Classificator file \"SCHEME.TXT\" has a name that ends neither in \".txt\" nor in "
        "\".json\"."},
       {"--classificator folder.txt elements.txt", 3,
        "Classificator file \"folder.txt\" can't be opened."},
       {"--classificator scheme.txt --domen none.txt elements.txt", 4,
-       "Domain file \"none.txt\" is not there."},
+       "Domain file \"none.txt\" does not exist."},
       {"--classificator scheme.txt --domen folder.txt elements.txt", 4,
        "Domain file \"folder.txt\" can't be opened."},
       {"--classificator scheme.txt none.txt", 5, "Elements file \"none.txt\" can't be opened."},
       {"--classificator scheme.txt latin1.txt", 5,
        "Elements file \"latin1.txt\", line 2, is not UTF-8."},
       {"--classificator scheme.txt zero.txt", 5,
-       "Elements file \"zero.txt\", line 1, holds a NUL."},
+       "Elements file \"zero.txt\", line 1, contains a NUL."},
       {"--classificator scheme.txt --column 2 elements.txt", 5,
-       "Elements file \"elements.txt\", line 1, has 1 column, and column 2 was asked for."},
+       "Elements file \"elements.txt\", line 1, has 1 column, but column 2 was requested."},
       {"--domen broken.json --list domens", 4,
        "Domain file \"broken.json\", line 2, column 9: a colon is expected behind a key."},
       {"--domen latin1.json --list domens", 4, "Domain file \"latin1.json\" is not UTF-8."},
-      {"--domen half.json --list domens", 8, "A text holds half a surrogate pair."},
+      {"--domen half.json --list domens", 8, "A text contains a lone surrogate."},
       {"--domen domain.txt export E out.json", 7, "No domain \"E\" is loaded."},
       {"--domen domain.txt export D out.txt", 7,
        "Target \"out.txt\" has a name that doesn't end in \".json\"."},
@@ -301,7 +302,7 @@ TEST_F(Classify, ExportsADomainThatItCanReadAgain) {
   EXPECT_EQ(Run("--domen out.json --list properties").output, "out\tGRADE\tGRADE\t1\t2\n");
 }
 
-// The older file has the same properties, so that only its bytes tell it from the new one.
+// The older file has the same properties, so that only its bytes differ from the new one.
 TEST_F(Classify, SaysThatAnExportLeftAnOlderOne) {
   const fs::path target = folder.Path() / "out.json";
   ASSERT_EQ(Run("--domen domain.txt export D out.json").status, 0);
@@ -356,7 +357,7 @@ TEST_F(Classify, ListsItsExitStatusesInItsHelp) {
   }
 }
 
-TEST_F(Classify, TellsItsVersionWithoutAnythingToClassify) {
+TEST_F(Classify, PrintsItsVersionWithoutAnythingToClassify) {
   const Outcome outcome = Run("--version");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.output, "classify " CLASSIFY_VERSION "\n");

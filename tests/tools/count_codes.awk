@@ -1,7 +1,7 @@
-# Counts the elements of each code, independently of the library: reads a classificator file and then
-# descriptions, and prints each code with its number of elements. Knows only what the sample files
-# use of the format: a ==MAPTEXT section cut at line ends, and letters of the patterns that fold as
-# `toupper` folds them.
+# Counts the elements of each code, independently of the library: reads a classificator file and
+# then descriptions, and prints each code with its number of elements. Supports only the part of the
+# format that the sample files use: a ==MAPTEXT section split at line ends, and letters that
+# `toupper` folds.
 #
 #   awk -f count_codes.awk CLASSIFICATOR DESCRIPTIONS
 
@@ -36,7 +36,7 @@ function lookup(count,    length_, pattern) {
 }
 
 {
-  # Elements of one type differ in their ids alone, and no pattern reaches these.
+  # Elements of one type differ only in their ids, which no pattern matches.
   type = toupper($0)
   sub(/:[0-9]+$/, ":", type)
   if (!(type in found)) found[type] = lookup(split(type, input, /[ ]/))

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Runs real models through `classify` and holds the number of elements of each code against a count
-# that awk makes without the library.
+# Runs real models through `classify` and compares the number of elements of each code with a count
+# by awk, without the library.
 #
 #   models_test.sh CLASSIFY SOURCE_FOLDER
 #
-# Exit status 77 says that the models are not at hand.
+# The exit status is 77 if the models are absent.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 classify=$1
@@ -27,7 +27,7 @@ check() {
   awk -f "$source/tests/tools/count_codes.awk" "$source/data/$scheme" "$work/names" | sort \
     >"$work/expected"
   if ! diff "$work/expected" "$work/counts"; then
-    echo "$scheme on $(basename "$model"): these codes are counted otherwise"
+    echo "$scheme on $(basename "$model"): the counts of these codes differ"
     exit 1
   fi
   echo "$scheme on $(basename "$model"): $(head -n 1 "$work/summary")"

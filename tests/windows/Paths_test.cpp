@@ -1,4 +1,4 @@
-// The ways in which Windows names files, and in which its processes share them.
+// Tests of file names and file sharing on Windows.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -25,11 +25,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* schemeText = "==MAPTEXT\n@W10\nwall\n==DOMEN\n@@@ D\n@ P 0 1\nF int 0 5\n";
 
-// A folder with a scheme under a name of the test's choosing.
+// A folder with a scheme of a given name.
 class SchemeFolder {
  public:
   ~SchemeFolder() {
-    // From the inside out, as no call takes the longer of these paths but with its prefix.
+    // From the inside out, because long paths need their prefix.
     for (fs::path path = file; path != folder.Path(); path = path.parent_path()) {
       const std::wstring name = L"\\\\?\\" + path.wstring();
       DeleteFileW(name.c_str());
@@ -123,13 +123,13 @@ TEST(WindowsPaths, OfANetworkThatIsNotThereAreAbsence) {
   EXPECT_EQ(Load(L"", L"\\\\no-such-server\\share\\scheme.txt"), -1);
 }
 
-TEST(WindowsPaths, ThatAreFoldersGiveTwo) {
+TEST(WindowsPaths, ThatAreFoldersReturnTwo) {
   const TempFolder folder;
   fs::create_directory(folder.Path() / "scheme.txt");
   EXPECT_EQ(Load(L"", (folder.Path() / L"scheme.txt").wstring()), 2);
 }
 
-// A pipe with a name that a file could have, and none of whose ends is free if it is taken.
+// A pipe with a name like a file's. If it is taken, no end of it is free.
 class NamedPipe {
  public:
   explicit NamedPipe(bool taken)
@@ -189,7 +189,7 @@ TEST(WindowsSharing, LetsAFileBeReadThatAnotherHasOpenForWriting) {
   CloseHandle(writer);
 }
 
-TEST(WindowsSharing, GivesTwoForAFileThatAnotherClaimsForItself) {
+TEST(WindowsSharing, ReturnsTwoForAFileThatAnotherProcessOpenedExclusively) {
   const SchemeFolder scheme(L"scheme.txt");
   HANDLE owner = CreateFileW(scheme.File().c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                              OPEN_EXISTING, 0, nullptr);
@@ -198,8 +198,7 @@ TEST(WindowsSharing, GivesTwoForAFileThatAnotherClaimsForItself) {
   CloseHandle(owner);
 }
 
-// Whether the reader's claim lets the target be replaced is the system's affair; in either case the
-// file is whole.
+// The system decides whether an open file can be replaced; in either case the file is complete.
 TEST(WindowsSharing, ReplacesATargetThatAnotherReadsOrLeavesItAlone) {
   for (const DWORD share : {FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_DELETE}) {
     const SchemeFolder scheme(L"target.json");
@@ -227,11 +226,11 @@ TEST(WindowsSharing, LeavesAReadOnlyTargetAlone) {
   EXPECT_EQ(std::distance(fs::directory_iterator(scheme.Folder()), {}), 1);
 }
 
-// The library has its own white space and its own `_wtoi`, so that they are the same everywhere.
+// The library implements white space and `_wtoi` itself, so that they are the same everywhere.
 
 TEST(WindowsRuntime, HasTheLibrarysWhiteSpace) {
   for (unsigned code = 0; code <= 0xFFFF; ++code) {
-    // The oldest runtime, whose table ends at ASCII but for one, doesn't have the next line.
+    // The oldest runtime lacks U+0085.
     if (code == 0x85) continue;
     const auto unit = static_cast<wchar_t>(code);
     EXPECT_EQ(IsSpace(unit), std::iswspace(unit) != 0) << std::hex << code;

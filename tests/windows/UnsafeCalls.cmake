@@ -1,5 +1,5 @@
-# Looks for calls of functions of C that Microsoft's headers call unsafe: cl warns of each (C4996),
-# and its warnings are errors.
+# Looks for calls of C functions that Microsoft's headers declare unsafe: MSVC warns of each
+# (C4996), and warnings are errors.
 #
 #   cmake -D SOURCE_FOLDER=FOLDER -P UnsafeCalls.cmake
 
@@ -17,7 +17,7 @@ file(GLOB_RECURSE sources LIST_DIRECTORIES FALSE
   ${SOURCE_FOLDER}/src/*.cpp ${SOURCE_FOLDER}/src/*.h
   ${SOURCE_FOLDER}/tests/*.cpp ${SOURCE_FOLDER}/tests/*.h
   ${SOURCE_FOLDER}/tools/*.cpp ${SOURCE_FOLDER}/tools/*.h)
-# What is for other systems alone, and a header that has another call for Windows.
+# Excludes sources for other systems, and a header that uses another call on Windows.
 list(FILTER sources EXCLUDE REGEX "/support/FailingCalls[.]cpp$|/classify/Environment[.]h$")
 list(LENGTH sources count)
 if(count LESS 100)

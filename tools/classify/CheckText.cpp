@@ -29,6 +29,12 @@ const char* ColourOf(Severity severity) {
   }
 }
 
+// What runs over lines in the file, a code for instance, does not in a sentence.
+std::string OnOneLine(std::string sentence) {
+  std::replace(sentence.begin(), sentence.end(), '\n', ' ');
+  return sentence;
+}
+
 class TextFormatter {
  public:
   TextFormatter(const Report& report, const LoadedFiles& loaded, Language language, Markers markers)
@@ -43,7 +49,7 @@ class TextFormatter {
     const Check& check = CheckOf(finding.number);
     AddPlace(finding.place);
     AddColoured(NameOf(check.severity), ColourOf(check.severity));
-    text_ += ": " + Fill(check.sentence, language_, finding.arguments) + " [" +
+    text_ += ": " + OnOneLine(Fill(check.sentence, language_, finding.arguments)) + " [" +
              std::to_string(finding.number) + "]\n";
     AddMarker(finding.place, ColourOf(check.severity));
     for (const Related& related : finding.related) {

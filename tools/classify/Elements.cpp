@@ -29,14 +29,14 @@ std::string ReadAll(const std::string& file, const std::string& name) {
   return ReadStream(stream, name);
 }
 
-// The text of column `column` of a line.
+// Returns the text of a column of a line. Columns are numbered from 1.
 std::string_view Column(std::string_view line, int column, const std::string& place) {
   for (int passed = 1; passed < column; ++passed) {
     const std::size_t tab = line.find('\t');
     if (tab == line.npos) {
       throw Failure{failedElements, place + " has " + std::to_string(passed) +
-                                        (passed == 1 ? " column" : " columns") + ", and column " +
-                                        std::to_string(column) + " was asked for."};
+                                        (passed == 1 ? " column" : " columns") + ", but column " +
+                                        std::to_string(column) + " was requested."};
     }
     line.remove_prefix(tab + 1);
   }
@@ -46,7 +46,7 @@ std::string_view Column(std::string_view line, int column, const std::string& pl
 std::wstring Description(std::string_view line, int column, const std::string& place) {
   if (line.ends_with('\r')) line.remove_suffix(1);
   if (!IsUtf8(line)) throw Failure{failedElements, place + " is not UTF-8."};
-  if (line.find('\0') != line.npos) throw Failure{failedElements, place + " holds a NUL."};
+  if (line.find('\0') != line.npos) throw Failure{failedElements, place + " contains a NUL."};
   return ToWide(column == 0 ? line : Column(line, column, place));
 }
 

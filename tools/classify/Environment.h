@@ -1,4 +1,4 @@
-// Variables of the process's environment.
+// Reads variables of the process's environment.
 
 #pragma once
 
@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <string>
 
-// The value of a variable, empty if it is not set.
+// Returns the value of a variable, or an empty string if it is not set.
 inline std::string EnvironmentVariable(const char* name) {
 #ifdef _WIN32
-  // cl takes `getenv` for unsafe.
-  std::size_t size = 0;  // with the NUL, or 0 if it is not set
+  // MSVC warns of `getenv` as unsafe.
+  std::size_t size = 0;  // including the NUL; 0 if the variable is not set
   if (getenv_s(&size, nullptr, 0, name) != 0 || size == 0) return "";
   std::string value(size, '\0');
   if (getenv_s(&size, value.data(), value.size(), name) != 0) return "";

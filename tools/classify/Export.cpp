@@ -25,32 +25,32 @@ bool IsLoaded(RevitMappingEditorDll& editor, const std::wstring& domenId) {
   return std::find(loaded.begin(), loaded.end(), domenId) != loaded.end();
 }
 
-// A new folder for files that nobody else has to see, gone with its scope.
+// Creates a temporary folder and removes it at the end of its scope.
 class ScratchFolder {
  public:
   ScratchFolder() {
     std::random_device number;
     do {
-      path = fs::temp_directory_path() / ("classify-" + std::to_string(number()));
-    } while (!fs::create_directory(path));
+      path_ = fs::temp_directory_path() / ("classify-" + std::to_string(number()));
+    } while (!fs::create_directory(path_));
   }
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
   ~ScratchFolder() {
     std::error_code ignored;
-    fs::remove_all(path, ignored);
+    fs::remove_all(path_, ignored);
   }
 
   std::wstring File() const {
-    const std::u8string bytes = (path / "domen.json").u8string();
+    const std::u8string bytes = (path_ / "domen.json").u8string();
     return ToWide(std::string(bytes.begin(), bytes.end()));
   }
 
  private:
-  fs::path path;
+  fs::path path_;
 };
 
-// What the target has to be: an export has the same bytes wherever it goes.
+// Returns the bytes that the target must have: an export has the same bytes wherever it is written.
 std::string ExportedBytes(RevitMappingEditorDll& editor, const std::wstring& domenId) {
   const ScratchFolder folder;
   editor.ExportJson(domenId.c_str(), folder.File().c_str());

@@ -2,8 +2,8 @@
 
 #include <string>
 
-// What ends the program: one sentence for the user and the exit status. Thrown where it is noticed,
-// caught in `main`.
+// An error that ends the program, with a sentence for the user and the exit status. `main` catches
+// it.
 struct Failure {
   int status;
   std::string sentence;

@@ -17,11 +17,11 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 std::string WhyNotLoaded(const std::string& file, int status) {
   if (status == 2) return "can't be opened.";
   if (status == 3) return "could not be read to its end.";
-  if (file.ends_with(".txt") || file.ends_with(".json")) return "is not there.";
+  if (file.ends_with(".txt") || file.ends_with(".json")) return "does not exist.";
   return "has a name that ends neither in \".txt\" nor in \".json\".";
 }
 
-// Throws a `Failure` of this exit status unless the load gives status 0. `subject` names the file.
+// Throws a `Failure` with this exit status unless `load` returns 0. `subject` names the file.
 template <class Load>
 void LoadOrFail(int exitStatus, const std::string& subject, const std::string& file, Load load) {
   try {
@@ -32,7 +32,7 @@ void LoadOrFail(int exitStatus, const std::string& subject, const std::string& f
   }
 }
 
-// The bytes of the file, or nothing where the library reads none either.
+// Returns the bytes of the file, or nothing if the library can't read it either.
 std::optional<std::string> BytesOf(const std::wstring& path) {
   try {
     return ReadWholeFile(path);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// What the command line asks for. All texts are UTF-8.
+// The options of the command line. All texts are UTF-8.
 struct Options {
   std::string classificator;
   std::string paramName = "ClassCode";
@@ -23,6 +23,6 @@ struct Options {
   std::string exportTarget;
 };
 
-// The options of a command line, or nothing if it asked for the help or the version, which is then
-// printed. Throws a `Failure` for a command line that makes no sense.
+// Returns the options of a command line, or prints the help or the version if requested and returns
+// nothing. Throws a `Failure` if the command line is invalid.
 std::optional<Options> ParseOptions(std::vector<std::string> arguments);

@@ -3,8 +3,7 @@
 #include <chrono>
 #include <cstddef>
 
-// A bar on standard error that fills as work is done, and nothing at all if standard error is no
-// terminal. It is gone when the work is.
+// Shows a progress bar on standard error if that is a terminal. The destructor erases it.
 class ProgressBar {
  public:
   explicit ProgressBar(std::size_t total);
@@ -12,11 +11,11 @@ class ProgressBar {
   ProgressBar& operator=(const ProgressBar&) = delete;
   ~ProgressBar();
 
-  // Cheap enough to be called for each piece of work: it draws ten times a second at most.
+  // Draws at most ten times a second, so that it is cheap enough to call for each element.
   void Show(std::size_t done);
 
  private:
-  std::size_t total;
-  bool onTerminal;
-  std::chrono::steady_clock::time_point nextDrawing;
+  std::size_t total_;
+  bool onTerminal_;
+  std::chrono::steady_clock::time_point nextDrawing_;
 };

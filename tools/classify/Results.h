@@ -1,4 +1,4 @@
-// The values of the library's results, whose buffers are freed.
+// Copies results of the library and frees their buffers.
 
 #pragma once
 

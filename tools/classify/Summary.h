@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-// What came out of a run.
+// The statistics of a run.
 struct Summary {
   std::size_t elements = 0;
   std::size_t matched = 0;
@@ -13,6 +13,6 @@ struct Summary {
   std::chrono::duration<double> time{};
 };
 
-// The lines that the program prints of it: how many elements there were and matched, the ten most
-// frequent codes (those of equal frequency in the order of the codes), elements per second.
+// Returns the summary as text: the numbers of elements and of matches, the ten most frequent codes
+// (codes of equal frequency in code order), and elements per second.
 std::string FormatSummary(const Summary& summary);

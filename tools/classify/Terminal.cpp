@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
-// Behind windows.h, which it needs.
+// Needs windows.h before it.
 #include <shellapi.h>
 #else
 #include <unistd.h>
@@ -35,7 +35,7 @@ void UseUtf8Streams() {
 }
 
 std::vector<std::string> Utf8Arguments(int, char**) {
-  // Those of `main` have lost all letters that are not in the system's code page.
+  // The arguments of `main` lack all letters that are not in the system's code page.
   int count = 0;
   wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;

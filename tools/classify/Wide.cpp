@@ -20,7 +20,7 @@ std::wstring ToWide(std::string_view bytes) {
 
 std::string ToUtf8(std::wstring_view text) {
   std::optional<std::string> bytes = EncodeUtf8(text);
-  if (!bytes) throw Failure{failedOtherwise, "A text holds half a surrogate pair."};
+  if (!bytes) throw Failure{failedOtherwise, "A text contains a lone surrogate."};
   return *std::move(bytes);
 }
 

@@ -1,4 +1,4 @@
-// Between the program's UTF-8 and the library's wide strings.
+// Converts between the program's UTF-8 and the library's wide strings.
 
 #pragma once
 
@@ -10,8 +10,8 @@ bool IsUtf8(std::string_view bytes);
 // REQUIRES: `bytes` is UTF-8.
 std::wstring ToWide(std::string_view bytes);
 
-// Throws a `Failure` for half a surrogate pair, which JSON5 can write.
+// Throws a `Failure` for a lone surrogate, which JSON5 can express.
 std::string ToUtf8(std::wstring_view text);
 
-// The text as a field of the output, in UTF-8: what would end it or its line becomes a blank.
+// Returns the text as a field of the output, in UTF-8: tabs and line breaks become blanks.
 std::string ToField(std::wstring_view text);

@@ -1,11 +1,10 @@
-// Plays the add-in: loads a classificator and domains, and prints the mapping string of each
-// element. All that it loads, asks and exports goes through the exported class. From inside the
-// library it takes
-//   - the conversion of UTF-8 (Wide.cpp);
-//   - the search for a file and the reading of one (Loading.cpp, Export.cpp), so that it checks the
-//     same file that the library loads or writes, by the same rules;
-//   - the parser of JSON5 (Loading.cpp), which says where a file is malformed. The library keeps
-//     silent on that.
+// Plays the role of the add-in: loads a classificator and domains, and prints the mapping string of
+// each element. Loads, queries and exports use the exported class alone. Internals of the library
+// are used for
+//   - UTF-8 conversion (Wide.cpp);
+//   - finding and reading files (Loading.cpp, Export.cpp), so that the program checks the same file
+//     that the library loads or writes;
+//   - parsing JSON5 (Loading.cpp), because the library doesn't report where a file is malformed.
 
 #include <chrono>
 #include <cstddef>
@@ -34,8 +33,8 @@
 
 namespace {
 
-// Letters are matched whatever their case, by the global locale: without this only those of ASCII
-// would be. Nothing else of a locale is wanted. Where the system has no such locale it stays so.
+// The library folds case by the global locale, and the default one folds only ASCII letters. Sets
+// the character types only. Does nothing if the system lacks the locale.
 void FoldAllLetters() {
   try {
     std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
@@ -44,7 +43,7 @@ void FoldAllLetters() {
   }
 }
 
-// Adds the lines of all elements to `output`.
+// Appends the lines of all elements to `output`.
 Summary Classify(RevitMappingEditorDll& editor, const Options& options,
                  const std::vector<std::wstring>& elements, std::string& output) {
   const std::wstring nameSuffix = ToWide(options.nameSuffix);

@@ -9,14 +9,14 @@ using namespace TolvenLibs::RevitMappingEditorDll;
 namespace {
 
 // Returns an empty text if there is no file.
-std::string ReadIfThere(const std::wstring& file) {
+std::string ReadIfExists(const std::wstring& file) {
   return Exists(file) ? ReadWholeFile(file) : std::string();
 }
 
 }  // namespace
 
 CfgParser::CfgParser(const wchar_t* file, const wchar_t* /*second*/, const wchar_t* /*language*/)
-    : text_(ReadIfThere(file)) {
+    : text_(ReadIfExists(file)) {
   if (ParseJson5(text_, tree_)) tree_.root = {};
 }
 

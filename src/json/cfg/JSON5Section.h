@@ -14,8 +14,8 @@
 // default. `found` is set to whether the file's value is the result. A value of another type counts
 // as absent: `ParamString` requires a string, `ParamInt` a number of integral value within 32 bits,
 // `ParamDouble` a number, `ParamStringArray` an array, whose elements that aren't strings it skips.
-// In any case key, result and comment are recorded for writing; the last request for a key of an
-// item counts.
+// In any case key, result and comment are recorded for writing; an item's last request for a key
+// counts.
 class JSON5Section {
  public:
   // For `CfgParser`. `section` is null if the file lacks it; `item` is a place in the record.

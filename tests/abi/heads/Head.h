@@ -1,6 +1,5 @@
-// What Microsoft's containers of nodes do that others don't: each has a node of its own from its
-// construction to its end, so that making one, also out of another that is moved from, takes memory
-// and can fail.
+// Imitates Microsoft's node-based containers: each allocates a head node when it is constructed, so
+// that construction, also by a move, can fail.
 
 #pragma once
 

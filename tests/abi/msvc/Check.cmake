@@ -1,6 +1,6 @@
-# Compiles MsvcNames.cpp for Microsoft's ABI and holds the names that the object file refers to
-# against the list names.txt. Nothing of Microsoft's is needed: what the header of the class takes
-# from the standard headers is declared in the folder `standard`.
+# Compiles MsvcNames.cpp for Microsoft's ABI and compares the undefined symbols of the object file
+# with the list names.txt. Nothing of Microsoft's is needed: the folder `standard` declares what the
+# header of the class uses of the standard headers.
 #
 #   cmake -D CLANG=PROGRAM -D NM=PROGRAM -D SOURCE_FOLDER=FOLDER -D OBJECT=FILE -P Check.cmake
 

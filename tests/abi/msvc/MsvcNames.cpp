@@ -1,6 +1,5 @@
-// Refers to every export once, so that the object file names them all as undefined symbols. It is
-// compiled for Microsoft's ABI against the stand-ins for the standard headers in the folder
-// `standard`, and never linked.
+// Refers to every export once, so that all are undefined symbols of the object file. It is compiled
+// for Microsoft's ABI with the fake standard headers of the folder `standard`, and never linked.
 
 #include "RevitMappingEditorDll.h"
 #include "RevitMappingEditorRelease.h"

@@ -1,10 +1,10 @@
-// Prints what the reader makes of documents, so that another reader's result can be held against
-// it.
+// Prints the trees of documents, to compare them with those of another reader.
 //
-// The standard input is a sequence of documents, each the number of its bytes in decimal, a line
-// feed, and the bytes. For each a line is printed: `error`, or the tree. In it strings and keys are
-// hexadecimal units of UTF-16, four digits each, and members stand in the order of these digits, so
-// that the width of `wchar_t` does not show. Numbers are the bits of the double, all NaNs as one.
+// The standard input is a sequence of documents, each as the number of its bytes in decimal, a line
+// feed, and the bytes. Prints a line for each: `error`, or the tree. Strings and keys are printed
+// as hexadecimal UTF-16 units of four digits, and members are sorted by these digits, so that the
+// output doesn't depend on the width of `wchar_t`. Numbers are the bits of the double; all NaNs are
+// equal.
 
 #include <algorithm>
 #include <bit>
@@ -50,7 +50,7 @@ std::uint64_t Bits(double number) {
   return std::isnan(number) ? 0x7FF8000000000000 : std::bit_cast<std::uint64_t>(number);
 }
 
-// The depth of the tree is bounded, and so is that of the calls.
+// The depth of the tree is bounded, and with it the depth of the recursion.
 void AppendTree(std::string& line, const Json5Tree& tree, const Json5Value& value);
 
 void AppendArray(std::string& line, const Json5Tree& tree, const Json5Value& array) {

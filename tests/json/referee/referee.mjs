@@ -1,11 +1,11 @@
-// Holds the JSON5 reader against the reference one: both read the same documents, and either must
-// refuse what the other refuses and make the same tree of what the other takes.
+// Compares the JSON5 reader with the reference one: both must refuse the same documents and make
+// the same trees of the others.
 //
 //   node referee.mjs PATH_OF_JSON5_TREE [FILE...]
 //
-// The documents are made here, each from a seed of its own: half of them are valid and have all the
-// odd forms of the grammar, and half are such ones with a few characters spoilt. The files are
-// read beside them. The exit status is 1 if the two disagree.
+// The documents are generated, each from its own seed: half of them are valid and use all forms of
+// the grammar, and half are valid ones with a few characters changed. The files are read in
+// addition. The exit status is 1 if the readers disagree.
 
 import { spawnSync } from 'node:child_process';
 import { readFileSync } from 'node:fs';
@@ -43,7 +43,7 @@ class Dice {
     return list[this.below(list.length)];
   }
 
-  // `least` to `most` of them, one behind the other.
+  // Returns `least` to `most` of them, joined.
   repeat(least, most, make) {
     let text = '';
     for (let i = least + this.below(most - least + 1); i > 0; --i) text += make();
@@ -148,7 +148,7 @@ function string(dice) {
     if (dice.oneIn(8)) return other;
     return dice.pick(plain);
   });
-  // Behind an escaped zero no digit may stand.
+  // No digit may follow an escaped zero.
   return mark + inside.replace(/\\0(?=[0-9])/g, '\\0-') + mark;
 }
 
@@ -191,7 +191,7 @@ function validDocument(dice) {
   return space(dice) + value(dice, dice.pick([0, 0, 0, 4])) + space(dice);
 }
 
-// Spoilt documents
+// Malformed documents
 
 function spoil(dice, text) {
   const characters = [...text];
@@ -226,7 +226,7 @@ function makeDocument(seed) {
   return { name: `seed ${seed}`, bytes, mustBeValid: !spoilt };
 }
 
-// Trees, in the form that json5_tree has them
+// Trees, in the format of json5_tree
 
 function units(text) {
   let digits = '';
@@ -249,7 +249,7 @@ function members(object, depth) {
     .join('');
 }
 
-// The reference has no bound on the depth.
+// The reference doesn't bound the depth.
 class TooDeep extends SyntaxError {}
 
 function tree(value, depth = 0) {

@@ -1,6 +1,6 @@
-// The reading and the export of a domain are sequences of requests to the configuration library,
-// and their order and arguments are part of the format. Here a double of the library writes them
-// down.
+// Tests of the requests to the configuration library. Reading and exporting a domain are sequences
+// of requests, whose order and arguments are part of the format. A double of the library records
+// them.
 
 #include <CfgParser.h>
 #include <JSON5Section.h>
@@ -26,7 +26,7 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 namespace {
 
-// The comments, letter by letter.
+// The exact comments.
 const std::wstring ofDomenName = L" // Имя домена свойств для интерфейса";
 const std::wstring ofDomenKeys = L" // Список свойств принадлежащих домену";
 const std::wstring ofTypes =
@@ -43,14 +43,14 @@ const std::wstring ofFieldName = L" // название поля списка з
 const std::wstring ofType = L" // тип значения (целое, действительное)";
 const std::wstring ofDefault = L" // значение по умолчанию";
 
-// One sequence of several.
+// Concatenates sequences.
 Texts Join(std::initializer_list<Texts> sequences) {
   Texts joined;
   for (const Texts& one : sequences) joined.insert(joined.end(), one.begin(), one.end());
   return joined;
 }
 
-// Sequences that come again and again. They differ between properties in the names alone.
+// Repeated sequences, which differ between properties only in names.
 
 Texts OpenDomen(const std::wstring& path, const std::wstring& configText) {
   return {
@@ -80,7 +80,7 @@ Texts CloseProperty(const std::wstring& key) {
   return {L"end of Properties '" + key + L"'"};
 }
 
-// `defaultRequest` is "int iDefault 1", for instance, or nothing.
+// `defaultRequest` is empty or, for example, "int iDefault 1".
 Texts Field(const std::wstring& name, const std::wstring& place,
             const std::wstring& defaultRequest) {
   const std::wstring item = L"ArrayValueFields " + name + L": ";
@@ -94,7 +94,7 @@ Texts Field(const std::wstring& name, const std::wstring& place,
   return requests;
 }
 
-// The zones of a building: the file's order is not that of the keys.
+// The zones of a building. The file is not in key order.
 void AnswerZones(Script& script) {
   script.Answer(L"Domen", L"", L"sName", L"Zones");
   script.Answer(L"Domen", L"", L"asFuncsNames", Texts{L"ZoneKind", L"Limits"});
@@ -131,7 +131,7 @@ constexpr const wchar_t* zonesDomen =
 
 // Reading
 
-TEST(Reading, RequestsEachPropertyAndRightBehindItItsFieldsInTheOrderOfTheFile) {
+TEST(Reading, RequestsEachPropertyFollowedByItsFieldsInTheOrderOfTheFile) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -325,7 +325,7 @@ TEST(Reading, RequestsAPropertyOrFieldThatIsNamedTwiceTwice) {
             L"    real F 'F' = 1\n");
 }
 
-TEST(Reading, GoesThroughAllRequestsForADomainThatIsAlreadyThere) {
+TEST(Reading, MakesAllRequestsForADomainThatIsAlreadyThere) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -339,7 +339,7 @@ TEST(Reading, GoesThroughAllRequestsForADomainThatIsAlreadyThere) {
   EXPECT_EQ(store.activeDomenId, L"zones");
 }
 
-// What a library may raise.
+// An exception that a library may throw.
 void RaiseError() {
   throw std::runtime_error("the library failed");
 }
@@ -350,7 +350,7 @@ void RaiseNumber() {
   throw 5;
 }
 
-// Of a sequence up to its failing request, the ends of what is open then.
+// Expects that all that is open at the failing request is ended after it.
 void ExpectEverythingEnded(const Script& script, const std::wstring& afterwards) {
   EXPECT_EQ(script.openSections, 0) << afterwards;
   const bool parserMade = script.made > 1;
@@ -360,7 +360,7 @@ void ExpectEverythingEnded(const Script& script, const std::wstring& afterwards)
   EXPECT_TRUE(!parserMade || script.requests.back() == L"end of parser") << afterwards;
 }
 
-TEST(Reading, Gives3AndChangesNothingWhicheverRequestFails) {
+TEST(Reading, Returns3AndChangesNothingWhicheverRequestFails) {
   int requests = 0;
   {
     Script whole;
@@ -394,7 +394,7 @@ struct ExportedField {
   int type;
 };
 
-// A property whose fields have values that are no defaults.
+// Adds a property whose fields have values other than the defaults.
 void AddProperty(Domen& domen, const wchar_t* key, std::initializer_list<ExportedField> fields) {
   DomenProperty property(key, std::wstring(L"Name of ") + key, {}, false, 0);
   for (const ExportedField& field : fields) {
@@ -439,7 +439,7 @@ Texts WriteProperty(const std::wstring& key, const std::wstring& place,
   };
 }
 
-// A field of type 0, which has no further request.
+// The requests of a field of type 0, which has no default.
 Texts WriteIntField(const std::wstring& name, const std::wstring& place,
                     const std::wstring& title) {
   return {
@@ -661,7 +661,7 @@ TEST(Writing, RequestsNothingForAnUnknownDomain) {
   EXPECT_EQ(script.requests, Texts{});
 }
 
-TEST(Writing, LeavesTheStoreAsItIs) {
+TEST(Writing, LeavesTheStoreUnchanged) {
   Script script;
   AnswerZones(script);
   DomenStore store;
@@ -672,7 +672,7 @@ TEST(Writing, LeavesTheStoreAsItIs) {
   EXPECT_EQ(store.activeDomenId, L"other");
 }
 
-TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryGivesThemBackOrCopiesOfThem) {
+TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryReturnsThemOrCopiesOfThem) {
   for (const ArrayResult arrays : {ArrayResult::defaults, ArrayResult::other}) {
     Domen domen(L"a", L"A");
     AddProperty(domen, L"P", {{L"F", L"F", typeInt}});
@@ -690,7 +690,7 @@ TEST(Writing, GoesOnWithItsKeysWhetherTheLibraryGivesThemBackOrCopiesOfThem) {
   }
 }
 
-TEST(Writing, EndsWithoutAWordAndSavesNothingWhicheverRequestFails) {
+TEST(Writing, EndsSilentlyAndSavesNothingWhicheverRequestFails) {
   Domen domen(L"a", L"A");
   AddProperty(domen, L"P", {{L"F", L"F", typeInt}, {L"G", L"G", typeRList}});
   AddProperty(domen, L"Q", {{L"H", L"H", typeStr}});
@@ -717,9 +717,9 @@ TEST(Writing, EndsWithoutAWordAndSavesNothingWhicheverRequestFails) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path())) << "only the library writes files";
 }
 
-// Arrays of strings. What is released twice, or never, is told by the sanitizers.
+// Arrays of strings. The sanitizers report double releases and leaks.
 
-// What a request gives, and what it makes of the defaults.
+// Returns what a request finds and what it makes of the defaults.
 std::pair<bool, Texts> RequestArray(ArrayResult arrays, bool inFile, bool overriding,
                                     Texts values) {
   Script script;
@@ -754,7 +754,7 @@ TEST(ReadStringArrayParam, ReleasesTheDefaultsOnceIfTheyAreTheResult) {
   }
 }
 
-TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatGivesANewArrayOnOverride) {
+TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatReturnsANewArrayOnOverride) {
   for (const Texts& defaults : {noTexts, twoTexts}) {
     EXPECT_EQ(RequestArray(ArrayResult::other, true, true, defaults), std::pair(false, defaults));
   }
@@ -774,7 +774,7 @@ TEST(ReadStringArrayParam, ReleasesNoMoreOnOverrideIfTheLibrarySaysThatItFoundTh
   }
 }
 
-TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatGivesNoArray) {
+TEST(ReadStringArrayParam, LeavesTheDefaultsToALibraryThatReturnsNoArray) {
   for (const Texts& defaults : {noTexts, twoTexts}) {
     EXPECT_EQ(RequestArray(ArrayResult::null, false, false, defaults), std::pair(false, noTexts));
   }
@@ -816,7 +816,7 @@ TEST(ReadStringArrayParam, KeepsTheValuesIfTheLibraryRaisesAnException) {
 
 // The editor's configuration text.
 
-TEST(ConfigText, IsHandedOnAsItStandsByAnEditorAndByItsCopies) {
+TEST(ConfigText, IsPassedOnUnchangedByAnEditorAndByItsCopies) {
   const TempFolder folder;
   const std::wstring file = folder.Write("zones.json", "");
   for (const std::wstring text : {L"the text", L" \tthe text\n;{ ", L""}) {
@@ -833,7 +833,7 @@ TEST(ConfigText, IsHandedOnAsItStandsByAnEditorAndByItsCopies) {
   }
 }
 
-TEST(ConfigText, IsHandedOnForAClassificatorFileToo) {
+TEST(ConfigText, IsPassedOnForAClassificatorFileToo) {
   Script script;
   const TempFolder folder;
   const std::wstring file = folder.Write("zones.json", "");

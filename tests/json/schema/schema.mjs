@@ -1,5 +1,5 @@
-// Holds the schema of domain files to its word: it is a schema, files that are good pass it, and
-// each of the mistakes below fails by the keyword and at the place that are told with it.
+// Tests the schema of domain files: it is a valid schema, valid files pass it, and each of the
+// mistakes below fails with its keyword at its place.
 //
 //   node schema.mjs SCHEMA GOOD_FILE...
 
@@ -8,7 +8,7 @@ import { readFileSync } from "node:fs";
 import Ajv from "ajv/dist/2020.js";
 import json5 from "json5";
 
-// A file with one property of one field, and what stands in the four objects besides.
+// Returns a file with one property of one field, with further members in the four objects.
 const file = ({ top = "", domen = "", property = "", field = "" }) => `{
   Domen: {asFuncsNames: ['P'], ${domen}},
   Properties: {P: {asFuncsNames: ['F'], ${property}}},
@@ -29,13 +29,13 @@ const goodTexts = [
   file({ field: "sType: 'ar', rDefault: 5" }),
   file({ field: "sType: 's', sDefault: ''" }),
   file({ field: "sType: 'as', sDefault: 'two words'" }),
-  // An export that found the name in properties of several types
+  // An export with one field name in properties of several types
   file({ field: "sName: 'F', sType: 'i', rDefault: 1.0, iDefault: 1" }),
   file({ field: "sName: 'F', sType: 'ar', sDefault: '', iDefault: 1, rDefault: 1.0" }),
   file({ field: "sName: 'F', sType: 's', sDefault: '', iDefault: 1" }),
 ];
 
-// Mistakes in one of the objects, with the keyword and the place in it.
+// Mistakes in one of the objects, each with the keyword and the place.
 const within = (object, place, mistakes) =>
   mistakes.map(([name, text, keyword, key]) => [
     name,
@@ -120,7 +120,7 @@ const mistakes = [
 
 const failures = [];
 
-// The first error that the schema finds in a text, or null.
+// Returns the first error that the schema finds in a text, or null.
 const firstError = (validate, text) => (validate(json5.parse(text)) ? null : validate.errors[0]);
 
 function checkGood(validate, name, text) {
@@ -136,7 +136,7 @@ function checkMistake(validate, [name, text, keyword, place]) {
 }
 
 function check(schemaFile, goodFiles) {
-  // Compiling holds the schema to the schema of schemas, and in strict mode to sense as well.
+  // Compiling checks the schema against the meta-schema; strict mode checks its consistency too.
   const validate = new Ajv({ strict: true }).compile(JSON.parse(readFileSync(schemaFile, "utf8")));
   for (const name of goodFiles) {
     attempt(name, () => checkGood(validate, name, readFileSync(name, "utf8")));
@@ -145,7 +145,7 @@ function check(schemaFile, goodFiles) {
   for (const mistake of mistakes) attempt(mistake[0], () => checkMistake(validate, mistake));
 }
 
-// Does it, and takes an exception for a failure of this name.
+// Runs the action and counts an exception as a failure of this name.
 function attempt(name, action) {
   try {
     action();

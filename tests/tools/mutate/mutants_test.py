@@ -1,3 +1,5 @@
+"""Tests of the search for mutants."""
+
 import unittest
 
 from mutants import changed_lines, divide, find_mutants, mutate, shuffle
@@ -9,7 +11,7 @@ def mutants_of(text):
 
 
 def changed(text):
-    """What the text becomes by its mutants, in any order."""
+    """The texts of all mutants, sorted."""
     return sorted(mutate(text, mutant) for mutant in mutants_of(text))
 
 
@@ -37,7 +39,7 @@ class FindMutants(unittest.TestCase):
         self.expect('View a{L"b + 1"};', 'View a{L""};')
         self.expect('View a{""};', 'View a{"x"};')
 
-    def test_turns_a_truth_round(self):
+    def test_negates_a_truth_value(self):
         self.expect("bool a{true};", "bool a{false};")
         self.expect("bool a{false};", "bool a{true};")
 
@@ -65,7 +67,7 @@ class FindMutants(unittest.TestCase):
     def test_leaves_a_condition_with_a_declaration_as_it_is(self):
         self.expect("if (A a; a) {}")
 
-    def test_takes_either_value_of_a_choice(self):
+    def test_replaces_a_conditional_by_either_value(self):
         self.expect("auto a{b ? c : d};", "auto a{b ? c : c};", "auto a{b ? d : d};")
 
     def test_makes_a_result_empty_and_the_opposite(self):
@@ -99,7 +101,7 @@ class FindMutants(unittest.TestCase):
         found = mutants_of("if (a == 1 && b[0]) { return c ? 1 : 2; }")
         self.assertEqual(len(found), len({(m.start, m.end, m.replacement) for m in found}))
 
-    def test_tells_file_line_and_kind(self):
+    def test_reports_file_line_and_kind(self):
         mutants = mutants_of("// One line\nint a{0};\nbool b{true};")
         self.assertEqual([(m.file, m.line, m.kind) for m in mutants],
                          [("a.cpp", 2, "constant"), ("a.cpp", 3, "constant")])

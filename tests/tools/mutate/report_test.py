@@ -1,3 +1,5 @@
+"""Tests of the report of a run."""
+
 import contextlib
 import io
 import pathlib

@@ -1,3 +1,5 @@
+"""Tests of the tokenizer."""
+
 import pathlib
 import tempfile
 import unittest
@@ -10,7 +12,7 @@ def texts(text):
 
 
 class Tokenize(unittest.TestCase):
-    def test_cuts_a_text_into_the_tokens_of_cpp(self):
+    def test_splits_a_text_into_the_tokens_of_cpp(self):
         for text, expected in [
                 ("a+=b;", ["a", "+=", "b", ";"]),
                 ("a<<=b>>c", ["a", "<<=", "b", ">>", "c"]),
@@ -29,11 +31,11 @@ class Tokenize(unittest.TestCase):
     def test_leaves_out_directives_with_their_continued_lines(self):
         self.assertEqual(texts("#define A 1 + \\\n  2\n  # include <b>\nc"), ["c"])
 
-    def test_tells_what_kind_each_token_is(self):
+    def test_reports_what_kind_each_token_is(self):
         kinds = [token.kind for token in tokenize("""a 1 'b' "c" R"(d)" +""")]
         self.assertEqual(kinds, ["word", "number", "char", "string", "raw", "sign"])
 
-    def test_tells_where_each_token_is(self):
+    def test_reports_where_each_token_is(self):
         text = "/* a */ bc = 1;"
         for token in tokenize(text):
             self.assertEqual(text[token.start:token.end], token.text)
@@ -44,7 +46,7 @@ class Tokenize(unittest.TestCase):
 
 
 class Find(unittest.TestCase):
-    def test_passes_over_what_is_in_brackets(self):
+    def test_skips_what_is_in_brackets(self):
         source = Source("a.cpp", "f([] { return 1; }, 2); g();")
         self.assertEqual(source.text_of(0, source.find(0, {";"})), "f([] { return 1; }, 2);")
 

@@ -1,3 +1,5 @@
+"""Tests of building and running a mutant."""
+
 import os
 import pathlib
 import subprocess
@@ -48,7 +50,7 @@ class Run(TemporaryFolder):
         self.assertEqual(run(["sh", "-c", "echo a; echo b >&2; exit 3"], self.folder),
                          (3, "a\nb\n"))
 
-    def test_tells_the_signal_that_ended_a_command(self):
+    def test_reports_the_signal_that_ended_a_command(self):
         self.assertEqual(run(["sh", "-c", "kill -ABRT $$"], self.folder)[0], -6)
 
     def test_stops_what_takes_the_processor_too_long(self):
@@ -105,8 +107,8 @@ class Synchronise(TemporaryFolder):
 
 
 class FakeCommands:
-    """Stands in for the build and the test programs. `fails` tells what a test program says of a
-    source: a status and an output."""
+    """A fake of the build and the test programs. `fails` returns the status and the output of a
+    test program for a source."""
 
     def __init__(self, folder):
         self.source = folder / "tree0/src/a.cpp"
@@ -156,7 +158,7 @@ class TryOut(TemporaryFolder):
         self.assertEqual(self.commands.runs, [
             ("tests", "-A.Slow"), ("request_tests", "*"), ("tests", "A.Slow")])
 
-    def test_tells_the_test_that_kills_the_mutant(self):
+    def test_reports_the_test_that_kills_the_mutant(self):
         for program in ["tests", "request_tests"]:
             with self.subTest(program):
                 self.prepare()
@@ -164,13 +166,13 @@ class TryOut(TemporaryFolder):
                 self.assertEqual(self.tree.try_out(self.mutants[0]), "A.Fast")
                 self.commands.fails = lambda text, program, tests: (0, "")
 
-    def test_tells_a_crash_and_a_hang(self):
+    def test_reports_a_crash_and_a_hang(self):
         self.prepare()
         for status, expected in [(-6, "a crash (status -6)"), (None, trees.HANGS)]:
             self.when_mutated(status, "")
             self.assertEqual(self.tree.try_out(self.mutants[0]), expected)
 
-    def test_tells_that_a_mutant_does_not_build_and_runs_no_test(self):
+    def test_reports_that_a_mutant_does_not_build_and_runs_no_test(self):
         self.prepare()
         for status in [1, None]:
             self.commands.build = lambda text, status=status: (status, "")

@@ -21,6 +21,6 @@ class CfgParser {
   void saveCfgParamsToJson5(const wchar_t* file, int kind);
 
  private:
-  // What the library may hold until the parser ends.
+  // What the library may keep until the parser ends.
   KeptArrays kept;
 };

@@ -37,7 +37,7 @@ JSON5Section::JSON5Section(std::wstring sectionName, std::wstring itemName,
 }
 
 JSON5Section::~JSON5Section() {
-  // So that it shows where a string is read too late.
+  // Makes it visible if a string is read too late.
   for (std::wstring& text : given) std::fill(text.begin(), text.end(), L'#');
   --Script::current->openSections;
   Script::current->requests.push_back(L"end of " + section + L" " + Quoted(item));
@@ -69,7 +69,7 @@ const wchar_t** JSON5Section::ParamStringArray(const wchar_t* key, int& count,
                                                const wchar_t** defaultValues, int defaultCount,
                                                bool& found, const wchar_t* comment,
                                                bool overriding) {
-  // The strings are the library's whatever comes.
+  // The library owns the strings in any case.
   for (int i = 0; i < defaultCount; ++i) kept.strings.emplace_back(defaultValues[i]);
   std::wstring value = Listed(defaultValues, defaultCount);
   if (count != 0 || found) value += L" (neither counted from 0 nor set to not found)";

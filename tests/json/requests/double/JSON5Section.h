@@ -7,7 +7,7 @@
 
 #include "Script.h"
 
-// Strings and arrays that the library owns.
+// The strings and arrays that the library owns.
 struct KeptArrays {
   const wchar_t* Keep(const std::wstring& text);
 
@@ -36,14 +36,14 @@ class JSON5Section {
                                    bool overriding);
 
  private:
-  // The answer of the script, or null if it has none of this type or is overridden. Writes the
-  // request down.
+  // Records the request and returns the script's answer, or null if it has none of this type or is
+  // overridden.
   template <class Type>
   const Type* Request(const wchar_t* key, const std::wstring& type, const std::wstring& value,
                       const wchar_t* comment, bool overriding, bool& found);
 
   std::wstring section;
   std::wstring item;
-  std::list<std::wstring> given;  // the strings that are good until the section ends
+  std::list<std::wstring> given;  // the strings that are valid until the section ends
   KeptArrays& kept;
 };

@@ -1,4 +1,4 @@
-// A double of the configuration library: it answers from a script and writes down what it is asked.
+// A double of the configuration library that answers from a script and records the requests.
 
 #pragma once
 
@@ -16,17 +16,17 @@ using ScriptKey = std::tuple<std::wstring, std::wstring, std::wstring>;
 
 using ScriptAnswer = std::variant<std::wstring, int, double, Texts>;
 
-// What a library may hand back for an array of strings.
+// What a library may return for an array of strings.
 enum class ArrayResult {
-  defaults,  // the array of the defaults wherever that is right
-  other,     // a new array in place of that of the defaults, which stays with the library
-  null,      // no array where nothing is found; that of the defaults stays with the library
-  empty,     // an array of the library's own, with a count of 0
+  defaults,  // the array of the defaults where that is correct
+  other,     // a new array instead of that of the defaults, which the library keeps
+  null,      // no array if nothing is found; the library keeps that of the defaults
+  empty,     // an array that the library owns, with a count of 0
   negative,  // the same with a count of -1
 };
 
-// The one script at a time. Whatever parsers and sections do while it lives is told by it and
-// written down in it.
+// The current script, which answers and records all parsers and sections. REQUIRES: there is only
+// one at a time.
 struct Script {
   Script() { current = this; }
   Script(const Script&) = delete;
@@ -38,18 +38,18 @@ struct Script {
     answers[{section, item, key}] = std::move(answer);
   }
 
-  // Writes a request down, and raises an exception if it is the one that is to fail.
+  // Records a request, and throws if it is the one that is to fail.
   void Request(const std::wstring& request);
 
   std::map<ScriptKey, ScriptAnswer> answers;
   ArrayResult arrays = ArrayResult::defaults;
-  bool foundOnOverride = false;  // what an overridden request says of the file
+  bool foundOnOverride = false;  // what an overridden request reports of the file
   int failing = 0;               // the number of the request that fails, from 1; 0 for none
-  void (*fail)() = nullptr;      // raises the exception
-  Texts requests;                // with the ends of sections and parsers
+  void (*fail)() = nullptr;      // throws the exception
+  Texts requests;                // including the ends of sections and parsers
   int made = 0;                  // requests that could have failed
   int openSections = 0;          // sections that have not ended
-  int parsersByNew = 0;          // that were made by `new`
-  int parsersByDelete = 0;       // that were ended by `delete`
+  int parsersByNew = 0;          // made by `new`
+  int parsersByDelete = 0;       // ended by `delete`
   static inline Script* current = nullptr;
 };
