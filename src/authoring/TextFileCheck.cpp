@@ -51,7 +51,7 @@ Meaning MeaningOf(const AccountEntry& entry) {
     case Outcome::domenWithoutId:
       return {Fate::used, 401};
     case Outcome::propertyOutsideDomen:
-      return {Fate::lost, 402};
+      return {Fate::used, 402};
     case Outcome::propertyIncomplete:
       return {Fate::used, 403};
     case Outcome::propertyNumberRefused:
@@ -164,7 +164,7 @@ class TextFileChecker {
         BeginSection(entry);
       } else if (IsRemark(entry.outcome)) {
         AddRemark(entry);
-      } else {
+      } else if (entry.piece.data()) {  // an empty section has an entry without a place
         AddStatement(entry);
       }
     }
@@ -194,9 +194,10 @@ class TextFileChecker {
     const auto [earlier, first] = sections_.try_emplace(heading.outcome, section_.firstStatement);
     if (first) return;
     Finding& finding = AddFinding(report_, 110, report_.statements[earlier->second].place,
-                                  Fate::lost, {heading.piece.substr(0, heading.piece.find(L' '))});
+                                  Fate::used, {heading.piece.substr(0, heading.piece.find(L' '))});
     finding.related.push_back({places_.Of(heading.piece), RelatedKind::later});
-    for (std::size_t i = earlier->second; i < lastOfKind_[heading.outcome]; ++i) {
+    // The heading still ends the section above it.
+    for (std::size_t i = earlier->second + 1; i < lastOfKind_[heading.outcome]; ++i) {
       Fate& fate = report_.statements[i].fate;
       const bool isList = domainList_ && domainList_->statement == i;
       if (fate == Fate::used && !isList) fate = Fate::lost;
@@ -208,6 +209,7 @@ class TextFileChecker {
     if (!section_.heading) return;
     lastOfKind_[section_.heading->outcome] = report_.statements.size();
     TellEmptyHeader();
+    EndBlock();
     const Place heading = places_.Of(section_.heading->piece);
     if (section_.overLines > 1) {
       AddFinding(report_, 106, heading, Fate::used, {std::to_wstring(section_.overLines)});
@@ -246,11 +248,14 @@ class TextFileChecker {
       case Outcome::field:
         definitions_.try_emplace(entry.names, LastPlace());
         return;
+      case Outcome::notFiveWords:
+        return AddLineOfBlock();
       case Outcome::coloratTitle:
         colors_ = &colorats_[entry.names[0]];
         [[fallthrough]];
       case Outcome::coloratWithoutLines:
       case Outcome::coloratTitleWithoutBlank:
+        EndBlock();
         if (IsWithinLine(entry.piece)) AddFinding(report_, 608, LastPlace(), Fate::used);
         return;
       case Outcome::colorLine:
@@ -366,7 +371,29 @@ class TextFileChecker {
     return before[-1] != L'\n';
   }
 
+  void AddLineOfBlock() {
+    ++linesOfBlock_;
+    lineOfBlock_ = report_.statements.size() - 1;
+  }
+
+  // A block without a line below its title is left out, and so its only line has an effect whatever
+  // it is.
+  void EndBlock() {
+    if (linesOfBlock_ == 1) {
+      Statement& statement = report_.statements[lineOfBlock_];
+      statement.fate = Fate::used;
+      const auto finding = std::find_if(
+          report_.findings.rbegin(), report_.findings.rend(),
+          [&statement](const Finding& told) { return told.place <= statement.place; });
+      if (finding != report_.findings.rend() && finding->place == statement.place) {
+        finding->fate = Fate::used;
+      }
+    }
+    linesOfBlock_ = 0;
+  }
+
   void AddColor(const AccountEntry& entry) {
+    AddLineOfBlock();
     const std::wstring& key = entry.names[0];
     remarkIsColor_ = IsRemarkOfColorat(entry.piece);
     if (remarkIsColor_) AddFinding(report_, 607, LastPlace(), Fate::used, {key});
@@ -387,12 +414,15 @@ class TextFileChecker {
       for (; number < line.number; ++number) AddBlankLine(number, section);
       ++number;
       const std::wstring_view text = places_.TextOf(line);
+      Fate fate = Fate::ignored;
       if (next != sections.end() && next->heading.data() == text.data()) {
+        // It has an effect on the section that it ends.
+        if (isRead) fate = Fate::used;
         isRead = read_.contains(text.data());
-        section = isRead ? 0 : AddUnreadHeading(text);
+        section = isRead ? 0 : AddUnreadHeading(text, fate);
         ++next;
       }
-      if (!isRead) report_.statements.push_back({places_.Of(text), section, Fate::ignored});
+      if (!isRead) report_.statements.push_back({places_.Of(text), section, fate});
     }
     TellMark();
     if (read_.empty()) AddFinding(report_, 109, {places_.Number(), 1, 1, 1, 1}, Fate::ignored);
@@ -403,16 +433,16 @@ class TextFileChecker {
   }
 
   // Returns the number of the section.
-  std::size_t AddUnreadHeading(std::wstring_view heading) {
+  std::size_t AddUnreadHeading(std::wstring_view heading, Fate fate) {
     report_.sections.push_back(Utf8Of(heading));
     const Place place = places_.Of(heading);
     const std::optional<std::wstring_view> meant = HeadingMeant(heading);
     if (!meant) {
-      AddFinding(report_, 105, place, Fate::ignored);
+      AddFinding(report_, 105, place, fate);
     } else if (!heading.starts_with(*meant)) {
-      AddFinding(report_, 104, place, Fate::ignored, {heading, *meant});
+      AddFinding(report_, 104, place, fate, {heading, *meant});
     } else {
-      AddFinding(report_, file_.readForDomens ? 108 : 111, place, Fate::ignored);
+      AddFinding(report_, file_.readForDomens ? 108 : 111, place, fate);
     }
     return report_.sections.size() - 1;
   }
@@ -453,6 +483,8 @@ class TextFileChecker {
   std::optional<Replaceable> defaultCode_;
   std::map<std::wstring, std::map<std::wstring, Place>> colorats_;  // the key texts of each
   std::map<std::wstring, Place>* colors_ = nullptr;                 // of the current one
+  std::size_t linesOfBlock_ = 0;                                    // of the current Colorat
+  std::size_t lineOfBlock_ = 0;                                     // the last of these statements
   bool remarkIsColor_ = false;                                      // the last colour line
 };
 
