@@ -1,14 +1,14 @@
 #include "authoring/TextFileCheck.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <optional>
-#include <set>
 #include <string_view>
 #include <utility>
 
 #include "authoring/Findings.h"
+#include "authoring/FrameCheck.h"
+#include "authoring/PatternCheck.h"
 #include "authoring/Places.h"
 #include "base/Text.h"
 
@@ -79,10 +79,6 @@ bool IsRemark(Outcome outcome) {
          outcome == Outcome::colorValueClamped || outcome == Outcome::colorValueRefused;
 }
 
-bool IsHeading(Outcome outcome) {
-  return outcome <= Outcome::domenHeading;
-}
-
 bool RunsOverLines(const AccountEntry& entry) {
   return entry.piece.find(L'\n') != entry.piece.npos;
 }
@@ -91,37 +87,6 @@ bool RunsOverLines(const AccountEntry& entry) {
 bool HasSemicolonWithin(std::wstring_view text) {
   const std::size_t semicolon = text.find(L';');
   return semicolon != text.npos && semicolon + 1 < text.size();
-}
-
-// Latin and Cyrillic, of which many letters look alike.
-bool IsOfTwoScripts(std::wstring_view word) {
-  const auto isLatin = [](wchar_t unit) {
-    return (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
-  };
-  const auto isCyrillic = [](wchar_t unit) { return unit >= 0x400 && unit <= 0x4FF; };
-  return std::any_of(word.begin(), word.end(), isLatin) &&
-         std::any_of(word.begin(), word.end(), isCyrillic);
-}
-
-constexpr std::array<std::wstring_view, 5> knownHeadings = {L"==CLASS", L"==MAPTEXT", L"==COLORAT",
-                                                            L"==PARAM", L"==DOMEN"};
-
-// The heading as it would be in ASCII capitals and without blanks.
-std::wstring PlainHeading(std::wstring_view heading) {
-  std::wstring plain;
-  for (const wchar_t unit : heading) {
-    if (IsSpace(unit)) continue;
-    plain += unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - L'a' + L'A') : unit;
-  }
-  return plain;
-}
-
-std::optional<std::wstring_view> HeadingMeant(std::wstring_view heading) {
-  const std::wstring plain = PlainHeading(heading);
-  for (const std::wstring_view known : knownHeadings) {
-    if (plain.starts_with(known)) return known;
-  }
-  return std::nullopt;
 }
 
 class TextFileChecker {
@@ -133,8 +98,6 @@ class TextFileChecker {
   void Check() {
     ReadEntries();
     EndSection();
-    AddUnreadLines();
-    AddEnd();
   }
 
  private:
@@ -171,7 +134,6 @@ class TextFileChecker {
   }
 
   void BeginSection(const AccountEntry& heading) {
-    read_.insert(heading.piece.data());
     report_.sections.push_back(Utf8Of(heading.piece));
     section_ = {};
     section_.heading = &heading;
@@ -344,23 +306,7 @@ class TextFileChecker {
   void AddPattern(const AccountEntry& entry) {
     section_.emptyHeader.reset();
     if (!section_.hasHeader) AddFinding(report_, 205, LastPlace(), Fate::used);
-    const auto isOtherBlank = [](wchar_t unit) { return IsSpace(unit) && unit != L' '; };
-    if (RunsOverLines(entry)) {
-      AddFinding(report_, 212, LastPlace(), Fate::used);
-    } else if (std::any_of(entry.piece.begin(), entry.piece.end(), isOtherBlank)) {
-      AddFinding(report_, 211, LastPlace(), Fate::used);
-    }
-    if (entry.piece.find(L';') != entry.piece.npos) {
-      AddFinding(report_, 210, LastPlace(), Fate::used);
-    }
-    if (entry.piece.find(L"  ") != entry.piece.npos) {
-      AddFinding(report_, 213, LastPlace(), Fate::used);
-    }
-    WordReader words(entry.piece);
-    for (std::wstring_view word; words.Next(word);) {
-      if (!IsOfTwoScripts(word)) continue;
-      AddFinding(report_, 216, places_.Of(word), Fate::used, {word});
-    }
+    CheckPatternText(entry.piece, places_, report_);
   }
 
   // Whether something other than an at-sign comes before the block on its first line.
@@ -382,9 +328,9 @@ class TextFileChecker {
     if (linesOfBlock_ == 1) {
       Statement& statement = report_.statements[lineOfBlock_];
       statement.fate = Fate::used;
-      const auto finding = std::find_if(
-          report_.findings.rbegin(), report_.findings.rend(),
-          [&statement](const Finding& told) { return told.place <= statement.place; });
+      const auto finding =
+          std::find_if(report_.findings.rbegin(), report_.findings.rend(),
+                       [&statement](const Finding& told) { return told.place <= statement.place; });
       if (finding != report_.findings.rend() && finding->place == statement.place) {
         finding->fate = Fate::used;
       }
@@ -403,71 +349,6 @@ class TextFileChecker {
     finding.related.push_back({earlier->second, RelatedKind::earlier});
   }
 
-  // Lines outside all sections that are read, and blank lines.
-  void AddUnreadLines() {
-    const std::vector<TextSection>& sections = file_.text->sections;
-    auto next = sections.begin();
-    bool isRead = false;
-    std::size_t section = 0;
-    std::size_t number = 1;
-    for (const AccountLine& line : file_.account.lines) {
-      for (; number < line.number; ++number) AddBlankLine(number, section);
-      ++number;
-      const std::wstring_view text = places_.TextOf(line);
-      Fate fate = Fate::ignored;
-      if (next != sections.end() && next->heading.data() == text.data()) {
-        // It has an effect on the section that it ends.
-        if (isRead) fate = Fate::used;
-        isRead = read_.contains(text.data());
-        section = isRead ? 0 : AddUnreadHeading(text, fate);
-        ++next;
-      }
-      if (!isRead) report_.statements.push_back({places_.Of(text), section, fate});
-    }
-    TellMark();
-    if (read_.empty()) AddFinding(report_, 109, {places_.Number(), 1, 1, 1, 1}, Fate::ignored);
-  }
-
-  void AddBlankLine(std::size_t number, std::size_t section) {
-    report_.statements.push_back({{places_.Number(), number, 1, number, 1}, section, Fate::blank});
-  }
-
-  // Returns the number of the section.
-  std::size_t AddUnreadHeading(std::wstring_view heading, Fate fate) {
-    report_.sections.push_back(Utf8Of(heading));
-    const Place place = places_.Of(heading);
-    const std::optional<std::wstring_view> meant = HeadingMeant(heading);
-    if (!meant) {
-      AddFinding(report_, 105, place, fate);
-    } else if (!heading.starts_with(*meant)) {
-      AddFinding(report_, 104, place, fate, {heading, *meant});
-    } else {
-      AddFinding(report_, file_.readForDomens ? 108 : 111, place, fate);
-    }
-    return report_.sections.size() - 1;
-  }
-
-  // A mark at the beginning matters if a heading follows it.
-  void TellMark() {
-    const std::vector<AccountLine>& lines = file_.account.lines;
-    if (lines.empty()) return;
-    const std::wstring_view first = places_.TextOf(lines.front());
-    if (!first.starts_with(L"\xFEFF==")) return;
-    AddFinding(report_, 101, places_.Of(first), Fate::ignored);
-  }
-
-  // What follows the end of the reading is one statement.
-  void AddEnd() {
-    const Account& account = file_.account;
-    if (account.end == EndOfReading::endOfFile) return;
-    const Place rest{places_.Number(), account.endLine, account.endColumn, account.lineCount,
-                     account.lineCount == account.endLine ? account.endColumn : 1};
-    report_.statements.push_back({rest, 0, Fate::lost});
-    const Place here{places_.Number(), account.endLine, account.endColumn, account.endLine,
-                     account.endColumn};
-    AddFinding(report_, account.end == EndOfReading::notUtf8 ? 102 : 103, here, Fate::lost);
-  }
-
   const Place& LastPlace() const { return report_.statements.back().place; }
 
   const LoadedFile& file_;
@@ -477,7 +358,6 @@ class TextFileChecker {
   Section section_;
   std::map<Outcome, std::size_t> sections_;    // the first statement of the last of each kind
   std::map<Outcome, std::size_t> lastOfKind_;  // the end of its statements
-  std::set<const wchar_t*> read_;              // the headings of the sections that were read
   std::wstring_view cutAtSemicolons_;          // the last text that was cut so
   std::optional<Replaceable> domainList_;
   std::optional<Replaceable> defaultCode_;
@@ -493,6 +373,7 @@ class TextFileChecker {
 void CheckTextFile(const LoadedFile& file, std::size_t number, Definitions& definitions,
                    Report& report) {
   TextFileChecker(file, number, definitions, report).Check();
+  CheckFrame(file, Places(file, number), report);
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

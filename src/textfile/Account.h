@@ -68,6 +68,10 @@ enum class Outcome {
   defaultRefused,  // (domain, property, field, default) besides `field`, which stays
 };
 
+inline bool IsHeading(Outcome outcome) {
+  return outcome <= Outcome::domenHeading;
+}
+
 struct AccountEntry {
   Outcome outcome;
   std::wstring_view piece;  // of the text of the file

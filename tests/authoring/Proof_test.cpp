@@ -248,8 +248,14 @@ class Proof {
     const std::size_t number = statement.place.file;
     const LoadedFile& file = loaded_.files[number];
     const std::string& bytes = written_.File(number).bytes;
+    if (IsUnread(statement) && IsHeadingAt(bytes, statement.place)) {
+      Place afterMarks = statement.place;
+      afterMarks.column += 2;
+      std::string masked = Masked(bytes, afterMarks);
+      return masked == bytes ? std::nullopt : std::optional(masked);
+    }
     const std::optional<std::string> leftOut = LeftOut(bytes, file, statement);
-    if (leftOut && (IsUnreadHeading(statement) || IsRestOfFile(file, statement) ||
+    if (leftOut && (IsUnread(statement) || IsRestOfFile(file, statement) ||
                     CutWith(number, *leftOut) == CutOf(file))) {
       return leftOut;
     }
@@ -271,7 +277,9 @@ class Proof {
     return entry == entries_.end() ? std::nullopt : std::optional(entry->second->outcome);
   }
 
-  bool IsUnreadHeading(const Statement& statement) const {
+  // The heading of a section that nobody reads ends the one above it: another such heading has to
+  // take its place.
+  bool IsUnread(const Statement& statement) const {
     return statement.fate == Fate::ignored && !OutcomeOf(statement);
   }
 
