@@ -127,6 +127,10 @@ std::optional<std::string> LeftOut(const std::string& bytes, const LoadedFile& f
   return Without(bytes, range);
 }
 
+bool IsHeadingAt(const std::string& bytes, const Place& place) {
+  return std::string_view(bytes).substr(RangeOf(bytes, place).begin).starts_with("==");
+}
+
 std::string Masked(std::string bytes, const Place& place) {
   const Range range = RangeOf(bytes, place);
   for (std::size_t i = range.begin; i < range.end; ++i) {

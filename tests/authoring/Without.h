@@ -22,6 +22,9 @@ std::map<Place, const AccountEntry*> EntriesOf(const LoadedFile& file, std::size
 std::optional<std::string> LeftOut(const std::string& bytes, const LoadedFile& file,
                                    const Statement& statement);
 
+// Whether the line that begins at the place is a heading, of whatever section.
+bool IsHeadingAt(const std::string& bytes, const Place& place);
+
 // The bytes with signs of a comment in place of all that the statement has but for white space and
 // semicolons. So whatever the section is cut at, it has as many pieces as before.
 std::string Masked(std::string bytes, const Place& place);
