@@ -43,7 +43,7 @@ struct Case {
   int number;
   std::string_view before;
   const char* provoking;
-  const char* near;
+  const char* harmless;  // comes near
   const char* places;
   const char* named = "classificator c.txt";
 };
@@ -139,7 +139,7 @@ TEST(CheckFiles, FindsAtItsPlaceWhatProvokesEachCheck) {
 
 TEST(CheckFiles, DoesNotFindWhatOnlyComesNear) {
   for (const Case& one : cases) {
-    const Report report = ReportOf({FileOf(one, one.near)});
+    const Report report = ReportOf({FileOf(one, one.harmless)});
     EXPECT_EQ(PlacesOf(report, one.number), "") << one.number;
   }
 }
