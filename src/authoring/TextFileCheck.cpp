@@ -121,7 +121,6 @@ class TextFileChecker {
 
   void ReadEntries() {
     for (const AccountEntry& entry : file_.account.entries) {
-      if (!entry.piece.data()) continue;  // of a section without lines, which has no place
       if (IsHeading(entry.outcome)) {
         EndSection();
         BeginSection(entry);

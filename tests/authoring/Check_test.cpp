@@ -43,7 +43,7 @@ struct Case {
   int number;
   std::string_view before;
   const char* provoking;
-  const char* near;
+  const char* harmless;  // comes near
   const char* places;
   const char* named = "classificator c.txt";
 };
@@ -94,6 +94,7 @@ constexpr Case cases[] = {
     {304, items, "@A {P=1,a,b}\nw\n", "@A {P=1,a,}\nw\n", "8:5-8:12"},
     {305, items, "@A {P:f=1}\nw\n", "@A {P:Fx=1}\nw\n", "8:5-8:10"},
     {306, items, "@A {P:F=1,S}\nw\n", "@A {P:F=1,s}\nw\n", "8:5-8:12"},
+    {307, items, "@A {P=1=x}\nw\n", "@A {P=1,x}\nw\n@B {P:S=x}\nv\n", "8:4-8:11"},
     {308, items, "@@ (D E)\n", "@@ (D)\n", "8:1-8:9"},
     {309, whole, "==MAPTEXT\n@@ (D E)\n==DOMEN\n@@@ D\n@ P 0 1\n@@@ E\n@ P 0 1\n",
      "==MAPTEXT\n@@ (D D)\n==DOMEN\n@@@ D\n@ P 0 1\n@@@ E\n@ P 0 1\n", "2:1-2:9"},
@@ -138,7 +139,7 @@ TEST(CheckFiles, FindsAtItsPlaceWhatProvokesEachCheck) {
 
 TEST(CheckFiles, DoesNotFindWhatOnlyComesNear) {
   for (const Case& one : cases) {
-    const Report report = ReportOf({FileOf(one, one.near)});
+    const Report report = ReportOf({FileOf(one, one.harmless)});
     EXPECT_EQ(PlacesOf(report, one.number), "") << one.number;
   }
 }
