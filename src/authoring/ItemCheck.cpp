@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <map>
+#include <new>
 #include <optional>
 #include <set>
 #include <string>
@@ -109,10 +110,13 @@ class ItemChecker {
     }
     const CodeSections sections = SectionsOf(*file_.classificator);
     ItemAccount account;
-    ComposeCodeItems(sections, codeId, sourceMapText,
-                     domens_.CollectProperties(section_.domenIds,
-                                               GetCodePropertyIds(sections, codeId, sourceMapText)),
-                     &account);
+    const CodeItems items = ComposeCodeItems(
+        sections, codeId, sourceMapText,
+        domens_.CollectProperties(section_.domenIds,
+                                  GetCodePropertyIds(sections, codeId, sourceMapText)),
+        &account);
+    // The account lacks what memory ran out for.
+    if (!items.complete) throw std::bad_alloc();
     for (const ItemEntry& entry : account) {
       uses_.insert(entry.propertyId);
       Tell(entry, places_.Of(blocks.closed[entry.list]));

@@ -2,9 +2,28 @@
 
 #include <algorithm>
 
-#include "base/Utf8.h"
-
 namespace TolvenLibs::RevitMappingEditorDll {
+
+namespace {
+
+// Only UTF-16 has such units.
+std::vector<std::size_t> SecondUnits(const LoadedFile& file) {
+  std::vector<std::size_t> positions;
+  if constexpr (sizeof(wchar_t) == 2) {
+    for (const AccountLine& line : file.account.lines) {
+      for (std::size_t i = line.start; i < line.start + line.size; ++i) {
+        const auto unit = static_cast<unsigned>(file.text->units[i]);
+        if (unit >= 0xDC00 && unit <= 0xDFFF) positions.push_back(i);
+      }
+    }
+  }
+  return positions;
+}
+
+}  // namespace
+
+Places::Places(const LoadedFile& file, std::size_t number)
+    : file_(file), number_(number), secondUnits_(SecondUnits(file)) {}
 
 Place Places::Of(std::wstring_view piece) const {
   const Point begin = At(piece.data());
@@ -26,10 +45,11 @@ Places::Point Places::At(const wchar_t* unit) const {
       lines.begin(), lines.end(), position,
       [](std::size_t left, const AccountLine& right) { return left < right.start; });
   if (line != lines.begin()) --line;
-  std::wstring_view before = TextOf(*line).substr(0, position - line->start);
-  std::size_t column = line->column;
-  for (; !before.empty(); ++column) TakeUnits(before);
-  return {line->number, column};
+  const std::size_t units = std::min(position - line->start, line->size);
+  const auto firstOfLine = std::lower_bound(secondUnits_.begin(), secondUnits_.end(), line->start);
+  const auto end = std::lower_bound(firstOfLine, secondUnits_.end(), line->start + units);
+  const auto seconds = static_cast<std::size_t>(end - firstOfLine);
+  return {line->number, line->column + units - seconds};
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "authoring/LoadedFiles.h"
 #include "authoring/Report.h"
@@ -14,7 +15,7 @@ namespace TolvenLibs::RevitMappingEditorDll {
 class Places {
  public:
   // `number` is that of the file in the report.
-  Places(const LoadedFile& file, std::size_t number) : file_(file), number_(number) {}
+  Places(const LoadedFile& file, std::size_t number);
 
   // REQUIRES: `piece` is a view into the text of the file, and the file has a line.
   Place Of(std::wstring_view piece) const;
@@ -34,6 +35,7 @@ class Places {
 
   const LoadedFile& file_;
   std::size_t number_;
+  std::vector<std::size_t> secondUnits_;  // the positions of units that begin no code point
 };
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -51,6 +51,8 @@ Meaning MeaningOf(const AccountEntry& entry) {
     case Outcome::domenWithoutId:
       return {Fate::used, 401};
     case Outcome::propertyOutsideDomen:
+      return {Fate::lost, 402};
+    case Outcome::propertyEndedOutsideDomen:
       return {Fate::used, 402};
     case Outcome::propertyIncomplete:
       return {Fate::used, 403};

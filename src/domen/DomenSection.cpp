@@ -115,8 +115,11 @@ class DomenSectionParser {
 
   // Clears the current property first, so that the fields after a bad line go to none.
   void AddProperty(std::wstring_view text) {
+    const bool endsOne = !propertyId_.empty();
     propertyId_.clear();
-    if (domenId_.empty()) return Tell(Outcome::propertyOutsideDomen);
+    if (domenId_.empty()) {
+      return Tell(endsOne ? Outcome::propertyEndedOutsideDomen : Outcome::propertyOutsideDomen);
+    }
     const EntryPieces<4> pieces(text);
     int unique = 0;
     int sortIndex = 0;

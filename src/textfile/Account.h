@@ -59,6 +59,7 @@ enum class Outcome {
   propertyIncomplete,
   propertyNumberRefused,  // (the text)
   propertyOutsideDomen,
+  propertyEndedOutsideDomen,  // the same, and the fields after it go to no property either
   field,       // (domain, property, field, default)
   fieldAgain,  // (domain, property, field) one that is there
   fieldIncomplete,

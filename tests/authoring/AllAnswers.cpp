@@ -158,13 +158,17 @@ class Asker {
     });
   }
 
+  // A key with a NUL in it can't be asked for.
   void AskFields(const std::wstring& id, const std::wstring& key) {
-    std::wstring all;
-    for (const auto& [name, title, type, flag, value] : Fields(editor_, id.c_str(), key.c_str())) {
-      all +=
-          Written(name) + Written(title) + Written(type) + Written(flag ? 1 : 0) + Written(value);
-    }
-    Add(id + L", fields of " + key, all);
+    AddOrFailure(id + L", fields of " + key, [&] {
+      std::wstring all;
+      for (const auto& [name, title, type, flag, value] :
+           Fields(editor_, id.c_str(), key.c_str())) {
+        all +=
+            Written(name) + Written(title) + Written(type) + Written(flag ? 1 : 0) + Written(value);
+      }
+      return all;
+    });
   }
 
   // Its bytes, each as a unit.

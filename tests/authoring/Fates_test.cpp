@@ -24,14 +24,14 @@ std::string FatesOf(std::string_view bytes) {
   return FatesOf("classificator c.txt", bytes);
 }
 
-// A heading that is not read is used if it ends a section that is.
+// A heading that nobody reads is ignored with its section.
 TEST(Fates, AreIgnoredOutsideSectionsThatAreRead) {
   EXPECT_EQ(FatesOf("notes\n==NOTES\nx\n==MAPTEXT\n==Maptext\ny\n"),
             "1:1-1:6 ignored\n"
             "2:1-2:8 ignored\n"
             "3:1-3:2 ignored\n"
             "4:1-4:10 used\n"
-            "5:1-5:10 used\n"
+            "5:1-5:10 ignored\n"
             "6:1-6:2 ignored\n");
 }
 
@@ -41,7 +41,7 @@ TEST(Fates, AreIgnoredInADomainFileButInItsDomenSections) {
             "2:1-2:3 ignored\n"
             "3:1-3:8 used\n"
             "4:1-4:6 used\n"
-            "5:1-5:8 used\n"
+            "5:1-5:8 ignored\n"
             "6:1-6:6 ignored\n");
 }
 
@@ -81,7 +81,7 @@ TEST(Fates, OfWhatALaterStatementReplaces) {
             "5:1-5:4 used\n");
 }
 
-// The domain list stays in force, and the heading ends the section above it.
+// The domain list stays in force, and the heading ends what is above it.
 TEST(Fates, OfASectionThatALaterOneReplaces) {
   EXPECT_EQ(FatesOf("==MAPTEXT\n@@ (D)\n$ Y\n/ c\n@A\nw\n==MAPTEXT\n@B\nv\n"),
             "1:1-1:10 used\n"
@@ -116,14 +116,27 @@ TEST(Fates, OfTheColoratSection) {
             "9:2-9:5 lost\n");
 }
 
-// Without it the block would be left out.
-TEST(Fates, OfTheOnlyLineBelowATitleOfColours) {
-  EXPECT_EQ(FatesOf("==COLORAT\n@a A\nx\n@b B\n! r\n"),
+// A block needs one line below its title.
+TEST(Fates, OfTheOnlyLineOfAColorat) {
+  EXPECT_EQ(FatesOf("==COLORAT\n@a A\nx\n@b B\n/ c\n@c C\nx\ny\n"),
             "1:1-1:10 used\n"
             "2:2-2:5 used\n"
             "3:1-3:2 used\n"
             "4:2-4:5 used\n"
-            "5:1-5:4 used\n");
+            "5:1-5:4 used\n"
+            "6:2-6:5 used\n"
+            "7:1-7:2 lost\n"
+            "8:1-8:2 lost\n");
+}
+
+TEST(Fates, OfAPropertyOutsideAllDomains) {
+  EXPECT_EQ(FatesOf("==DOMEN\n@@@ D\n@ P 0 1\n@@@\n@ P 0 1\n@ Q 0 1\n"),
+            "1:1-1:8 used\n"
+            "2:1-2:6 used\n"
+            "3:1-3:8 used\n"
+            "4:1-4:4 used\n"
+            "5:1-5:8 used\n"
+            "6:1-6:8 lost\n");
 }
 
 // What forgets the domain or the property above it has an effect.

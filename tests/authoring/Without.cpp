@@ -20,14 +20,15 @@ std::size_t LineStart(std::string_view bytes, std::size_t line) {
   return start;
 }
 
-// A column is that of a character, and a character begins with its first byte.
+std::size_t SizeOfCharacter(char first) {
+  const auto byte = static_cast<unsigned char>(first);
+  return byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+}
+
+// A column is that of a character.
 std::size_t At(std::string_view bytes, std::size_t line, std::size_t column) {
   std::size_t at = LineStart(bytes, line);
-  for (; column > 1; --column) {
-    do {
-      ++at;
-    } while (at < bytes.size() && (static_cast<unsigned char>(bytes[at]) & 0xC0) == 0x80);
-  }
+  for (; column > 1 && at < bytes.size(); --column) at += SizeOfCharacter(bytes[at]);
   return std::min(at, bytes.size());
 }
 

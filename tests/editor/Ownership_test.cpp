@@ -28,6 +28,8 @@
 #include <vector>
 
 #include "RevitMappingEditorDll.h"
+#include "authoring/Check.h"
+#include "authoring/LoadedFiles.h"
 #include "json5/Json5Record.h"
 #include "mapping/CodeParams.h"
 #include "mapping/RememberedItems.h"
@@ -1670,6 +1672,75 @@ TEST(RepeatedTexts, TakeATextThatTheyHadNoMemoryForBefore) {
     SCOPED_TRACE(keepsFailing);
     const FailureMode mode(keepsFailing);
     ExpectTextTakenLater();
+  }
+}
+
+// The places, fates and numbers of a report. Allocates nothing before `report` is complete.
+std::string Told(const Report& report) {
+  std::string told;
+  const auto add = [&told](const Place& place) {
+    for (const std::size_t number :
+         {place.file, place.line, place.column, place.endLine, place.endColumn}) {
+      told += std::to_string(number) + " ";
+    }
+  };
+  for (const Statement& statement : report.statements) {
+    add(statement.place);
+    told += std::string(NameOf(statement.fate)) + "\n";
+  }
+  for (const Finding& finding : report.findings) {
+    add(finding.place);
+    told += std::to_string(finding.number);
+    for (const std::string& argument : finding.arguments) told += " " + argument;
+    told += "\n";
+  }
+  return told;
+}
+
+// A file with findings of every reader.
+std::string FileWithSlips() {
+  return RichFile() +
+         "\n==MAPTEXT\n@@ (Openings none)\nwall\nwall 1\n@A {EveryType=x,y} {NONE=1} {P\nroof\n"
+         "@B\n==COLORAT\n@c C\nk 1 2 3 400\nk 1 2 3 4\nl 1\n@d\n==DOMEN\n@@@ D\n@ P 0 1\n"
+         "F int 0 x\nF int 0 1\n@ Q\nG int 0 1\n==NOTES\nx\n\n\x1Ay";
+}
+
+// Either a load ends in a status, or `bad_alloc` leaves the check, or the report is whole.
+void ExpectReportWholeOrBadAlloc(const FileList& files, const std::string& whole) {
+  long n = 1;
+  for (bool complete = false; !complete && n < enough; ++n) {
+    std::string told;
+    const long before = heap.blocks;
+    {
+      std::optional<Report> report;
+      std::optional<std::wstring> notLoaded;
+      const Attempt attempt = RunFailing(n, [&] {
+        LoadedFiles loaded;
+        notLoaded = LoadFiles(files, loaded);
+        if (!notLoaded) report = CheckFiles(loaded);
+      });
+      complete = !attempt.failed;
+      EXPECT_EQ(attempt.raised || notLoaded, !report) << n;
+      if (report) EXPECT_EQ(Told(*report), whole) << n;
+      EXPECT_TRUE(!complete || report);
+    }
+    ASSERT_EQ(heap.blocks, before) << n;
+  }
+  EXPECT_GT(n, 100);
+  EXPECT_LT(n, enough);
+}
+
+TEST(CheckFiles, HasAWholeReportOrNoneWhicheverAllocationFails) {
+  const TempFolder folder;
+  const FileList files{{folder.Write("slips.txt", FileWithSlips())},
+                       {folder.Write("domen.txt", RichFile())}};
+  LoadedFiles loaded;
+  ASSERT_EQ(LoadFiles(files, loaded), std::nullopt);
+  const std::string whole = Told(CheckFiles(loaded));
+  for (const bool keepsFailing : failureModes) {
+    SCOPED_TRACE(keepsFailing);
+    const FailureMode mode(keepsFailing);
+    ExpectReportWholeOrBadAlloc(files, whole);
   }
 }
 
