@@ -45,6 +45,7 @@ enum class RelatedKind {
   winner,   // the pattern that comes first
   earlier,  // the definition that stays
   later,    // the statement that takes the place of this one
+  alike,    // one that says the same
 };
 
 struct Related {
