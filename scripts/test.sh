@@ -18,8 +18,8 @@ done
 find include src tests tools examples benchmarks -name '*.h' -o -name '*.cpp' |
   xargs clang-format --dry-run --Werror
 
-# The reference tools that JSON5 files are compared with, at their locked versions.
-for tool in referee schema; do
+# The reference tools that JSON5 files and reports are compared with, at their locked versions.
+for tool in referee schema reports; do
   mkdir -p "build/npm/$tool"
   cp "tests/json/$tool"/* "build/npm/$tool/"
   npm ci --loglevel=error --no-audit --no-fund --prefix "build/npm/$tool"

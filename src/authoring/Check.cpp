@@ -6,6 +6,7 @@
 #include "authoring/ColoratCheck.h"
 #include "authoring/Findings.h"
 #include "authoring/ItemCheck.h"
+#include "authoring/JsonFileCheck.h"
 #include "authoring/PatternCheck.h"
 #include "authoring/Places.h"
 #include "authoring/TextFileCheck.h"
@@ -40,6 +41,7 @@ Report CheckFiles(const LoadedFiles& loaded) {
     const LoadedFile& file = loaded.files[i];
     report.files.push_back(Utf8Of(file.name));
     if (file.text) CheckTextFile(file, i, definitions, report);
+    if (file.json) CheckJsonFile(file, i, definitions, report);
     if (!file.text && !file.readForDomens) AddFinding(report, 111, {i, 1, 1, 1, 1}, Fate::ignored);
   }
   SortStatements(report);

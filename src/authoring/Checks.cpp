@@ -256,6 +256,202 @@ constexpr std::array checks = {
            "Ни один код не заполняет свойство {0}; добавьте его в блок кода или удалите, если "
            "его никто не задаёт вручную."}},
 
+    // A .json file
+    Check{501, "json-not-utf8", error,
+          {"The bytes here are not UTF-8, so that the whole file reads as an empty one; save "
+           "it as UTF-8.",
+           "Байты здесь не являются UTF-8, поэтому весь файл читается как пустой; сохраните "
+           "его в UTF-8."}},
+    Check{502, "json-ends-early", error,
+          {"The file ends before its last brace, bracket, quotation mark or comment is closed, "
+           "so that all of it reads as empty; close what is open.",
+           "Файл кончается раньше, чем закрыты скобки, кавычки или комментарий, поэтому весь "
+           "он читается как пустой; закройте открытое."}},
+    Check{503, "json-comma-missing", error,
+          {"A comma is missing before this, or a brace or bracket is closed by one of the "
+           "other kind, so that the whole file reads as an empty one; write a comma between "
+           "two members or entries.",
+           "Перед этим местом нет запятой, или скобка закрыта скобкой другого вида, поэтому "
+           "весь файл читается как пустой; поставьте запятую между соседними частями."}},
+    Check{504, "json-colon-missing", error,
+          {"A colon is missing between a key and its value, so that the whole file reads as an "
+           "empty one; write key: value.",
+           "Между ключом и значением нет двоеточия, поэтому весь файл читается как пустой; "
+           "напишите ключ: значение."}},
+    Check{505, "json-key-malformed", error,
+          {"A key is expected here, so that the whole file reads as an empty one; write a word "
+           "of letters, digits, _ and $, or any key in quotation marks.",
+           "Здесь ожидается ключ, поэтому весь файл читается как пустой; напишите слово из "
+           "букв, цифр, _ и $ или любой ключ в кавычках."}},
+    Check{506, "json-value-malformed", error,
+          {"A value is expected here, so that the whole file reads as an empty one; write a "
+           "text in quotation marks, a number, or a list in square brackets.",
+           "Здесь ожидается значение, поэтому весь файл читается как пустой; напишите текст в "
+           "кавычках, число или список в квадратных скобках."}},
+    Check{507, "json-text-not-closed", error,
+          {"The text is not closed on its line, so that the whole file reads as an empty one; "
+           "write the closing quotation mark.",
+           "Текст не закрыт в своей строке, поэтому весь файл читается как пустой; поставьте "
+           "закрывающую кавычку."}},
+    Check{508, "json-escape-malformed", error,
+          {"The escape here is malformed, so that the whole file reads as an empty one; write "
+           "two hexadecimal digits after \\x, four after \\u, and \\\\ for a backslash.",
+           "Код после обратной косой черты записан неверно, поэтому весь файл читается как "
+           "пустой; после \\x пишите две шестнадцатеричные цифры, после \\u четыре, а саму "
+           "черту как \\\\."}},
+    Check{509, "json-number-malformed", error,
+          {"The number is malformed, so that the whole file reads as an empty one; write "
+           "digits, without a 0 before them, and with a point for decimals.",
+           "Число записано неверно, поэтому весь файл читается как пустой; пишите цифры без "
+           "нуля впереди, дробную часть после точки."}},
+    Check{510, "json-comment-malformed", error,
+          {"A single stroke begins no comment, so that the whole file reads as an empty one; "
+           "write // or /*.",
+           "Одна косая черта не начинает комментарий, поэтому весь файл читается как пустой; "
+           "напишите // или /*."}},
+    Check{511, "json-rest", error,
+          {"Something follows the closing brace, so that the whole file reads as an empty one; "
+           "keep all in one pair of braces.",
+           "После закрывающей скобки что-то есть, поэтому весь файл читается как пустой; "
+           "держите всё в одной паре скобок."}},
+    Check{512, "json-too-deep", error,
+          {"More than 1000 braces and brackets are nested here, so that the whole file reads as "
+           "an empty one; take some out.",
+           "Здесь вложено больше 1000 скобок, поэтому весь файл читается как пустой; уберите "
+           "лишние."}},
+    Check{520, "domain-exists", warning,
+          {"The domain {0} is loaded already and stays, so that nothing of this file is taken; "
+           "rename the file, or load it first.",
+           "Домен {0} уже загружен и остаётся, поэтому из этого файла ничего не берётся; "
+           "переименуйте файл или загрузите его раньше."}},
+    Check{521, "property-list-missing", warning,
+          {"The file lists no properties, so that the domain has none; write their ids in "
+           "asFuncsNames of Domen.",
+           "В файле нет списка свойств, поэтому в домене их нет; напишите их id в asFuncsNames "
+           "раздела Domen."}},
+    Check{522, "key-unknown", warning,
+          {"Nobody reads the key {0} here, so that it has no effect; correct it, or delete "
+           "it.",
+           "Ключ {0} здесь никто не читает, поэтому он не действует; исправьте или удалите "
+           "его."}},
+    Check{523, "section-inside", warning,
+          {"The section {0} is inside another value, where nobody reads it; write the three "
+           "sections side by side in the outermost braces.",
+           "Раздел {0} находится внутри другого значения, где его никто не читает; напишите "
+           "три раздела рядом во внешних скобках."}},
+    Check{524, "not-an-object", warning,
+          {"The value of {0} is not in braces and counts as left out; write its keys and values "
+           "in braces.",
+           "Значение {0} не в фигурных скобках и считается пропущенным; напишите ключи и "
+           "значения в фигурных скобках."}},
+    Check{525, "not-a-text", warning,
+          {"The value of {0} is no text and counts as left out; write it in quotation "
+           "marks.",
+           "Значение {0} не текст и считается пропущенным; напишите его в кавычках."}},
+    Check{526, "not-a-whole-number", warning,
+          {"The value of {0} is no whole number of 32 bits and counts as left out; write one "
+           "without quotation marks.",
+           "Значение {0} не целое число в 32 бита и считается пропущенным; напишите такое "
+           "число без кавычек."}},
+    Check{527, "not-a-number", warning,
+          {"The value of {0} is no number and counts as left out; write one without quotation "
+           "marks, with a point for decimals.",
+           "Значение {0} не число и считается пропущенным; напишите число без кавычек, дробную "
+           "часть после точки."}},
+    Check{528, "not-a-list", warning,
+          {"The value of {0} is no list and counts as left out; write texts in square "
+           "brackets.",
+           "Значение {0} не список и считается пропущенным; напишите тексты в квадратных "
+           "скобках."}},
+    Check{529, "entry-not-a-text", warning,
+          {"The entry of the list is no text and is passed over; write it in quotation "
+           "marks.",
+           "Эта запись списка не текст и пропускается; напишите её в кавычках."}},
+    Check{530, "key-again", warning,
+          {"The key {0} occurs again in the same braces, and only the last one counts; keep "
+           "one of them.",
+           "Ключ {0} ещё раз встречается в тех же скобках, и считается только последний; "
+           "оставьте один из них."}},
+    Check{531, "property-without-member", warning,
+          {"The property {0} is listed, but Properties has no member of that name, so that it "
+           "has no title and no fields; write the member, or correct the id.",
+           "Свойство {0} указано в списке, но в Properties его нет, поэтому у него нет ни "
+           "названия, ни полей; опишите его там или исправьте id."}},
+    Check{532, "field-without-member", warning,
+          {"The field {0} is listed, but ArrayValueFields has no member of that name, so that "
+           "it is a number that shows 1; write the member, or correct the name.",
+           "Поле {0} указано в списке, но в ArrayValueFields его нет, поэтому оно число и "
+           "показывает 1; опишите его там или исправьте имя."}},
+    Check{533, "property-not-listed", warning,
+          {"No list of Domen names {0}, so that it is no property; add it to asFuncsNames of "
+           "Domen.",
+           "Список в Domen не называет {0}, поэтому это не свойство; добавьте его в "
+           "asFuncsNames раздела Domen."}},
+    Check{534, "field-not-listed", warning,
+          {"No property that is read lists {0}, so that it is no field; add it to asFuncsNames "
+           "of a property.",
+           "Ни одно читаемое свойство не называет {0}, поэтому это не поле; добавьте его в "
+           "asFuncsNames свойства."}},
+    Check{535, "type-unknown", warning,
+          {"\"{0}\" is no type, so that the field is a whole number that shows 1; write i, r, "
+           "s, ai, ar or as, in small letters.",
+           "«{0}» не тип, поэтому поле становится целым числом и показывает 1; напишите i, r, "
+           "s, ai, ar или as строчными буквами."}},
+    Check{536, "default-of-another-type", warning,
+          {"{0} doesn't go with the type of the field, so that it is not read and the field "
+           "shows {2}; write {1}, or correct sType.",
+           "{0} не подходит к типу поля, поэтому не читается, и поле показывает {2}; напишите "
+           "{1} или исправьте sType."}},
+    Check{537, "default-missing", warning,
+          {"The field {0} has no default, so that it shows {2}; write {1}.",
+           "У поля {0} нет значения по умолчанию, поэтому оно показывает {2}; напишите {1}."}},
+    Check{538, "default-besides", hint,
+          {"{0} is not read, since {1} is the default of the field's type; delete it.",
+           "{0} не читается, так как для типа этого поля служит {1}; удалите его."}},
+    Check{539, "default-not-taken", warning,
+          {"The field doesn't take the default \"{0}\" and shows 1; write an ordinary "
+           "number.",
+           "Поле не принимает значение по умолчанию «{0}» и показывает 1; напишите обычное "
+           "число."}},
+    Check{540, "listed-twice", warning,
+          {"{0} is in this list already, so that the second time has no effect; delete it.",
+           "{0} уже есть в этом списке, поэтому второй раз не действует; удалите его."}},
+    Check{541, "field-shared", hint,
+          {"Another property lists the field {0} too, so that both have its type, title and "
+           "default; use another name if they are to differ.",
+           "Поле {0} указано и в другом свойстве, поэтому тип, подпись и значение у них общие; "
+           "если они должны различаться, возьмите другое имя."}},
+    Check{542, "id-not-read", hint,
+          {"sId is not read: the id of the property is {0}, the name of its member; rename the "
+           "member, or delete sId.",
+           "sId не читается: id свойства {0}, как называется его запись; переименуйте её или "
+           "удалите sId."}},
+    Check{543, "blank-in-id", warning,
+          {"No item of a classificator can name the property {0}, as its id has a blank; take "
+           "the blank out.",
+           "Классификатор не может назвать свойство {0}, так как в его id есть пробел; уберите "
+           "пробел."}},
+    Check{544, "domain-not-nameable", warning,
+          {"No domain list can name the domain {0}, as its id has a blank or a parenthesis; "
+           "rename the file.",
+           "Список доменов не может назвать домен {0}, так как в его id есть пробел или "
+           "скобка; переименуйте файл."}},
+    Check{545, "json-no-object", error,
+          {"The file is not one object in braces, so that it reads as an empty one; write all "
+           "in one pair of braces.",
+           "Файл не является одним объектом в фигурных скобках и читается как пустой; напишите "
+           "всё в одной паре скобок."}},
+    Check{546, "classificator-named-json", warning,
+          {"The name of the classificator ends in .json, so that it is also read as a domain "
+           "file, for the domain {0}; rename it to .txt.",
+           "Имя классификатора оканчивается на .json, поэтому он читается ещё и как файл "
+           "домена {0}; переименуйте его в .txt."}},
+    Check{547, "blank-in-field-name", hint,
+          {"The name of the field {0} has a blank, so that values reach it by position only; "
+           "take the blank out.",
+           "В имени поля {0} есть пробел, поэтому значения попадают в него только по порядку; "
+           "уберите пробел."}},
+
     // ==COLORAT
     Check{601, "colorat-without-lines", warning,
           {"The block has only one line and is left out, so that it makes no Colorat; write "
@@ -350,11 +546,12 @@ std::string Fill(const Sentence& sentence, Language language,
 }
 
 const Sentence& SentenceOf(RelatedKind kind) {
-  static constexpr std::array<Sentence, 4> sentences = {{
+  static constexpr std::array<Sentence, 5> sentences = {{
       {"this pattern comes first", "этот образец идёт раньше"},
       {"this definition stays", "остаётся это определение"},
       {"this one takes its place", "его заменяет это"},
       {"this is the other colour", "это другой цвет"},
+      {"it is listed here too", "здесь он указан тоже"},
   }};
   return sentences[static_cast<std::size_t>(kind)];
 }

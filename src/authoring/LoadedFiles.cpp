@@ -8,16 +8,21 @@ namespace TolvenLibs::RevitMappingEditorDll {
 
 namespace {
 
-// Both return whether the file was read.
+// They return whether the file was read.
+
+bool LoadDomens(const std::wstring& path, LoadedFile& file, DomenStore& domens) {
+  const int status = domens.LoadDomen(path, L"", file.text, &file.account, &file.jsonAccount);
+  file.readForDomens = status != statusAbsent;
+  if (status == statusDone && Extension(path) == L".json") file.json = ReadFile(path);
+  return status == statusDone || status == statusAbsent;
+}
 
 bool LoadClassificator(const std::wstring& path, LoadedFiles& loaded) {
   LoadedFile& file = loaded.files.back();
   Classificator& classificator = loaded.classificators.emplace_back(file.name);
   if (classificator.Load(path, &file.text, &file.account) != statusDone) return false;
   file.classificator = &classificator;
-  const int status = loaded.domens.LoadDomen(path, L"", file.text, &file.account);
-  file.readForDomens = status != statusAbsent;
-  return status == statusDone || status == statusAbsent;
+  return LoadDomens(path, file, loaded.domens);
 }
 
 bool LoadDomen(const std::wstring& path, LoadedFiles& loaded) {
@@ -26,9 +31,7 @@ bool LoadDomen(const std::wstring& path, LoadedFiles& loaded) {
     file.text = ReadTextFile(path, &file.account);
     if (!file.text) return false;
   }
-  const int status = loaded.domens.LoadDomen(path, L"", file.text, &file.account);
-  file.readForDomens = status != statusAbsent;
-  return status == statusDone || status == statusAbsent;
+  return LoadDomens(path, file, loaded.domens);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "classificator/Classificator.h"
 #include "domen/DomenStore.h"
+#include "json/JsonAccount.h"
 #include "textfile/Account.h"
 #include "textfile/TextFile.h"
 
@@ -27,6 +28,8 @@ struct LoadedFile {
   std::wstring name;                             // as it was given
   std::shared_ptr<const TextFile> text;          // null for a file that is no text file
   Account account;                               // of the text
+  std::optional<std::string> json;               // the bytes of a file that is read as JSON5
+  JsonAccount jsonAccount;                       // of these
   const Classificator* classificator = nullptr;  // that it was loaded as, if any
   bool readForDomens = false;  // false if its name has an extension no reader takes
 };

@@ -46,6 +46,7 @@ enum class RelatedKind {
   earlier,  // the definition that stays
   later,    // the statement that takes the place of this one
   alike,    // the line whose colour looks alike
+  listed,   // the list that names the same
 };
 
 struct Related {

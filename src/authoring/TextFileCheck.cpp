@@ -207,6 +207,7 @@ class TextFileChecker {
         return BeginHeader(entry);
       case Outcome::pattern:
         return AddPattern(entry);
+      case Outcome::domen:
       case Outcome::property:
       case Outcome::field:
         definitions_.try_emplace(entry.names, LastPlace());

@@ -13,7 +13,7 @@
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
-// Where properties and fields are defined, by the ids of domain, property and field.
+// Where domains, properties and fields are defined, by the ids of domain, property and field.
 using Definitions = std::map<std::vector<std::wstring>, Place>;
 
 // Adds the statements and findings of a text file. `number` is that of the file in the report.

@@ -11,8 +11,9 @@
 namespace TolvenLibs::RevitMappingEditorDll {
 
 int DomenStore::LoadDomen(const std::wstring& path, const std::wstring& configText,
-                          const std::shared_ptr<const TextFile>& file, Account* account) {
-  if (Extension(path) == L".json") return LoadDomenJson(path, configText);
+                          const std::shared_ptr<const TextFile>& file, Account* account,
+                          JsonAccount* jsonAccount) {
+  if (Extension(path) == L".json") return LoadDomenJson(path, configText, jsonAccount);
   if (Extension(path) == L".txt") return LoadDomenText(path, file, account);
   return statusAbsent;
 }

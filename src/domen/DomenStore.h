@@ -21,16 +21,19 @@ struct PropertyCheckInfo {
 };
 
 struct Account;
+struct JsonAccount;
 struct TextFile;
 
 // The domains, in the order of their ids' code units. The store only grows: a load never removes
 // what earlier files brought. A copy shares nothing with its source.
 struct DomenStore {
-  // Reads a domain file by the reader of its extension (lower case only), and returns the reader's
-  // status. Returns -1 without opening the file for any other extension. `configText` and `file`,
-  // the sections if they have been read already, are passed to the reader.
+  // Reads a domain file into the store. The extension, in lower case only, selects the reader,
+  // whose status is returned; for any other extension returns -1 without opening the file.
+  // `configText`, `file`, the sections of the file if they have been read already, and the account
+  // of its kind are passed to the reader.
   int LoadDomen(const std::wstring& path, const std::wstring& configText,
-                const std::shared_ptr<const TextFile>& file = nullptr, Account* account = nullptr);
+                const std::shared_ptr<const TextFile>& file = nullptr, Account* account = nullptr,
+                JsonAccount* jsonAccount = nullptr);
 
   // Reads the ==DOMEN sections of a text file. Returns 0 if it was read to its end, whatever its
   // contents, 2 if it can't be opened, 3 if an exception ended the reading. The exception isn't
@@ -38,10 +41,11 @@ struct DomenStore {
   int LoadDomenText(const std::wstring& path, const std::shared_ptr<const TextFile>& file = nullptr,
                     Account* account = nullptr);
 
-  // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Returns 0 if it was
-  // read, even if it is malformed or empty: missing keys have defaults. Returns 3 if an exception
-  // ended the reading. The exception isn't passed on, and the store is unchanged.
-  int LoadDomenJson(const std::wstring& path, const std::wstring& configText);
+  // Reads a JSON5 file as one domain, whose id is the stem of the file's name. Returns 0 if the
+  // file was read, even if it is malformed or empty: all missing keys have defaults. Returns 3 if
+  // an exception ended the reading; the exception isn't passed on, and the store is unchanged.
+  int LoadDomenJson(const std::wstring& path, const std::wstring& configText,
+                    JsonAccount* account = nullptr);
 
   // Writes the domain as a JSON5 file, replacing the target. A reload yields a different domain:
   // types are shifted and values aren't written. This is required. Does nothing for an unknown

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,6 +19,7 @@
 #include "domen/Numbers.h"
 #include "domen/PropertyType.h"
 #include "json/DomenSchema.h"
+#include "json/JsonAccount.h"
 #include "json/StringArrayParam.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
@@ -27,51 +29,81 @@ namespace {
 // Owns an open section.
 using OpenSection = std::unique_ptr<JSON5Section>;
 
-OpenSection Open(CfgParser& parser, const wchar_t* name, bool first, bool last,
-                 const wchar_t* itemName) {
-  bool found = false;
-  return OpenSection(parser.Section(name, found, first, last, itemName));
-}
-
 // Reading
 
-// The requests of one open section.
+// The requests of one open section. Each is told to the account, if there is one.
 class SectionReader {
  public:
-  explicit SectionReader(OpenSection section) : section_(std::move(section)) {}
+  SectionReader(CfgParser& parser, JsonAccount* account, const wchar_t* name, bool first, bool last,
+                const wchar_t* item)
+      : section_(parser.Section(name, found_, first, last, item)), account_(account) {
+    if (!account_) return;
+    asked_ = {JsonOutcome::item, name, item, {}, found_, {}};
+    account_->entries.push_back(*asked_);
+  }
 
   // The result is valid as long as the section is open.
   const wchar_t* String(const SchemaKey& key, const wchar_t* defaultValue,
                         bool overriding = false) {
-    return section_->ParamString(key.name, defaultValue, found_, key.comment, overriding);
+    const wchar_t* const value =
+        section_->ParamString(key.name, defaultValue, found_, key.comment, overriding);
+    TellRequest(overriding ? JsonOutcome::overridden : JsonOutcome::text, key);
+    return value;
   }
 
   int Int(const SchemaKey& key, int defaultValue) {
-    return section_->ParamInt(key.name, defaultValue, found_, key.comment, false);
+    const int value = section_->ParamInt(key.name, defaultValue, found_, key.comment, false);
+    TellRequest(JsonOutcome::wholeNumber, key);
+    return value;
   }
 
   double Double(const SchemaKey& key, double defaultValue) {
-    return section_->ParamDouble(key.name, defaultValue, found_, key.comment, false);
+    const double value = section_->ParamDouble(key.name, defaultValue, found_, key.comment, false);
+    TellRequest(JsonOutcome::number, key);
+    return value;
   }
 
   std::vector<std::wstring> Strings(const SchemaKey& key) {
     std::vector<std::wstring> strings;
-    ReadStringArrayParam(*section_, key.name, strings, key.comment);
+    found_ = ReadStringArrayParam(*section_, key.name, strings, key.comment);
+    TellRequest(JsonOutcome::listOfTexts, key, strings);
     return strings;
   }
 
   // Returns whether the last request found a value.
   bool Found() const { return found_; }
 
+  // Says what became of the item, or of the domain.
+  void Tell(JsonOutcome outcome, const wchar_t* text = nullptr) {
+    if (!account_) return;
+    JsonEntry& entry = account_->entries.emplace_back(*asked_);
+    entry.outcome = outcome;
+    entry.found = false;
+    if (text) entry.texts = {text};
+  }
+
  private:
-  OpenSection section_;
+  void TellRequest(JsonOutcome outcome, const SchemaKey& key,
+                   const std::vector<std::wstring>& texts = {}) {
+    if (!account_) return;
+    JsonEntry& entry = account_->entries.emplace_back(*asked_);
+    entry.outcome = outcome;
+    entry.key = key.name;
+    entry.found = found_;
+    entry.texts = texts;
+  }
+
   bool found_ = false;
+  OpenSection section_;
+  JsonAccount* account_;
+  std::optional<JsonEntry> asked_;  // only with an account
 };
 
 // The type and default of a field. Unknown types are integers, with a default that these refuse.
 struct FieldDefault {
   int valueType = typeInt;
   std::wstring text = L"1.0";
+  bool unknown = false;
 };
 
 FieldDefault ReadFieldDefault(SectionReader& field) {
@@ -85,28 +117,43 @@ FieldDefault ReadFieldDefault(SectionReader& field) {
   if (type == L"s" || type == L"as") {
     return {type == L"s" ? typeStr : typeSList, field.String(fieldStrDefault, L"1.0")};
   }
-  return {};
+  field.Tell(JsonOutcome::typeUnknown, type.data());
+  return {typeInt, L"1.0", true};
+}
+
+// What a field took it takes again, and what it refused it refuses.
+void TellField(SectionReader& field, const DomenProperty& property, std::size_t fieldCount,
+               const FieldDefault& value) {
+  if (property.fields.size() == fieldCount) {
+    return field.Tell(JsonOutcome::fieldAgain, property.id.c_str());
+  }
+  field.Tell(JsonOutcome::field, property.id.c_str());
+  if (value.unknown || property.fields.back()->SetValue(value.text)) return;
+  field.Tell(JsonOutcome::defaultRefused, value.text.c_str());
 }
 
 // The flag of a field tells whether its default was in the file.
 void ReadField(CfgParser& parser, DomenProperty& property, FieldAdder& adder,
-               std::vector<std::wstring>& names, std::size_t index) {
+               std::vector<std::wstring>& names, std::size_t index, JsonAccount* account) {
   std::wstring& name = names[index];
-  SectionReader field(
-      Open(parser, fieldsSection, index == 0, index + 1 == names.size(), name.c_str()));
+  SectionReader field(parser, account, fieldsSection, index == 0, index + 1 == names.size(),
+                      name.c_str());
   const wchar_t* title = field.String(fieldName, name.c_str());
   FieldDefault value = ReadFieldDefault(field);
+  const FieldDefault told = account ? value : FieldDefault();
+  const std::size_t fieldCount = property.fields.size();
   std::wstring ownTitle(title);  // a copy, since `title` may point to the name
   adder.Add(property, std::move(name), std::move(ownTitle), value.valueType, field.Found(),
             std::move(value.text));
+  if (account) TellField(field, property, fieldCount, told);
 }
 
 // The "sId" of the file is overridden: the key is the id.
 void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstring>& keys,
-                  std::size_t index) {
+                  std::size_t index, JsonAccount* account) {
   const std::wstring& key = keys[index];
-  SectionReader section(
-      Open(parser, propertiesSection, index == 0, index + 1 == keys.size(), key.c_str()));
+  SectionReader section(parser, account, propertiesSection, index == 0, index + 1 == keys.size(),
+                        key.c_str());
   std::vector<std::wstring> objectTypes = section.Strings(propertyObjectTypes);
   const wchar_t* id = section.String(propertyId, key.c_str(), true);
   const wchar_t* name = section.String(propertyName, L"");
@@ -117,12 +164,22 @@ void ReadProperty(CfgParser& parser, Domen& domen, const std::vector<std::wstrin
   property.fields.reserve(fieldNames.size());
   FieldAdder adder;
   for (std::size_t i = 0; i < fieldNames.size(); ++i) {
-    ReadField(parser, property, adder, fieldNames, i);
+    ReadField(parser, property, adder, fieldNames, i, account);
   }
+  const std::size_t propertyCount = domen.properties.size();
   domen.AddProperty(key, property);
+  if (!account) return;
+  const bool added = domen.properties.size() > propertyCount;
+  section.Tell(added ? JsonOutcome::property : JsonOutcome::propertyAgain);
 }
 
 // Writing
+
+OpenSection Open(CfgParser& parser, const wchar_t* name, bool first, bool last,
+                 const wchar_t* itemName) {
+  bool found = false;
+  return OpenSection(parser.Section(name, found, first, last, itemName));
+}
 
 // The requests of one open section, each with the value to be written.
 class SectionWriter {
@@ -261,17 +318,21 @@ void WriteFields(CfgParser& parser, const DomenRows& rows) {
 
 }  // namespace
 
-int DomenStore::LoadDomenJson(const std::wstring& path, const std::wstring& configText) {
+int DomenStore::LoadDomenJson(const std::wstring& path, const std::wstring& configText,
+                              JsonAccount* account) {
   try {
     const auto parser = std::make_unique<CfgParser>(path.c_str(), configText.c_str(), cfgLanguage);
-    SectionReader section(Open(*parser, domenSection, true, true, L""));
+    SectionReader section(*parser, account, domenSection, true, true, L"");
     std::wstring name = section.String(domenName, L"");
     const std::vector<std::wstring> keys = section.Strings(domenFuncsNames);
     std::wstring id(Stem(path));
     Domen domen(id, std::move(name));
-    for (std::size_t i = 0; i < keys.size(); ++i) ReadProperty(*parser, domen, keys, i);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      ReadProperty(*parser, domen, keys, i, account);
+    }
     // The last step that can fail: a domain that isn't stored isn't selected either.
-    AddDomen(id, std::move(domen));
+    const bool added = AddDomen(id, std::move(domen)).second;
+    section.Tell(added ? JsonOutcome::domen : JsonOutcome::domenAgain, id.c_str());
     activeDomenId = std::move(id);
     return statusDone;
   } catch (...) {

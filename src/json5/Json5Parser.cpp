@@ -24,11 +24,14 @@ struct OpenValue {
   Kind kind;
   std::string_view key;     // of the member that is being read
   std::size_t firstMember;  // among the pending ones
+  std::size_t part = 0;     // these two only where parts are asked for
+  std::size_t keyBegin = 0;
 };
 
 class Json5Parser {
  public:
-  Json5Parser(std::string_view text, Json5Tree& tree) : cursor_(text), tree_(tree) {}
+  Json5Parser(std::string_view text, Json5Tree& tree, Json5Parts* parts)
+      : cursor_(text), tree_(tree), parts_(parts) {}
 
   void ParseDocument() {
     // Few files have shorter members, and capacity that isn't used costs nothing.
@@ -46,12 +49,15 @@ class Json5Parser {
   void ReadValue() {
     while (true) {
       SkipSpace(cursor_);
+      if (parts_) BeginPart();
       if (cursor_.SkipIf('[')) {
         Open(Kind::array);
       } else if (cursor_.SkipIf('{')) {
         Open(Kind::object);
       } else {
-        return Add(ReadScalar());
+        const Json5Value scalar = ReadScalar();
+        if (parts_) EndPart(parts_->size() - 1, scalar);
+        return Add(scalar);
       }
       if (SkipClosing()) return Close();
       if (open_.back().kind == Kind::object) ReadKey();
@@ -81,6 +87,24 @@ class Json5Parser {
       throw Json5Malformed{cursor_.Position() - 1, "arrays and objects too deep in each other"};
     }
     open_.push_back({kind, {}, pending_.size()});
+    if (parts_) open_.back().part = parts_->size() - 1;
+  }
+
+  // Adds the part of the value that is about to be read.
+  void BeginPart() {
+    const std::size_t position = cursor_.Position();
+    Json5Part part{0, {}, position, position, position, {}};
+    if (!open_.empty()) {
+      part.parent = open_.back().part;
+      part.key = open_.back().key;
+      if (open_.back().kind == Kind::object) part.begin = open_.back().keyBegin;
+    }
+    parts_->push_back(part);
+  }
+
+  void EndPart(std::size_t index, const Json5Value& value) {
+    (*parts_)[index].value = value;
+    (*parts_)[index].end = cursor_.Position();
   }
 
   bool SkipClosing() {
@@ -99,6 +123,7 @@ class Json5Parser {
                       Json5Members{tree_.members.size(), pending_.size() - closed.firstMember});
     tree_.members.insert(tree_.members.end(), first, pending_.end());
     pending_.resize(closed.firstMember);
+    if (parts_) EndPart(closed.part, value);
     Add(value);
   }
 
@@ -146,6 +171,7 @@ class Json5Parser {
 
   void ReadKey() {
     SkipSpace(cursor_);
+    if (parts_) open_.back().keyBegin = cursor_.Position();
     open_.back().key = IsQuotationMark(cursor_.Peek()) ? ReadString(cursor_, tree_.decoded)
                                                        : ReadIdentifier(cursor_, tree_.decoded);
     SkipSpace(cursor_);
@@ -174,13 +200,14 @@ class Json5Parser {
 
   Json5Cursor cursor_;
   Json5Tree& tree_;
+  Json5Parts* parts_;
   std::vector<OpenValue> open_;
   std::vector<Json5Member> pending_;  // of the open arrays and objects, the innermost last
 };
 
 // A carriage return and a line feed are one line end. The text before the error can be decoded.
 Json5Error ErrorAt(std::string_view text, const Json5Malformed& malformed) {
-  Json5Error error{1, 1, malformed.message};
+  Json5Error error{1, 1, malformed.message, malformed.position};
   Json5Cursor cursor(text);
   while (cursor.Position() < malformed.position) {
     const std::uint32_t code = cursor.TakeCode();
@@ -195,9 +222,9 @@ Json5Error ErrorAt(std::string_view text, const Json5Malformed& malformed) {
 
 }  // namespace
 
-std::optional<Json5Error> ParseJson5(std::string_view text, Json5Tree& tree) {
+std::optional<Json5Error> ParseJson5(std::string_view text, Json5Tree& tree, Json5Parts* parts) {
   try {
-    Json5Parser(text, tree).ParseDocument();
+    Json5Parser(text, tree, parts).ParseDocument();
     return std::nullopt;
   } catch (const Json5Malformed& malformed) {
     return ErrorAt(text, malformed);

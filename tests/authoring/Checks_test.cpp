@@ -69,8 +69,8 @@ TEST(Checks, SpeakBothLanguages) {
     SCOPED_TRACE(check.number);
     ExpectBothLanguages(check.sentence);
   }
-  for (const RelatedKind kind :
-       {RelatedKind::winner, RelatedKind::earlier, RelatedKind::later, RelatedKind::alike}) {
+  for (const RelatedKind kind : {RelatedKind::winner, RelatedKind::earlier, RelatedKind::later,
+                                 RelatedKind::alike, RelatedKind::listed}) {
     ExpectBothLanguages(SentenceOf(kind));
   }
 }

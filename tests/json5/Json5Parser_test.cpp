@@ -1331,5 +1331,61 @@ TEST(ParseJson5, FindsTheLineOfAnErrorAfterFiveMillionUnits) {
   });
 }
 
+// The parts of a text, each as its depth in blanks, its text, and behind a bar that of its value.
+std::vector<std::string> ShowParts(std::string_view text) {
+  Json5Tree tree;
+  Json5Parts parts;
+  EXPECT_FALSE(ParseJson5(text, tree, &parts)) << text;
+  std::vector<std::string> shown;
+  std::vector<std::size_t> depths;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const Json5Part& part = parts[i];
+    depths.push_back(i == 0 ? 0 : depths[part.parent] + 1);
+    std::string line(depths.back(), ' ');
+    line.append(text.substr(part.begin, part.end - part.begin));
+    if (part.begin != part.valueBegin) {
+      line.append("|").append(text.substr(part.valueBegin, part.end - part.valueBegin));
+    }
+    shown.push_back(line);
+  }
+  return shown;
+}
+
+TEST(Json5Parts, TellWhereEachValueIsWithItsKey) {
+  using Lines = std::vector<std::string>;
+  EXPECT_EQ(ShowParts(" 5 // five"), Lines({"5"}));
+  EXPECT_EQ(ShowParts("[1 , [ ], 'a' ]"), Lines({"[1 , [ ], 'a' ]", " 1", " [ ]", " 'a'"}));
+  EXPECT_EQ(ShowParts("{ /**/a :1, 'b': {c:[2]}, }/**/"),
+            Lines({"{ /**/a :1, 'b': {c:[2]}, }", " a :1|1", " 'b': {c:[2]}|{c:[2]}", "  c:[2]|[2]",
+                   "   2"}));
+}
+
+TEST(Json5Parts, HaveTheMembersThatALaterOneReplaces) {
+  EXPECT_EQ(ShowParts("{a:1,b:2,'a':3}"),
+            std::vector<std::string>({"{a:1,b:2,'a':3}", " a:1|1", " b:2|2", " 'a':3|3"}));
+}
+
+TEST(Json5Parts, HaveDecodedKeysAndTheValuesOfTheTree) {
+  const std::string text = "{'\\x41': [true, '\\x42']}";
+  Json5Tree tree;
+  Json5Parts parts;
+  ASSERT_FALSE(ParseJson5(text, tree, &parts));
+  ASSERT_EQ(parts.size(), 4u);
+  EXPECT_EQ(parts[1].key, "A");
+  EXPECT_EQ(parts[1].value.kind, Kind::array);
+  EXPECT_TRUE(parts[2].value.boolean);
+  EXPECT_EQ(parts[3].value.text, "B");
+  EXPECT_EQ(Show(tree, tree.root), L"{A:[true 'B']}");
+}
+
+TEST(Json5Error, HasThePositionInBytes) {
+  Json5Tree tree;
+  const std::optional<Json5Error> error = ParseJson5("{Ж: 1\n 2}", tree);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->position, 8u);
+  EXPECT_EQ(error->line, 2u);
+  EXPECT_EQ(error->column, 2u);
+}
+
 }  // namespace
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "CheckJson.h"
+#include "CheckSarif.h"
 #include "CheckText.h"
 #include "Environment.h"
 #include "Failure.h"
@@ -77,10 +78,10 @@ std::optional<CheckOptions> ParseCheckOptions(std::vector<std::string> arguments
       ->type_name("DIR")
       ->capture_default_str();
   app.add_option("--format", options.format, "How findings are written")
-      ->type_name("text|json")
-      ->check(OneOf({"text", "json"}))
+      ->type_name("text|json|sarif")
+      ->check(OneOf({"text", "json", "sarif"}))
       ->capture_default_str();
-  app.add_flag("--all", options.all, "Tell the fate of every statement");
+  app.add_flag("--all", options.all, "Tell the fate of every statement, in text and json");
   app.add_option("--fail-on", options.failOn, "The least severity that makes the exit status 1")
       ->type_name("error|warning|hint|never")
       ->check(OneOf({"error", "warning", "hint", "never"}))
@@ -128,6 +129,13 @@ Markers MarkersOfTerminal() {
   return plain ? Markers::plain : Markers::coloured;
 }
 
+std::string Format(const Report& report, const LoadedFiles& loaded, const CheckOptions& options) {
+  const Language language = LanguageOf(options);
+  if (options.format == "json") return FormatJson(report, language, options.all);
+  if (options.format == "sarif") return FormatSarif(report, language);
+  return FormatText(report, loaded, language, options.all, MarkersOfTerminal());
+}
+
 bool Fails(const Report& report, const std::string& failOn) {
   const std::map<std::string, Severity> severities = {
       {"error", Severity::error}, {"warning", Severity::warning}, {"hint", Severity::hint}};
@@ -148,9 +156,6 @@ int RunCheckCommand(std::vector<std::string> arguments) {
     throw Failure{fileMissing, "\"" + ToUtf8(*missing) + "\" is not there, or can't be read."};
   }
   const Report report = CheckFiles(loaded);
-  const Language language = LanguageOf(*options);
-  Print(options->format == "json"
-            ? FormatJson(report, language, options->all)
-            : FormatText(report, loaded, language, options->all, MarkersOfTerminal()));
+  Print(Format(report, loaded, *options));
   return Fails(report, options->failOn) ? foundSomething : 0;
 }

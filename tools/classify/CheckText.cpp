@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "Wide.h"
+#include "authoring/JsonPlaces.h"
 #include "authoring/Places.h"
+#include "base/Utf8.h"
 
 namespace {
 
@@ -29,10 +31,14 @@ const char* ColourOf(Severity severity) {
   }
 }
 
-// What runs over lines in the file, a code for instance, does not in a sentence.
-std::string OnOneLine(std::string sentence) {
-  std::replace(sentence.begin(), sentence.end(), '\n', ' ');
-  return sentence;
+// What runs over lines in the file, a code for instance, does not in a sentence; and names of a
+// file may hold what moves the cursor of a terminal.
+std::string OnOneLine(std::string text) {
+  const auto isControl = [](char byte) {
+    return static_cast<unsigned char>(byte) < ' ' || byte == '\x7F';
+  };
+  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  return text;
 }
 
 class TextFormatter {
@@ -62,6 +68,28 @@ class TextFormatter {
   std::string Text() && { return std::move(text_); }
 
  private:
+  // A line of a file, trimmed, and the column of its first character.
+  struct Line {
+    std::wstring text;
+    std::size_t column;
+  };
+
+  static Line TextLine(const LoadedFile& file, const Place& place) {
+    const std::vector<AccountLine>& lines = file.account.lines;
+    const auto line = std::lower_bound(
+        lines.begin(), lines.end(), place.line,
+        [](const AccountLine& left, std::size_t number) { return left.number < number; });
+    if (!file.text || line == lines.end() || line->number != place.line) return {};
+    return {std::wstring(Places(file, place.file).TextOf(*line)), line->column};
+  }
+
+  static Line JsonLine(const LoadedFile& file, const Place& place) {
+    const JsonPlaces places(*file.json, place.file);
+    const std::wstring text = DecodeUtf8(places.TextOfLine(place.line));
+    const std::size_t begin = std::min(text.find_first_not_of(L" \t"), place.column - 1);
+    return {text.substr(std::min(begin, text.size())), begin + 1};
+  }
+
   void AddPlace(const Place& place) {
     text_ += report_.files[place.file] + ":" + std::to_string(place.line) + ":" +
              std::to_string(place.column) + ": ";
@@ -79,14 +107,10 @@ class TextFormatter {
   void AddMarker(const Place& place, const char* colour) {
     if (markers_ == Markers::none) return;
     const LoadedFile& file = loaded_.files[place.file];
-    if (!file.text) return;
-    const std::vector<AccountLine>& lines = file.account.lines;
-    const auto line = std::lower_bound(
-        lines.begin(), lines.end(), place.line,
-        [](const AccountLine& left, std::size_t number) { return left.number < number; });
-    if (line == lines.end() || line->number != place.line) return;
-    text_ += "  " + ToField(Places(file, place.file).TextOf(*line)) + "\n  ";
-    text_.append(place.column - line->column, ' ');
+    const Line line = file.text || !file.json ? TextLine(file, place) : JsonLine(file, place);
+    if (line.text.empty()) return;
+    text_ += "  " + ToField(line.text) + "\n  ";
+    text_.append(place.column - line.column, ' ');
     const bool endsHere = place.endLine == place.line && place.endColumn > place.column;
     AddColoured(std::string(endsHere ? place.endColumn - place.column : 1, '^'), colour);
     text_ += '\n';

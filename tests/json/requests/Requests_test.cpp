@@ -19,6 +19,7 @@
 #include "Script.h"
 #include "domen/DomenStore.h"
 #include "domen/PropertyType.h"
+#include "json/JsonAccount.h"
 #include "json/StringArrayParam.h"
 #include "support/DescribeDomens.h"
 #include "support/TempFolder.h"
@@ -178,6 +179,20 @@ TEST(Reading, RequestsEachPropertyFollowedByItsFieldsInTheOrderOfTheFile) {
   EXPECT_EQ(script.requests, expected);
   EXPECT_EQ(Describe(store), zonesDomen);
   EXPECT_EQ(store.activeDomenId, L"zones");
+}
+
+TEST(Reading, RequestsTheSameForWhoeverHandsItAnAccount) {
+  const auto requestsWith = [](JsonAccount* account) {
+    Script script;
+    AnswerZones(script);
+    DomenStore store;
+    EXPECT_EQ(store.LoadDomenJson(L"data/zones.json", L"", account), 0);
+    EXPECT_EQ(Describe(store), zonesDomen);
+    return script.requests;
+  };
+  JsonAccount account;
+  EXPECT_EQ(requestsWith(&account), requestsWith(nullptr));
+  EXPECT_FALSE(account.entries.empty());
 }
 
 TEST(Reading, IsTheSameThroughTheStoresChoiceOfReader) {
