@@ -13,9 +13,8 @@
 #include <string_view>
 #include <vector>
 
-#include "authoring/Check.h"
 #include "authoring/Checks.h"
-#include "authoring/LoadedFiles.h"
+#include "support/CheckedFiles.h"
 #include "support/DescribeDomens.h"
 #include "support/Program.h"
 #include "support/TempFolder.h"
@@ -25,58 +24,33 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-std::string Show(const Place& place) {
-  return std::to_string(place.line) + ":" + std::to_string(place.column) + "-" +
-         std::to_string(place.endLine) + ":" + std::to_string(place.endColumn);
+// Each finding of the `.json` checks as `number place fate arguments`.
+Texts Findings(const Report& report) {
+  Texts shown;
+  for (const Finding& finding : report.findings) {
+    if (finding.number / 100 != 5) continue;
+    std::string line = std::to_string(finding.number) + " " + TextOf(finding.place) + " " +
+                       std::string(NameOf(finding.fate));
+    for (const std::string& argument : finding.arguments) line += " " + argument;
+    shown.push_back(line);
+  }
+  return shown;
 }
 
-// Files that are loaded in their order and checked.
-class CheckedFiles {
- public:
-  explicit CheckedFiles(const std::vector<std::pair<std::string, std::string>>& files) {
-    FileList list;
-    for (const auto& [name, bytes] : files) {
-      const std::wstring path = folder_.Write(name, bytes);
-      (bytes.starts_with("==MAPTEXT") ? list.classificators : list.domens).push_back(path);
-    }
-    EXPECT_FALSE(LoadFiles(list, loaded));
-    report = CheckFiles(loaded);
+std::set<int> Numbers(const Report& report) {
+  std::set<int> numbers;
+  for (const Finding& finding : report.findings) {
+    if (finding.number / 100 == 5) numbers.insert(finding.number);
   }
+  return numbers;
+}
 
-  // Each finding of the `.json` checks as `number place fate arguments`.
-  Texts Findings() const {
-    Texts shown;
-    for (const Finding& finding : report.findings) {
-      if (finding.number / 100 != 5) continue;
-      std::string line = std::to_string(finding.number) + " " + Show(finding.place) + " " +
-                         std::string(NameOf(finding.fate));
-      for (const std::string& argument : finding.arguments) line += " " + argument;
-      shown.push_back(line);
-    }
-    return shown;
-  }
-
-  std::set<int> Numbers() const {
-    std::set<int> numbers;
-    for (const Finding& finding : report.findings) {
-      if (finding.number / 100 == 5) numbers.insert(finding.number);
-    }
-    return numbers;
-  }
-
-  LoadedFiles loaded;
-  Report report;
-
- private:
-  TempFolder folder_;
-};
-
-CheckedFiles CheckJson(const std::string& bytes) {
-  return CheckedFiles({{"zones.json", bytes}});
+Report ReportOfJson(const std::string& bytes) {
+  return ReportOf({File("domen zones.json", bytes)});
 }
 
 // A file with a property P of one field F, and what is in the four objects besides.
-struct File {
+struct Zones {
   std::string top, domen, property, field = "sType: 'i', iDefault: 5";
 
   std::string Text() const {
@@ -87,16 +61,16 @@ struct File {
 };
 
 std::string TopText(const std::string& top) {
-  return File{top, "", ""}.Text();
+  return Zones{top, "", ""}.Text();
 }
 std::string DomenText(const std::string& domen) {
-  return File{"", domen, ""}.Text();
+  return Zones{"", domen, ""}.Text();
 }
 std::string PropertyText(const std::string& property) {
-  return File{"", "", property}.Text();
+  return Zones{"", "", property}.Text();
 }
 std::string FieldText(const std::string& field) {
-  return File{"", "", "", field}.Text();
+  return Zones{"", "", "", field}.Text();
 }
 
 // The whole of a file, with other lists.
@@ -189,14 +163,14 @@ const std::vector<Example> examples = {
 
 TEST(JsonFileCheck, SaysEachThingOfATextThatHasIt) {
   for (const Example& example : examples) {
-    EXPECT_TRUE(CheckJson(example.provoking).Numbers().contains(example.number))
+    EXPECT_TRUE(Numbers(ReportOfJson(example.provoking)).contains(example.number))
         << example.number << ": " << example.provoking;
   }
 }
 
 TEST(JsonFileCheck, DoesNotSayItOfATextThatNearlyHasIt) {
   for (const Example& example : examples) {
-    EXPECT_FALSE(CheckJson(example.nearMiss).Numbers().contains(example.number))
+    EXPECT_FALSE(Numbers(ReportOfJson(example.nearMiss)).contains(example.number))
         << example.number << ": " << example.nearMiss;
   }
 }
@@ -204,49 +178,42 @@ TEST(JsonFileCheck, DoesNotSayItOfATextThatNearlyHasIt) {
 // What depends on names and on other files.
 
 TEST(JsonFileCheck, SaysThatTheDomainIsThereAlready) {
-  const std::string zones = File().Text();
-  const CheckedFiles files({{"d.txt", "==DOMEN\n@@@ zones\n"}, {"zones.json", zones}});
-  EXPECT_EQ(files.Findings(), Texts({"520 1:1-1:2 lost zones"}));
-  ASSERT_EQ(files.report.findings.back().related.size(), 1u);
-  EXPECT_EQ(files.report.findings.back().related[0].place, (Place{0, 2, 1, 2, 10}));
-  for (const Statement& statement : files.report.statements) {
+  const GivenFile zones = File("domen zones.json", Zones().Text());
+  const Report report = ReportOf({File("domen d.txt", "==DOMEN\n@@@ zones\n"), zones});
+  EXPECT_EQ(Findings(report), Texts({"520 1:1-1:2 lost zones"}));
+  ASSERT_EQ(report.findings.back().related.size(), 1u);
+  EXPECT_EQ(report.findings.back().related[0].place, (Place{0, 2, 1, 2, 10}));
+  for (const Statement& statement : report.statements) {
     EXPECT_TRUE(statement.place.file == 0 || statement.fate == Fate::lost);
   }
-  EXPECT_EQ(CheckedFiles({{"d.txt", "==DOMEN\n@@@ Zones\n"}, {"zones.json", zones}}).Findings(),
-            Texts());
+  EXPECT_EQ(Findings(ReportOf({File("domen d.txt", "==DOMEN\n@@@ Zones\n"), zones})), Texts());
 }
 
 TEST(JsonFileCheck, NamesADefinitionInAJsonFileThatStays) {
-  const CheckedFiles files(
-      {{"zones.json", File().Text()}, {"d.txt", "==DOMEN\n@@@ zones\n@ P 0 1\nF int 0 6\n"}});
+  const Report report = ReportOf({File("domen zones.json", Zones().Text()),
+                                  File("domen d.txt", "==DOMEN\n@@@ zones\n@ P 0 1\nF int 0 6\n")});
   std::vector<Place> earlier;
-  for (const Finding& finding : files.report.findings) {
+  for (const Finding& finding : report.findings) {
     for (const Related& related : finding.related) earlier.push_back(related.place);
   }
   EXPECT_EQ(earlier, (std::vector<Place>{{0, 2, 15, 2, 41}, {0, 3, 21, 3, 49}}));
 }
 
 TEST(JsonFileCheck, SaysThatNoListCanNameTheDomain) {
+  const auto numbersOf = [](const std::string& name) {
+    return Numbers(ReportOf({File("domen " + name, Zones().Text())}));
+  };
   for (const char* name : {"a b.json", "a(b.json", "a).json"}) {
-    EXPECT_EQ(CheckedFiles({{name, File().Text()}}).Numbers(), std::set<int>({544})) << name;
+    EXPECT_EQ(numbersOf(name), std::set<int>({544})) << name;
   }
-  EXPECT_EQ(CheckedFiles({{"a-b.json", File().Text()}}).Numbers(), std::set<int>());
-}
-
-TEST(CheckFiles, SaysThatADomainFileHasAnExtensionThatNobodyReads) {
-  for (const char* name : {"zones.JSON", "zones.json5", ".json", "d.TXT"}) {
-    const CheckedFiles files({{name, File().Text()}});
-    ASSERT_EQ(files.report.findings.size(), 1u) << name;
-    EXPECT_EQ(files.report.findings[0].number, 111) << name;
-    EXPECT_EQ(files.report.findings[0].place, (Place{0, 1, 1, 1, 1})) << name;
-  }
-  EXPECT_EQ(CheckedFiles({{"zones.old.json", File().Text()}}).report.findings.size(), 0u);
+  EXPECT_EQ(numbersOf("a-b.json"), std::set<int>());
 }
 
 TEST(JsonFileCheck, SaysThatAClassificatorIsReadAsADomainFileToo) {
-  const std::string scheme = "==MAPTEXT\n@W10\nwall\n";
-  EXPECT_EQ(CheckedFiles({{"s.json", scheme}}).Findings(), Texts({"546 1:1-1:1 used s"}));
-  EXPECT_EQ(CheckedFiles({{"s.txt", scheme}}).Findings(), Texts());
+  const char* const scheme = "==MAPTEXT\n@W10\nwall\n";
+  EXPECT_EQ(Findings(ReportOf({File("classificator s.json", scheme)})),
+            Texts({"546 1:1-1:1 used s"}));
+  EXPECT_EQ(Findings(ReportOf({File("classificator s.txt", scheme)})), Texts());
 }
 
 TEST(JsonFileCheck, HasAnExampleOfEachCheck) {
@@ -261,7 +228,7 @@ TEST(JsonFileCheck, HasAnExampleOfEachCheck) {
 
 TEST(JsonFileCheck, PutsTheArgumentsIntoTheSentencesOfBothLanguages) {
   for (const Example& example : examples) {
-    for (const Finding& finding : CheckJson(example.provoking).report.findings) {
+    for (const Finding& finding : ReportOfJson(example.provoking).findings) {
       for (const Language language : {Language::english, Language::russian}) {
         const std::string text =
             Fill(CheckOf(finding.number).sentence, language, finding.arguments);
@@ -276,24 +243,24 @@ TEST(JsonFileCheck, PutsTheArgumentsIntoTheSentencesOfBothLanguages) {
 // Places
 
 TEST(JsonFileCheck, CountsColumnsInCodePointsAndNoByteOrderMark) {
-  EXPECT_EQ(CheckJson("\xEF\xBB\xBF{/*Ж😀*/x: 1, Domen: {asFuncsNames: []}}").Findings(),
+  EXPECT_EQ(Findings(ReportOfJson("\xEF\xBB\xBF{/*Ж😀*/x: 1, Domen: {asFuncsNames: []}}")),
             Texts({"522 1:8-1:12 ignored x"}));
-  EXPECT_EQ(CheckJson("\xEF\xBB\xBF{'Ж😀' 1}").Findings(), Texts({"504 1:7-1:7 lost"}));
+  EXPECT_EQ(Findings(ReportOfJson("\xEF\xBB\xBF{'Ж😀' 1}")), Texts({"504 1:7-1:7 lost"}));
 }
 
 TEST(JsonFileCheck, EndsLinesAsTheParserDoes) {
-  EXPECT_EQ(CheckJson("{\r\n\n\r\xE2\x80\xA8 x: [\n]}").Findings(),
+  EXPECT_EQ(Findings(ReportOfJson("{\r\n\n\r\xE2\x80\xA8 x: [\n]}")),
             Texts({"521 1:1-1:2 used", "522 5:2-6:2 ignored x"}));
 }
 
 TEST(JsonFileCheck, FindsPlacesInALongLine) {
   const std::string blanks(1000, ' ');
-  EXPECT_EQ(CheckJson("{Domen: {asFuncsNames: []}," + blanks + "x: 1}").Findings(),
+  EXPECT_EQ(Findings(ReportOfJson("{Domen: {asFuncsNames: []}," + blanks + "x: 1}")),
             Texts({"522 1:1028-1:1032 ignored x"}));
 }
 
 TEST(JsonFileCheck, PlacesWhatIsWrongWithAListAtItsEntry) {
-  EXPECT_EQ(CheckJson("{Domen: {asFuncsNames: ['P', 5]}}").Findings(),
+  EXPECT_EQ(Findings(ReportOfJson("{Domen: {asFuncsNames: ['P', 5]}}")),
             Texts({"531 1:25-1:28 used P", "529 1:30-1:31 lost"}));
 }
 
@@ -301,9 +268,8 @@ TEST(JsonFileCheck, PlacesWhatIsWrongWithAListAtItsEntry) {
 
 // Each member as `key fate`, with a blank for each level.
 Texts Fates(const std::string& bytes) {
-  const CheckedFiles files = CheckJson(bytes);
   Texts shown;
-  for (const Statement& statement : files.report.statements) {
+  for (const Statement& statement : ReportOfJson(bytes).statements) {
     // The texts of these tests are on one line, and in ASCII.
     const std::size_t begin = statement.place.column - 1;
     shown.push_back(bytes.substr(begin, bytes.find(':', begin) - begin) + " " +
@@ -354,10 +320,10 @@ TEST(JsonFileCheck, TellsThatSectionsComeToNothingWithoutALists) {
 }
 
 TEST(JsonFileCheck, TellsThatAMalformedFileComesToNothing) {
-  const CheckedFiles files = CheckJson("{a: 1\n b: 2}");
-  ASSERT_EQ(files.report.statements.size(), 1u);
-  EXPECT_EQ(files.report.statements[0].place, (Place{0, 1, 1, 2, 7}));
-  EXPECT_EQ(files.report.statements[0].fate, Fate::lost);
+  const Report report = ReportOfJson("{a: 1\n b: 2}");
+  ASSERT_EQ(report.statements.size(), 1u);
+  EXPECT_EQ(TextOf(report.statements[0].place), "1:1-2:7");
+  EXPECT_EQ(report.statements[0].fate, Fate::lost);
 }
 
 TEST(JsonFileCheck, KnowsTheItemWithoutAName) {
@@ -415,10 +381,11 @@ TEST(JsonFileCheck, SaysOfNoMemberThatItHasNoEffectWhichHasOne) {
   std::size_t count = 0;
   for (const std::string& text : AllTexts()) {
     const std::wstring whole = DomainOf(text);
-    for (const Statement& statement : CheckJson(text).report.statements) {
+    for (const Statement& statement : ReportOfJson(text).statements) {
       if (statement.fate == Fate::used) continue;
       ++count;
-      EXPECT_EQ(DomainOf(Without(statement, text)), whole) << Show(statement.place) << "\n" << text;
+      EXPECT_EQ(DomainOf(Without(statement, text)), whole) << TextOf(statement.place) << "\n"
+                                                           << text;
     }
   }
   EXPECT_GT(count, 50u);
@@ -438,14 +405,14 @@ TEST(JsonFileCheck, SaysOfNoValueThatItIsUsedWithoutWhichAllIsTheSame) {
   std::size_t count = 0;
   for (const std::string& text : AllTexts()) {
     const std::wstring whole = DomainOf(text);
-    for (const Statement& statement : CheckJson(text).report.statements) {
+    for (const Statement& statement : ReportOfJson(text).statements) {
       const Place& place = statement.place;
       const std::size_t begin = PositionOf(text, place.line, place.column);
       const std::size_t end = PositionOf(text, place.endLine, place.endColumn);
       const std::string_view member = std::string_view(text).substr(begin, end - begin);
       if (statement.fate != Fate::used || NeedsNoEffect(member)) continue;
       ++count;
-      EXPECT_NE(DomainOf(Without(statement, text)), whole) << Show(place) << "\n" << text;
+      EXPECT_NE(DomainOf(Without(statement, text)), whole) << TextOf(place) << "\n" << text;
     }
   }
   EXPECT_GT(count, 100u);
@@ -453,14 +420,16 @@ TEST(JsonFileCheck, SaysOfNoValueThatItIsUsedWithoutWhichAllIsTheSame) {
 
 TEST(JsonFileCheck, LeavesTheDomainsAsALoadDoes) {
   for (const std::string& text : AllTexts()) {
-    EXPECT_EQ(Describe(CheckJson(text).loaded.domens), DomainOf(text)) << text;
+    EXPECT_EQ(Describe(CheckedFiles({File("domen zones.json", text)}).loaded.domens),
+              DomainOf(text))
+        << text;
   }
 }
 
 TEST(JsonFileCheck, HasNoErrorAndNoWarningForTheSample) {
   for (const Finding& finding :
-       CheckJson(ReadBytes(std::string(SOURCE_FOLDER) + "/data/zones.json")).report.findings) {
-    EXPECT_EQ(CheckOf(finding.number).severity, Severity::hint) << Show(finding.place);
+       ReportOfJson(ReadBytes(std::string(SOURCE_FOLDER) + "/data/zones.json")).findings) {
+    EXPECT_EQ(CheckOf(finding.number).severity, Severity::hint) << TextOf(finding.place);
   }
 }
 
