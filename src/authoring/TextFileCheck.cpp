@@ -384,9 +384,9 @@ class TextFileChecker {
     if (linesOfBlock_ == 1) {
       Statement& statement = report_.statements[lineOfBlock_];
       statement.fate = Fate::used;
-      const auto finding = std::find_if(
-          report_.findings.rbegin(), report_.findings.rend(),
-          [&statement](const Finding& told) { return told.place <= statement.place; });
+      const auto finding =
+          std::find_if(report_.findings.rbegin(), report_.findings.rend(),
+                       [&statement](const Finding& told) { return told.place <= statement.place; });
       if (finding != report_.findings.rend() && finding->place == statement.place) {
         finding->fate = Fate::used;
       }
@@ -426,6 +426,11 @@ class TextFileChecker {
       }
       if (!isRead) report_.statements.push_back({places_.Of(text), section, fate});
     }
+    // What follows the end of the reading is a statement of its own.
+    const Account& account = file_.account;
+    const bool isWhole = account.end == EndOfReading::endOfFile;
+    const std::size_t end = isWhole ? account.lineCount + 1 : account.endLine;
+    for (; number < end; ++number) AddBlankLine(number, section);
     TellMark();
     if (read_.empty()) AddFinding(report_, 109, {places_.Number(), 1, 1, 1, 1}, Fate::ignored);
   }
