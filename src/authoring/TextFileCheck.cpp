@@ -351,6 +351,79 @@ class TextFileChecker {
     finding.related.push_back({earlier->second, RelatedKind::earlier});
   }
 
+<<<<<<< HEAD
+=======
+  // Lines outside all sections that are read, and blank lines.
+  void AddUnreadLines() {
+    const std::vector<TextSection>& sections = file_.text->sections;
+    auto next = sections.begin();
+    bool isRead = false;
+    std::size_t section = 0;
+    std::size_t number = 1;
+    for (const AccountLine& line : file_.account.lines) {
+      for (; number < line.number; ++number) AddBlankLine(number, section);
+      ++number;
+      const std::wstring_view text = places_.TextOf(line);
+      Fate fate = Fate::ignored;
+      if (next != sections.end() && next->heading.data() == text.data()) {
+        // It has an effect on the section that it ends.
+        if (isRead) fate = Fate::used;
+        isRead = read_.contains(text.data());
+        section = isRead ? 0 : AddUnreadHeading(text, fate);
+        ++next;
+      }
+      if (!isRead) report_.statements.push_back({places_.Of(text), section, fate});
+    }
+    // What follows the end of the reading is a statement of its own.
+    const Account& account = file_.account;
+    const bool isWhole = account.end == EndOfReading::endOfFile;
+    const std::size_t end = isWhole ? account.lineCount + 1 : account.endLine;
+    for (; number < end; ++number) AddBlankLine(number, section);
+    TellMark();
+    if (read_.empty()) AddFinding(report_, 109, {places_.Number(), 1, 1, 1, 1}, Fate::ignored);
+  }
+
+  void AddBlankLine(std::size_t number, std::size_t section) {
+    report_.statements.push_back({{places_.Number(), number, 1, number, 1}, section, Fate::blank});
+  }
+
+  // Returns the number of the section.
+  std::size_t AddUnreadHeading(std::wstring_view heading, Fate fate) {
+    report_.sections.push_back(Utf8Of(heading));
+    const Place place = places_.Of(heading);
+    const std::optional<std::wstring_view> meant = HeadingMeant(heading);
+    if (!meant) {
+      AddFinding(report_, 105, place, fate);
+    } else if (!heading.starts_with(*meant)) {
+      AddFinding(report_, 104, place, fate, {heading, *meant});
+    } else {
+      AddFinding(report_, file_.readForDomens ? 108 : 111, place, fate);
+    }
+    return report_.sections.size() - 1;
+  }
+
+  // A mark at the beginning matters if a heading follows it.
+  void TellMark() {
+    const std::vector<AccountLine>& lines = file_.account.lines;
+    if (lines.empty()) return;
+    const std::wstring_view first = places_.TextOf(lines.front());
+    if (!first.starts_with(L"\xFEFF==")) return;
+    AddFinding(report_, 101, places_.Of(first), Fate::ignored);
+  }
+
+  // What follows the end of the reading is one statement.
+  void AddEnd() {
+    const Account& account = file_.account;
+    if (account.end == EndOfReading::endOfFile) return;
+    const Place rest{places_.Number(), account.endLine, account.endColumn, account.lineCount,
+                     account.lineCount == account.endLine ? account.endColumn : 1};
+    report_.statements.push_back({rest, 0, Fate::lost});
+    const Place here{places_.Number(), account.endLine, account.endColumn, account.endLine,
+                     account.endColumn};
+    AddFinding(report_, account.end == EndOfReading::notUtf8 ? 102 : 103, here, Fate::lost);
+  }
+
+>>>>>>> work-h
   const Place& LastPlace() const { return report_.statements.back().place; }
 
   const LoadedFile& file_;

@@ -238,6 +238,17 @@ TEST(Fates, AreIgnoredBelowAHeadingWithAByteOrderMark) {
             "5:1-5:6 used\n");
 }
 
+TEST(Fates, AreThoseOfBlankLinesUpToTheEndOfTheReading) {
+  EXPECT_EQ(FatesOf("==CLASS\n\n \n"),
+            "1:1-1:8 used\n"
+            "2:1-2:1 blank\n"
+            "3:1-3:1 blank\n");
+  EXPECT_EQ(FatesOf("==CLASS\n\n \x1A\n"),
+            "1:1-1:8 used\n"
+            "2:1-2:1 blank\n"
+            "3:2-4:1 lost\n");
+}
+
 TEST(Fates, AreNoneInAnEmptyFile) {
   EXPECT_EQ(FatesOf(""), "");
 }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -226,6 +227,26 @@ class Proof {
     }
   }
 
+  // No line is without a statement, but for those that only separate.
+  void HoldsForLines() {
+    std::set<std::pair<std::size_t, std::size_t>> told;
+    for (const Statement& statement : report_.statements) {
+      const auto& [file, line, column, endLine, endColumn] = statement.place;
+      for (std::size_t each = line; each <= endLine; ++each) told.emplace(file, each);
+    }
+    for (std::size_t file = 0; file < loaded_.files.size(); ++file) {
+      if (!loaded_.files[file].text) continue;
+      std::istringstream lines(written_.File(file).bytes);
+      std::size_t number = 0;
+      for (std::string line; std::getline(lines, line);) {
+        const bool separates =
+            line.find_first_not_of(" \t\r;@") == line.npos && line.find_first_of(";@") != line.npos;
+        EXPECT_TRUE(told.contains({file, ++number}) || separates) << "line " << number << "\n"
+                                                                  << written_.Shown();
+      }
+    }
+  }
+
  private:
   void HoldsFor(const Statement& statement) {
     if (!loaded_.files[statement.place.file].text) return;
@@ -367,6 +388,7 @@ TEST(CheckProof, HoldsForRandomFiles) {
     Proof proof(RandomSet(random), random);
     proof.HoldsForStatements();
     proof.HoldsForAllAtOnce();
+    proof.HoldsForLines();
   }
 }
 
@@ -376,6 +398,7 @@ TEST(CheckProof, HoldsForTheSamples) {
     Proof proof(files, random);
     proof.HoldsForStatements(Rounds(100));
     proof.HoldsForAllAtOnce();
+    proof.HoldsForLines();
     proof.HoldsForPatterns();
   }
 }
@@ -390,6 +413,7 @@ TEST(CheckProof, HoldsForDamagedSamples) {
     Proof proof(std::move(files), random);
     proof.HoldsForStatements(5);
     proof.HoldsForAllAtOnce();
+    proof.HoldsForLines();
     proof.HoldsForPatterns();
   }
 }
@@ -421,6 +445,7 @@ TEST(CheckProof, HoldsForSchemesOfRealTitles) {
     Proof proof({{"scheme.txt", SchemeOfTitles(folder / table, 300, random), true}}, random);
     proof.HoldsForStatements(Rounds(60));
     proof.HoldsForAllAtOnce();
+    proof.HoldsForLines();
     proof.HoldsForPatterns();
   }
 }
