@@ -75,6 +75,11 @@ class FrameChecker {
       }
       if (!isRead) report_.statements.push_back({places_.Of(text), section, Fate::ignored});
     }
+    // What follows the end of the reading is a statement of its own.
+    const Account& account = file_.account;
+    const bool isWhole = account.end == EndOfReading::endOfFile;
+    const std::size_t end = isWhole ? account.lineCount + 1 : account.endLine;
+    for (; number < end; ++number) AddBlankLine(number, section);
   }
 
   void AddBlankLine(std::size_t number, std::size_t section) {
