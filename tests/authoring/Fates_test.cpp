@@ -146,7 +146,7 @@ TEST(Fates, OfTheDomenSection) {
                     "F int 0 5\nG int 5\nH x 0 5\nI int x 5\n@ P 0 1\n@ R 0\n@ S x 0\nF int 0 5\n"),
             "1:1-1:8 used\n"
             "2:1-2:4 comment\n"
-            "3:1-3:8 used\n"
+            "3:1-3:8 lost\n"
             "4:1-4:4 used\n"
             "5:1-5:10 lost\n"
             "6:1-6:6 used\n"
@@ -260,7 +260,7 @@ TEST(Fates, AreThoseOfTheHeadingsWhereSectionsHaveNoLines) {
             "3:1-3:8 used\n"
             "4:1-4:10 used\n"
             "5:1-5:8 used\n"
-            "6:1-6:8 used\n"
+            "6:1-6:8 ignored\n"
             "7:1-7:2 ignored\n");
 }
 
