@@ -213,7 +213,7 @@ TEST_F(CheckCommand, PrintsJson) {
 }
 
 TEST_F(CheckCommand, PrintsTheSameBytesForTheSameFiles) {
-  for (const char* format : {"text", "json"}) {
+  for (const char* format : {"text", "json", "sarif"}) {
     const std::string arguments = std::string("--all --format ") + format +
                                   " --classificator warning.txt --classificator error.txt"
                                   " --domen domen.txt";
