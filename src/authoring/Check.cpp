@@ -54,7 +54,7 @@ Report CheckFiles(const LoadedFiles& loaded) {
     CheckItems(file, loaded.domens, places, uses, report);
     CheckColorats(file, places, report);
   }
-  CheckUses(loaded, uses, report);
+  CheckUses(loaded, uses, definitions, report);
   SortFindings(report);
   return report;
 }

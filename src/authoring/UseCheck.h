@@ -7,6 +7,7 @@
 
 #include "authoring/LoadedFiles.h"
 #include "authoring/Report.h"
+#include "authoring/TextFileCheck.h"
 
 namespace TolvenLibs::RevitMappingEditorDll {
 
@@ -15,7 +16,8 @@ using PropertyUses = std::set<std::wstring>;
 
 // Adds a finding for each domain that no classificator lists, and for each property of a listed
 // domain that no item of theirs fills. Without a classificator nobody could use them, and there is
-// nothing to say.
-void CheckUses(const LoadedFiles& loaded, const PropertyUses& uses, Report& report);
+// nothing to say. REQUIRES: `definitions` has those of all files.
+void CheckUses(const LoadedFiles& loaded, const PropertyUses& uses, const Definitions& definitions,
+               Report& report);
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

@@ -216,6 +216,21 @@ TEST(JsonFileCheck, SaysThatAClassificatorIsReadAsADomainFileToo) {
   EXPECT_EQ(Findings(ReportOf({File("classificator s.txt", scheme)})), Texts());
 }
 
+TEST(CheckUses, TellsOfADomainAndAPropertyOfAJsonFileThatNoCodeUses) {
+  const GivenFile zones = File("domen zones.json", Zones().Text());
+  const auto usesOf = [&zones](const std::string& scheme) {
+    Texts shown;
+    for (const Finding& finding : ReportOf({File("classificator s.txt", scheme), zones}).findings) {
+      shown.push_back(std::to_string(finding.number) + " " + TextOf(finding.place) + " " +
+                      finding.arguments[0]);
+    }
+    return shown;
+  };
+  EXPECT_EQ(usesOf("==MAPTEXT\n@W10\nwall\n"), Texts({"412 1:1-1:2 zones"}));
+  EXPECT_EQ(usesOf("==MAPTEXT\n@@ (zones)\n@W10\nwall\n"), Texts({"413 2:15-2:41 P"}));
+  EXPECT_EQ(usesOf("==MAPTEXT\n@@ (zones)\n@W10 {P}\nwall\n"), Texts());
+}
+
 TEST(JsonFileCheck, HasAnExampleOfEachCheck) {
   std::set<int> provoked = {520, 544, 546};  // by the tests above
   for (const Example& example : examples) provoked.insert(example.number);
