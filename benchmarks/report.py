@@ -227,6 +227,13 @@ def copy_rows(times):
               times["copy/load/100000"], at_most=0.5)
 
 
+def check_rows(times):
+    what, ours = "the check of a classificator, 100,000 patterns", times["check/ours/100000"]
+    yield Row(what, "its load", ours, times["check/load/100000"])
+    yield Row(what, "its load, and `GetMappingStr` of each pattern", ours,
+              times["check/mapped/100000"], at_most=3)
+
+
 def memory_rows(linux, windows):
     for system, loads, limit in [("Linux", linux, 20), ("Windows", windows, None)]:
         for name, (growth, size) in loads.items():
@@ -283,7 +290,7 @@ def main():
     check = "--check" in sys.argv[2:]
     times = read_times(build / "results")
     rows = [*lookup_rows(times), *mapping_rows(times), *color_rows(times), *text_load_rows(times),
-            *json_rows(times), *query_rows(times), *copy_rows(times),
+            *json_rows(times), *query_rows(times), *copy_rows(times), *check_rows(times),
             *memory_rows(read_memory(build / "results" / "memory_linux"),
                          read_memory(build / "results" / "memory_windows"))]
     header = ["what", "against", "ours", "theirs", "ratio", "to reach", "reached"]

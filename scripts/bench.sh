@@ -24,7 +24,7 @@ windows=()
 . scripts/setup.sh libbenchmark-dev libhyperscan-dev libre2-dev python3 \
   "${windows[@]}"
 
-benchmarks=(lookup mapping_string colors loads json queries copy)
+benchmarks=(lookup mapping_string colors loads json queries copy check)
 build=build/bench
 results=$build/results
 files=$build/files

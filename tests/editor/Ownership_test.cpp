@@ -1721,9 +1721,7 @@ void ExpectReportWholeOrBadAlloc(const FileList& files, const std::string& whole
       });
       complete = !attempt.failed;
       EXPECT_EQ(attempt.raised || notLoaded, !report) << n;
-      if (report) {
-        EXPECT_EQ(Told(*report), whole) << n;
-      }
+      EXPECT_EQ(report ? Told(*report) : whole, whole) << n;
       EXPECT_TRUE(!complete || report);
     }
     ASSERT_EQ(heap.blocks, before) << n;

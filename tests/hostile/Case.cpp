@@ -13,7 +13,7 @@ HostileCases AllHostileCases() {
   HostileCases all;
   for (HostileCases (*cases)() :
        {TextFileCases, ClassCases, ColoratCases, ParamCases, MapTextCases, LookupCases,
-        CompositionCases, DomenCases, JsonCases, ExportCases, PathCases}) {
+        CompositionCases, DomenCases, JsonCases, ExportCases, PathCases, CheckCases}) {
     const HostileCases some = cases();
     all.insert(all.end(), some.begin(), some.end());
   }

@@ -51,6 +51,7 @@ HostileCases DomenCases();
 HostileCases JsonCases();
 HostileCases ExportCases();
 HostileCases PathCases();
+HostileCases CheckCases();
 
 HostileCases AllHostileCases();
 

@@ -2,6 +2,7 @@
 # both of which need a system like Linux.
 add_library(hostile OBJECT
   hostile/Case.cpp
+  hostile/CheckCases.cpp
   hostile/ClassificatorCases.cpp
   hostile/CompositionCases.cpp
   hostile/DomenCases.cpp
@@ -23,9 +24,9 @@ target_link_libraries(hostile PUBLIC RevitMappingEditorDll)
 add_executable(hostile_tests hostile/Hostile_test.cpp)
 target_compile_definitions(hostile_tests PRIVATE
   SLOW_BUILD=$<NOT:$<CONFIG:Release>>)
-target_link_libraries(hostile_tests PRIVATE hostile GTest::gtest_main)
+target_link_libraries(hostile_tests PRIVATE hostile authoring ${rooms} GTest::gtest_main)
 gtest_discover_tests(hostile_tests DISCOVERY_TIMEOUT 60)
 
 # scripts/hostile.sh runs it.
 add_executable(hostile_sizes EXCLUDE_FROM_ALL hostile/Sizes.cpp)
-target_link_libraries(hostile_sizes PRIVATE hostile)
+target_link_libraries(hostile_sizes PRIVATE hostile authoring ${rooms})
