@@ -80,9 +80,9 @@ class WrittenFiles {
   void Load(LoadedFiles& loaded) const { ASSERT_EQ(LoadFiles(list_, loaded), std::nullopt); }
 
   // The number is that of the file in the report: classificators come first.
-  ProofFile& File(std::size_t number) {
+  const ProofFile& File(std::size_t number) const {
     for (const bool isClassificator : {true, false}) {
-      for (ProofFile& file : files_) {
+      for (const ProofFile& file : files_) {
         if (file.isClassificator == isClassificator && number-- == 0) return file;
       }
     }
@@ -193,7 +193,7 @@ class Proof {
         if (statement.place.file != i || statement.fate == Fate::used) continue;
         if (IsRestOfFile(loaded_.files[i], statement)) continue;
         // Signs of one byte each move no character after them on a line of ASCII alone.
-        masks_.push_back(statement.place);
+        masks_.push_back(MaskOf(statement));
       }
       for (auto place = masks_.rbegin(); place != masks_.rend(); ++place) {
         bytes = Masked(std::move(bytes), *place);
@@ -269,10 +269,8 @@ class Proof {
     const std::size_t number = statement.place.file;
     const LoadedFile& file = loaded_.files[number];
     const std::string& bytes = written_.File(number).bytes;
-    if (IsUnread(statement) && IsHeadingAt(bytes, statement.place)) {
-      Place afterMarks = statement.place;
-      afterMarks.column += 2;
-      std::string masked = Masked(bytes, afterMarks);
+    if (IsUnreadHeading(statement)) {
+      std::string masked = Masked(bytes, MaskOf(statement));
       return masked == bytes ? std::nullopt : std::optional(masked);
     }
     const std::optional<std::string> leftOut = LeftOut(bytes, file, statement);
@@ -298,8 +296,19 @@ class Proof {
     return entry == entries_.end() ? std::nullopt : std::optional(entry->second->outcome);
   }
 
-  // The heading of a section that nobody reads ends the one above it: another such heading has to
-  // take its place.
+  bool IsUnreadHeading(const Statement& statement) const {
+    return IsUnread(statement) &&
+           IsHeadingAt(written_.File(statement.place.file).bytes, statement.place);
+  }
+
+  // What is masked of a statement. The heading of a section that nobody reads ends the one above
+  // it: it stays a heading.
+  Place MaskOf(const Statement& statement) const {
+    Place place = statement.place;
+    if (IsUnreadHeading(statement)) place.column += 2;
+    return place;
+  }
+
   bool IsUnread(const Statement& statement) const {
     return statement.fate == Fate::ignored && !OutcomeOf(statement);
   }
