@@ -1,11 +1,13 @@
 // Harness for classificator files of any bytes: the record equals that of the naive forms, and an
-// editor that loads the file answers as a naive one, also after the locale has changed.
+// editor that loads the file answers as a naive one, also after the locale has changed. A check of
+// the file loads the same.
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "fuzz/Answers.h"
+#include "fuzz/Authoring.h"
 #include "fuzz/Check.h"
 #include "fuzz/Describe.h"
 #include "fuzz/Locales.h"
@@ -57,6 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::wstring file = folder.Write("scheme.txt", bytes);
   SetLocale(size % localeCount);
   CheckRecord(file, bytes);
+  CheckAuthoring({{file}, {}});
   CheckEditor(file, bytes, size / localeCount % localeCount);
   return 0;
 }

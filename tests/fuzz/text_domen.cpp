@@ -1,11 +1,13 @@
 // Harness for text domain files of any bytes: the store equals that of the naive forms, also after
-// a second load, and a copy answers as its source except for what values lose in their text form.
+// a second load, and a copy answers as its source except for what values lose in their text form. A
+// check of the file loads the same.
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "fuzz/Answers.h"
+#include "fuzz/Authoring.h"
 #include "fuzz/Check.h"
 #include "fuzz/Describe.h"
 #include "naive/DomenFiles.h"
@@ -38,6 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::wstring file = folder.Write("domens.txt", bytes);
   CheckStore(file, bytes);
+  CheckAuthoring({{}, {file}});
   CheckDomenFile(file, bytes);
   return 0;
 }
