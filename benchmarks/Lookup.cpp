@@ -148,7 +148,8 @@ void AddOwnBuild(const Size& size) {
   AddBuild("ours", size, [text] {
     library::Classificator classificator(L"S");
     library::ParseMapTextSection(classificator.mapTextSection, text);
-    benchmark::DoNotOptimize(library::FindCodeId(classificator.mapTextSection, L"the first lookup"));
+    benchmark::DoNotOptimize(
+        library::FindCodeId(classificator.mapTextSection, L"the first lookup"));
   });
 }
 

@@ -60,8 +60,8 @@ enum class Outcome {
   propertyNumberRefused,  // (the text)
   propertyOutsideDomen,
   propertyEndedOutsideDomen,  // the same, and the fields after it go to no property either
-  field,       // (domain, property, field, default)
-  fieldAgain,  // (domain, property, field) one that is there
+  field,                      // (domain, property, field, default)
+  fieldAgain,                 // (domain, property, field) one that is there
   fieldIncomplete,
   fieldTypeUnknown,  // (the text)
   fieldFlagRefused,  // (the text)
