@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "authoring/ColoratCheck.h"
+#include "authoring/FieldNameCheck.h"
 #include "authoring/Findings.h"
 #include "authoring/ItemCheck.h"
 #include "authoring/JsonFileCheck.h"
@@ -55,6 +56,7 @@ Report CheckFiles(const LoadedFiles& loaded) {
     CheckColorats(file, places, report);
   }
   CheckUses(loaded, uses, definitions, report);
+  CheckFieldNames(loaded.domens, definitions, report);
   SortFindings(report);
   return report;
 }

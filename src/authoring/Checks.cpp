@@ -85,9 +85,9 @@ constexpr std::array checks = {
           {"A later domain list takes the place of this one; keep one of them.",
            "Более поздний список доменов заменяет этот; оставьте один из них."}},
     Check{203, "mark-missing", warning,
-          {"The statement names one mark, so that it has no effect; write @$, the opening mark "
-           "and the closing mark.",
-           "Указан только один знак, поэтому запись не действует; напишите @$, открывающий и "
+          {"The statement names fewer than two marks, so that it has no effect; write @$, the "
+           "opening mark and the closing mark.",
+           "Указано меньше двух знаков, поэтому запись не действует; напишите @$, открывающий и "
            "закрывающий знак."}},
     Check{204, "default-code-replaced", warning,
           {"A later default code takes the place of this one; keep one of them.",
@@ -96,10 +96,10 @@ constexpr std::array checks = {
           {"The pattern has an empty code; write a header, as @CODE, above it.",
            "У образца пустой код; напишите над ним заголовок кода, например @КОД."}},
     Check{206, "header-without-code", warning,
-          {"The header has no code, as an item block comes first in it; write the code between "
-           "@ and the block.",
-           "У заголовка нет кода, так как в нём первым стоит блок; напишите код между @ и "
-           "блоком."}},
+          {"The header has no code, so that the patterns below it have none; write the code "
+           "after @, before any block.",
+           "У заголовка нет кода, поэтому его нет и у образцов ниже; напишите код после @, до "
+           "блоков."}},
     Check{207, "header-without-pattern", warning,
           {"No pattern follows the code {0}, so that no element gets it; write a pattern below "
            "the header, or delete the header.",
@@ -196,6 +196,11 @@ constexpr std::array checks = {
            "В списке {1} стоит раньше {2}, и в обоих есть свойство {0}, поэтому свойство из {2} "
            "никогда не заполняется; переименуйте одно из них или измените порядок, если нужно "
            "второе."}},
+    Check{310, "item-swallowed", warning,
+          {"\"{1}\" is a value of {0}, as nothing before it ends that item; write it in a block "
+           "of its own.",
+           "«{1}» читается как значение свойства {0}, так как то ничем не закончено; запишите "
+           "его в отдельном блоке."}},
 
     // ==DOMEN
     Check{401, "domain-without-id", warning,
@@ -255,22 +260,37 @@ constexpr std::array checks = {
            "delete it if nobody sets it by hand.",
            "Ни один код не заполняет свойство {0}; добавьте его в блок кода или удалите, если "
            "его никто не задаёт вручную."}},
+    Check{415, "semicolon-in-domain-id", warning,
+          {"The section is cut at line ends, so that the semicolon is part of the domain's id "
+           "{0}; take it off.",
+           "Раздел делится по концам строк, поэтому точка с запятой входит в id домена {0}; "
+           "уберите её."}},
+    Check{416, "names-begin-alike", hint,
+          {"The name of the field {0} begins with that of the field {1}, so that a value for "
+           "{0} goes to both; rename one of them, or name both with each value.",
+           "Имя поля {0} начинается с имени поля {1}, поэтому значение для {0} попадает в оба; "
+           "переименуйте одно из них или указывайте оба."}},
+    Check{417, "object-types-carry-on", hint,
+          {"The object types are still those set for the domain above; write @@ after each @@@, "
+           "an empty one for all types.",
+           "Типы объектов всё ещё те, что заданы для домена выше; пишите @@ после каждого @@@, "
+           "пустую для всех типов."}},
 
     // A .json file
     Check{501, "json-not-utf8", error,
-          {"The bytes here are not UTF-8, so that the whole file reads as an empty one; save "
-           "it as UTF-8.",
-           "Байты здесь не являются UTF-8, поэтому весь файл читается как пустой; сохраните "
-           "его в UTF-8."}},
+          {"The bytes here are not UTF-8, so that the whole file reads as an empty one; save it "
+           "as UTF-8.",
+           "Байты здесь не являются UTF-8, поэтому весь файл читается как пустой; сохраните его "
+           "в UTF-8."}},
     Check{502, "json-ends-early", error,
           {"The file ends before its last brace, bracket, quotation mark or comment is closed, "
            "so that all of it reads as empty; close what is open.",
-           "Файл кончается раньше, чем закрыты скобки, кавычки или комментарий, поэтому весь "
-           "он читается как пустой; закройте открытое."}},
+           "Файл кончается раньше, чем закрыты скобки, кавычки или комментарий, поэтому весь он "
+           "читается как пустой; закройте открытое."}},
     Check{503, "json-comma-missing", error,
-          {"A comma is missing before this, or a brace or bracket is closed by one of the "
-           "other kind, so that the whole file reads as an empty one; write a comma between "
-           "two members or entries.",
+          {"A comma is missing before this, or a brace or bracket is closed by one of the other "
+           "kind, so that the whole file reads as an empty one; write a comma between two "
+           "members or entries.",
            "Перед этим местом нет запятой, или скобка закрыта скобкой другого вида, поэтому "
            "весь файл читается как пустой; поставьте запятую между соседними частями."}},
     Check{504, "json-colon-missing", error,
@@ -330,46 +350,41 @@ constexpr std::array checks = {
            "В файле нет списка свойств, поэтому в домене их нет; напишите их id в asFuncsNames "
            "раздела Domen."}},
     Check{522, "key-unknown", warning,
-          {"Nobody reads the key {0} here, so that it has no effect; correct it, or delete "
-           "it.",
-           "Ключ {0} здесь никто не читает, поэтому он не действует; исправьте или удалите "
-           "его."}},
+          {"Nobody reads the key {0} here, so that it has no effect; correct it, or delete it.",
+           "Ключ {0} здесь никто не читает, поэтому он не действует; исправьте или удалите его."}},
     Check{523, "section-inside", warning,
           {"The section {0} is inside another value, where nobody reads it; write the three "
            "sections side by side in the outermost braces.",
-           "Раздел {0} находится внутри другого значения, где его никто не читает; напишите "
-           "три раздела рядом во внешних скобках."}},
+           "Раздел {0} находится внутри другого значения, где его никто не читает; напишите три "
+           "раздела рядом во внешних скобках."}},
     Check{524, "not-an-object", warning,
           {"The value of {0} is not in braces and counts as left out; write its keys and values "
            "in braces.",
            "Значение {0} не в фигурных скобках и считается пропущенным; напишите ключи и "
            "значения в фигурных скобках."}},
     Check{525, "not-a-text", warning,
-          {"The value of {0} is no text and counts as left out; write it in quotation "
-           "marks.",
+          {"The value of {0} is no text and counts as left out; write it in quotation marks.",
            "Значение {0} не текст и считается пропущенным; напишите его в кавычках."}},
     Check{526, "not-a-whole-number", warning,
           {"The value of {0} is no whole number of 32 bits and counts as left out; write one "
            "without quotation marks.",
-           "Значение {0} не целое число в 32 бита и считается пропущенным; напишите такое "
-           "число без кавычек."}},
+           "Значение {0} не целое число в 32 бита и считается пропущенным; напишите такое число "
+           "без кавычек."}},
     Check{527, "not-a-number", warning,
           {"The value of {0} is no number and counts as left out; write one without quotation "
            "marks, with a point for decimals.",
            "Значение {0} не число и считается пропущенным; напишите число без кавычек, дробную "
            "часть после точки."}},
     Check{528, "not-a-list", warning,
-          {"The value of {0} is no list and counts as left out; write texts in square "
-           "brackets.",
+          {"The value of {0} is no list and counts as left out; write texts in square brackets.",
            "Значение {0} не список и считается пропущенным; напишите тексты в квадратных "
            "скобках."}},
     Check{529, "entry-not-a-text", warning,
-          {"The entry of the list is no text and is passed over; write it in quotation "
-           "marks.",
+          {"The entry of the list is no text and is passed over; write it in quotation marks.",
            "Эта запись списка не текст и пропускается; напишите её в кавычках."}},
     Check{530, "key-again", warning,
-          {"The key {0} occurs again in the same braces, and only the last one counts; keep "
-           "one of them.",
+          {"The key {0} occurs again in the same braces, and only the last one counts; keep one "
+           "of them.",
            "Ключ {0} ещё раз встречается в тех же скобках, и считается только последний; "
            "оставьте один из них."}},
     Check{531, "property-without-member", warning,
@@ -409,8 +424,7 @@ constexpr std::array checks = {
           {"{0} is not read, since {1} is the default of the field's type; delete it.",
            "{0} не читается, так как для типа этого поля служит {1}; удалите его."}},
     Check{539, "default-not-taken", warning,
-          {"The field doesn't take the default \"{0}\" and shows 1; write an ordinary "
-           "number.",
+          {"The field doesn't take the default \"{0}\" and shows 1; write an ordinary number.",
            "Поле не принимает значение по умолчанию «{0}» и показывает 1; напишите обычное "
            "число."}},
     Check{540, "listed-twice", warning,
@@ -434,8 +448,8 @@ constexpr std::array checks = {
     Check{544, "domain-not-nameable", warning,
           {"No domain list can name the domain {0}, as its id has a blank or a parenthesis; "
            "rename the file.",
-           "Список доменов не может назвать домен {0}, так как в его id есть пробел или "
-           "скобка; переименуйте файл."}},
+           "Список доменов не может назвать домен {0}, так как в его id есть пробел или скобка; "
+           "переименуйте файл."}},
     Check{545, "json-no-object", error,
           {"The file is not one object in braces, so that it reads as an empty one; write all "
            "in one pair of braces.",
@@ -444,8 +458,8 @@ constexpr std::array checks = {
     Check{546, "classificator-named-json", warning,
           {"The name of the classificator ends in .json, so that it is also read as a domain "
            "file, for the domain {0}; rename it to .txt.",
-           "Имя классификатора оканчивается на .json, поэтому он читается ещё и как файл "
-           "домена {0}; переименуйте его в .txt."}},
+           "Имя классификатора оканчивается на .json, поэтому он читается ещё и как файл домена "
+           "{0}; переименуйте его в .txt."}},
     Check{547, "blank-in-field-name", hint,
           {"The name of the field {0} has a blank, so that values reach it by position only; "
            "take the blank out.",
@@ -501,6 +515,16 @@ constexpr std::array checks = {
     Check{611, "code-without-colour", hint,
           {"The code {0} has no colour in {1}, where most codes have one; add a line for it.",
            "У кода {0} нет цвета в схеме {1}, где он есть у большинства кодов; добавьте строку."}},
+    Check{612, "colorat-without-colours", warning,
+          {"The Colorat has no colour, since none of its lines is a colour line; write key "
+           "text, three channels and a percentage, or delete it.",
+           "В схеме нет цветов, так как ни одна её строка не является строкой цвета; напишите "
+           "ключ, три канала и процент или удалите схему."}},
+    Check{613, "title-over-lines", warning,
+          {"The block is cut at semicolons, so that its title line runs on to the first of them "
+           "and takes the lines below it along; write one colour on a line, without semicolons.",
+           "Блок делится по точкам с запятой, поэтому строка названия продолжается до первой из "
+           "них и захватывает строки ниже; пишите по одному цвету в строке, без точек с запятой."}},
 
     // ==CLASS and ==PARAM
     Check{701, "title-not-shown", hint,

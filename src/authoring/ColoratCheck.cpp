@@ -71,9 +71,10 @@ class ColoratChecker {
   void Check() {
     for (const auto& [id, colors] : classificator_.colorats) {
       const PlacedColorat& placed = placed_.at(id);
+      if (colors.size() == 0) AddFinding(report_, 612, places_.Of(placed.title), Fate::used);
       TellAlike(colors, placed);
       TellKeysWithoutCode(colors, placed);
-      TellCodesWithoutColor(colors, placed);
+      TellCodesWithoutColor(id, colors, placed);
     }
   }
 
@@ -102,13 +103,14 @@ class ColoratChecker {
     }
   }
 
-  void TellCodesWithoutColor(const ColorMap& colors, const PlacedColorat& placed) {
+  void TellCodesWithoutColor(const std::wstring& id, const ColorMap& colors,
+                             const PlacedColorat& placed) {
     std::vector<std::wstring_view> bare;
     std::copy_if(codes_.begin(), codes_.end(), std::back_inserter(bare),
                  [&](std::wstring_view code) { return !HasColor(code, colors); });
     if (2 * bare.size() >= codes_.size()) return;
     for (const std::wstring_view code : bare) {
-      AddFinding(report_, 611, places_.Of(placed.title), Fate::used, {code, placed.title});
+      AddFinding(report_, 611, places_.Of(placed.title), Fate::used, {code, id});
     }
   }
 

@@ -148,6 +148,9 @@ class ItemChecker {
       case ItemOutcome::valueWithoutField:
         AddFinding(report_, 304, block, Fate::used, {entry.propertyId, entry.text});
         return;
+      case ItemOutcome::namedByPosition:
+        AddFinding(report_, 310, block, Fate::used, {entry.propertyId, entry.text});
+        return;
       case ItemOutcome::nameWithoutField:
         AddFinding(report_, 305, block, Fate::used, {entry.propertyId, entry.text});
         TellSimilar(block, entry.text, NearNames(FieldNames(entry.propertyId)));

@@ -144,6 +144,7 @@ class TextFileChecker {
     defaultCode_.reset();
     cutAtSemicolons_ = {};
     colorats_.clear();
+    typesAreSet_ = false;
     if (heading.outcome == Outcome::paramHeading) {
       AddFinding(report_, 702, places_.Of(heading.piece), Fate::used);
     }
@@ -208,7 +209,15 @@ class TextFileChecker {
       case Outcome::pattern:
         return AddPattern(entry);
       case Outcome::domen:
+      case Outcome::domenAgain:
+        return BeginDomen(entry);
+      case Outcome::objectTypes:
+        typesAreSet_ = !entry.names[0].empty();
+        typesCarryOn_ = false;
+        return;
       case Outcome::property:
+        TellTypesThatCarryOn();
+        [[fallthrough]];
       case Outcome::field:
         definitions_.try_emplace(entry.names, LastPlace());
         return;
@@ -220,6 +229,9 @@ class TextFileChecker {
       case Outcome::coloratWithoutLines:
       case Outcome::coloratTitleWithoutBlank:
         EndBlock();
+        if (entry.outcome == Outcome::coloratTitle && RunsOverLines(entry)) {
+          AddFinding(report_, 613, LastPlace(), Fate::used);
+        }
         if (IsWithinLine(entry.piece)) AddFinding(report_, 608, LastPlace(), Fate::used);
         return;
       case Outcome::colorLine:
@@ -227,6 +239,19 @@ class TextFileChecker {
       default:
         return;
     }
+  }
+
+  void BeginDomen(const AccountEntry& entry) {
+    if (entry.outcome == Outcome::domen) definitions_.try_emplace(entry.names, LastPlace());
+    typesCarryOn_ = typesAreSet_;
+    if (IsCutAtSemicolons(entry) || !entry.names[0].ends_with(L';')) return;
+    AddFinding(report_, 415, LastPlace(), Fate::used, {entry.names[0]});
+  }
+
+  // Once for each domain.
+  void TellTypesThatCarryOn() {
+    if (typesCarryOn_) AddFinding(report_, 417, LastPlace(), Fate::used);
+    typesCarryOn_ = false;
   }
 
   void AddFindingOf(const AccountEntry& entry, const Meaning& meaning) {
@@ -367,7 +392,9 @@ class TextFileChecker {
   std::map<std::wstring, Place>* colors_ = nullptr;                 // of the current one
   std::size_t linesOfBlock_ = 0;                                    // of the current Colorat
   std::size_t lineOfBlock_ = 0;                                     // the last of these statements
-  bool remarkIsColor_ = false;                                      // the last colour line
+  bool typesAreSet_ = false;                                        // by the last @@ of the section
+  bool typesCarryOn_ = false;   // to the current domain, from one above
+  bool remarkIsColor_ = false;  // the last colour line
 };
 
 }  // namespace

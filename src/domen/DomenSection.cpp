@@ -110,7 +110,7 @@ class DomenSectionParser {
       objectTypes_[count] = type;
     }
     objectTypes_.resize(count);
-    Tell(Outcome::objectTypes);
+    Tell(Outcome::objectTypes, {count == 0 ? std::wstring_view() : objectTypes_.front()});
   }
 
   // Clears the current property first, so that the fields after a bad line go to none.

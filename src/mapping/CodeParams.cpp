@@ -109,7 +109,11 @@ void FillByName(DomenProperty& property, const std::vector<std::wstring>& words,
 void FillByPosition(DomenProperty& property, const std::vector<std::wstring>& words,
                     const ItemTeller& teller) {
   const std::size_t count = std::min(words.size(), property.fields.size());
-  for (std::size_t i = 0; i < count; ++i) SetField(*property.fields[i], words[i], teller);
+  for (std::size_t i = 0; i < count; ++i) {
+    SetField(*property.fields[i], words[i], teller);
+    if (words[i].find(L'=') == std::wstring::npos) continue;
+    teller.Tell(ItemOutcome::namedByPosition, words[i]);
+  }
   for (std::size_t i = count; i < words.size(); ++i) {
     teller.Tell(ItemOutcome::valueWithoutField, words[i]);
   }

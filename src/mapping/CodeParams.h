@@ -63,6 +63,7 @@ enum class ItemOutcome {
   valueRefused,       // the field keeps the value of the domain
   valueWithoutField,  // a word after the last field
   nameWithoutField,   // a named word that no field takes
+  namedByPosition,    // a named word that goes by its position, as a value
 };
 
 struct ItemEntry {

@@ -53,7 +53,7 @@ enum class Outcome {
   domen,       // (the id)
   domenAgain,  // (the id) goes on with a domain that is there
   domenWithoutId,
-  objectTypes,    // for the properties after it
+  objectTypes,    // (the first type, or "") for the properties after it
   property,       // (the ids of domain and property)
   propertyAgain,  // (the same) goes on with a property that is there
   propertyIncomplete,
