@@ -34,6 +34,10 @@ std::vector<std::wstring_view> PropertyIds(const DomenStore& domens) {
   return ids;
 }
 
+std::vector<std::wstring> Strings(const std::vector<std::wstring_view>& views) {
+  return {views.begin(), views.end()};
+}
+
 class ItemChecker {
  public:
   ItemChecker(const LoadedFile& file, const DomenStore& domens, const Places& places,
@@ -44,6 +48,7 @@ class ItemChecker {
         places_(places),
         domenIds_(DomenIds(domens)),
         propertyIds_(PropertyIds(domens)),
+        properties_(domens.CollectProperties(section_.domenIds, Strings(PropertyIds(domens)))),
         uses_(uses),
         report_(report) {}
 
@@ -110,11 +115,8 @@ class ItemChecker {
     }
     const CodeSections sections = SectionsOf(*file_.classificator);
     ItemAccount account;
-    const CodeItems items = ComposeCodeItems(
-        sections, codeId, sourceMapText,
-        domens_.CollectProperties(section_.domenIds,
-                                  GetCodePropertyIds(sections, codeId, sourceMapText)),
-        &account);
+    const CodeItems items =
+        ComposeCodeItems(sections, codeId, sourceMapText, properties_, &account);
     // The account lacks what memory ran out for.
     if (!items.complete) throw std::bad_alloc();
     for (const ItemEntry& entry : account) {
@@ -133,8 +135,6 @@ class ItemChecker {
 
   void Tell(const ItemEntry& entry, const Place& block) {
     switch (entry.outcome) {
-      case ItemOutcome::composed:
-        return;
       case ItemOutcome::propertyUnknown:
         AddFinding(report_, 301, block, Fate::used, {entry.propertyId});
         return TellSimilar(block, entry.propertyId, propertyIds_);
@@ -153,7 +153,9 @@ class ItemChecker {
         return;
       case ItemOutcome::nameWithoutField:
         AddFinding(report_, 305, block, Fate::used, {entry.propertyId, entry.text});
-        TellSimilar(block, entry.text, NearNames(FieldNames(entry.propertyId)));
+        return TellSimilar(block, entry.text, NearNames(FieldNames(entry.propertyId)));
+      default:
+        return;
     }
   }
 
@@ -171,6 +173,7 @@ class ItemChecker {
   const Places& places_;
   NearNames domenIds_;
   NearNames propertyIds_;
+  DomenProperties properties_;                            // all that items can fill
   std::map<std::wstring, std::wstring> domenOfProperty_;  // of those that are listed, the first
   PropertyUses& uses_;
   Report& report_;

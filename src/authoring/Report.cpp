@@ -1,37 +1,19 @@
 #include "authoring/Report.h"
 
+#include <array>
+#include <cstddef>
+
 namespace TolvenLibs::RevitMappingEditorDll {
 
 std::string_view NameOf(Severity severity) {
-  switch (severity) {
-    case Severity::hint:
-      return "hint";
-    case Severity::warning:
-      return "warning";
-    case Severity::error:
-      return "error";
-  }
-  return {};
+  static constexpr std::array<std::string_view, 3> names = {"hint", "warning", "error"};
+  return names[static_cast<std::size_t>(severity)];
 }
 
 std::string_view NameOf(Fate fate) {
-  switch (fate) {
-    case Fate::used:
-      return "used";
-    case Fate::comment:
-      return "comment";
-    case Fate::blank:
-      return "blank";
-    case Fate::ignored:
-      return "ignored";
-    case Fate::lost:
-      return "lost";
-    case Fate::unreachable:
-      return "unreachable";
-    case Fate::shadowed:
-      return "shadowed";
-  }
-  return {};
+  static constexpr std::array<std::string_view, 7> names = {
+      "used", "comment", "blank", "ignored", "lost", "unreachable", "shadowed"};
+  return names[static_cast<std::size_t>(fate)];
 }
 
 }  // namespace TolvenLibs::RevitMappingEditorDll

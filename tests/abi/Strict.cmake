@@ -18,6 +18,7 @@ list(APPEND flags
   -Wno-c++98-compat-pedantic    # the library is written in C++20
   -Wno-c++20-compat
   -Wno-deprecated-declarations  # a sort of the standard library calls a deprecated function of it
+  -Wno-switch-enum              # most outcomes of an account are alike, and go by the default
   -Wno-padded                   # padding between members doesn't matter
   -Wno-unsafe-buffer-usage)     # the interfaces of the library and of the system use plain pointers
 
