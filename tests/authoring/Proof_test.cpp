@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -24,6 +23,7 @@
 #include "authoring/Places.h"
 #include "authoring/RandomFiles.h"
 #include "authoring/Without.h"
+#include "classify/Environment.h"
 #include "mapping/CodeLookup.h"
 #include "mapping/CodeParams.h"
 #include "naive/CodeLookup.h"
@@ -38,8 +38,8 @@ namespace {
 
 // How many times as many rounds are run as in a build.
 std::size_t Rounds(std::size_t usual) {
-  const char* const times = std::getenv("PROOF_ROUNDS");
-  if (times) return usual * std::strtoul(times, nullptr, 10);
+  const std::string times = EnvironmentVariable("PROOF_ROUNDS");
+  if (!times.empty()) return usual * std::stoul(times);
   return SLOW_BUILD ? usual / 10 + 1 : usual;
 }
 
