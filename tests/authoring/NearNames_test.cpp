@@ -246,11 +246,11 @@ TEST(NearestName, IsThatOfAComparisonWithAllNames) {
   std::size_t notNear = 0;
   for (Shape shape : shapes) {
     if (!shape.end.data()) shape.end = filling;
-    for (int round = 0; round < (SLOW_BUILD ? 2 : 15); ++round) {
+    for (int round = 0; round < (SLOW_BUILD ? 1 : 15); ++round) {
       std::vector<std::wstring> known(random.Between(1, 300));
       for (std::wstring& name : known) name = NameOf(shape, random);
       const NearNames names({known.begin(), known.end()});
-      for (int i = 0; i < 50; ++i) {
+      for (int i = 0; i < (SLOW_BUILD ? 20 : 50); ++i) {
         std::wstring unknown = random.OneOf(known);
         for (std::size_t edits = random.Below(4); edits != 0; --edits) {
           Edit(unknown, shape.letters, random);
@@ -289,7 +289,7 @@ TEST(NearestName, IsFoundAtOnceAmongManyNames) {
   };
   for (const Shape& shape : shapes) {
     SCOPED_TRACE(shape.what);
-    ExpectDoneAtOnce(100'000, [&](std::size_t size) {
+    ExpectDoneAtOnce(SLOW_BUILD ? 10'000 : 100'000, [&](std::size_t size) {
       Random random(1);
       std::vector<std::wstring> known(size);
       for (std::wstring& name : known) name = NameOf(shape, random);
@@ -307,7 +307,7 @@ TEST(NearestName, IsFoundAtOnceAmongManyNames) {
 
 // Names of two edits to a text of one letter, each with an ending that is too far from it.
 TEST(NearestName, IsGivenUpAtOnceAmongNamesMadeToBeHard) {
-  ExpectDoneAtOnce(100'000, [](std::size_t size) {
+  ExpectDoneAtOnce(SLOW_BUILD ? 10'000 : 100'000, [](std::size_t size) {
     Random random(1);
     std::vector<std::wstring> known;
     while (known.size() < size) {
@@ -316,7 +316,7 @@ TEST(NearestName, IsGivenUpAtOnceAmongNamesMadeToBeHard) {
       name += L"xyz";
     }
     const NearNames names({known.begin(), known.end()});
-    for (int i = 0; i < 100; ++i) names.NearestName(std::wstring(64, L'a'));
+    for (int i = 0; i < 20; ++i) names.NearestName(std::wstring(64, L'a'));
   });
 }
 
