@@ -269,7 +269,7 @@ TEST(NearestName, IsThatOfAComparisonWithAllNames) {
 // A surrogate pair is two units, of which an edit can take one.
 TEST(NearestName, CountsUnits) {
   ExpectNearest({
-      {{L"door\U0001F6AA"}, L"door", L"door\U0001F6AA"},
+      {{L"door\U0001F6AA"}, L"door", sizeof(wchar_t) == 2 ? Found() : Found(L"door\U0001F6AA")},
       {{L"door\U0001F6AA\U0001F6AA"},
        L"doors",
        sizeof(wchar_t) == 2 ? Found() : Found(L"door\U0001F6AA\U0001F6AA")},
